@@ -1,0 +1,100 @@
+#include "app/command_line.h"
+
+#include <QCommandLineParser>
+
+namespace voltmere {
+
+namespace {
+
+/// The options, declared once for parsing and for the help text.
+class Options {
+public:
+    Options()
+    {
+        parser.setApplicationDescription(
+            "Watches the battery of Apple wireless mice, keyboards and trackpads.");
+        parser.addOptions({list, json, demo, tools, sysfs, help, version});
+    }
+
+    QCommandLineParser parser;
+    const QCommandLineOption list{"list", "Take one reading, print it, and exit."};
+    const QCommandLineOption json{"json", "Print the reading as one JSON object (with --list)."};
+    const QCommandLineOption demo{"demo",
+                                  "Show simulated peripherals; keep settings in memory only."};
+    const QCommandLineOption tools{
+        "tools", "Use <dir>/ioreg and <dir>/system_profiler in place of the system's.", "dir"};
+    const QCommandLineOption sysfs{"sysfs", "Read <dir> in place of /sys.", "dir"};
+    const QCommandLineOption help{{"h", "help"}, "Print this help and exit."};
+    const QCommandLineOption version{{"v", "version"}, "Print the version and exit."};
+};
+
+std::optional<QString> valueIfSet(const QCommandLineParser& parser,
+                                  const QCommandLineOption& option)
+{
+    return parser.isSet(option) ? std::optional(parser.value(option)) : std::nullopt;
+}
+
+std::optional<UsageError> findConflict(const Options& options)
+{
+    const QCommandLineParser& parser = options.parser;
+    if (!parser.positionalArguments().isEmpty()) {
+        return UsageError{"Unexpected argument '" + parser.positionalArguments().constFirst() +
+                          "'."};
+    }
+    if (parser.isSet(options.json) && !parser.isSet(options.list)) {
+        return UsageError{"--json goes with --list."};
+    }
+    const int sources = static_cast<int>(parser.isSet(options.demo)) +
+        static_cast<int>(parser.isSet(options.tools)) +
+        static_cast<int>(parser.isSet(options.sysfs));
+    if (sources > 1) {
+        return UsageError{"Only one of --demo, --tools and --sysfs can say where to read."};
+    }
+    for (const QCommandLineOption& option : {options.tools, options.sysfs}) {
+        if (parser.isSet(option) && parser.value(option).isEmpty()) {
+            return UsageError{"--" + option.names().constFirst() + " needs a directory."};
+        }
+    }
+    return std::nullopt;
+}
+
+CommandLine::Action chosenAction(const Options& options)
+{
+    if (options.parser.isSet(options.help)) {
+        return CommandLine::Action::showHelp;
+    }
+    if (options.parser.isSet(options.version)) {
+        return CommandLine::Action::showVersion;
+    }
+    return options.parser.isSet(options.list) ? CommandLine::Action::list
+                                              : CommandLine::Action::menuBar;
+}
+
+} // namespace
+
+std::variant<CommandLine, UsageError> parseCommandLine(const QStringList& words)
+{
+    Options options;
+    if (!options.parser.parse(words)) {
+        return UsageError{options.parser.errorText()};
+    }
+    CommandLine commandLine;
+    commandLine.action = chosenAction(options);
+    const bool asksForHelp = commandLine.action == CommandLine::Action::showHelp ||
+        commandLine.action == CommandLine::Action::showVersion;
+    if (const auto conflict = findConflict(options); conflict && !asksForHelp) {
+        return *conflict;
+    }
+    commandLine.json = options.parser.isSet(options.json);
+    commandLine.demo = options.parser.isSet(options.demo);
+    commandLine.toolsDirectory = valueIfSet(options.parser, options.tools);
+    commandLine.sysfsRoot = valueIfSet(options.parser, options.sysfs);
+    return commandLine;
+}
+
+QString usageText()
+{
+    return Options().parser.helpText();
+}
+
+} // namespace voltmere

@@ -1,0 +1,38 @@
+#include "app/list_command.h"
+
+#include "app/peripherals.h"
+#include "app/reading_report.h"
+#include "app/settings_location.h"
+#include "devices/device_reader.h"
+#include "model/l10n.h"
+#include "model/setting_defaults.h"
+#include "platform/posix/environment_languages.h"
+#include "platform/posix/posix_system_log.h"
+#include "platform/posix/system_clock.h"
+
+#include <cstdio>
+
+namespace voltmere {
+
+int listPeripherals(const CommandLine& commandLine)
+{
+    PosixSystemLog log;
+    const auto settings = openSettings(commandLine.demo, log);
+    const EnvironmentLanguages languages;
+    L10n::usePreferredLanguages(&languages);
+    L10n::loadSetting(*settings);
+
+    const SystemClock clock;
+    Peripherals peripherals(commandLine);
+    const PeripheralSources sources = peripherals.choose();
+    DeviceReader reader([&sources] { return sources; }, clock);
+    const Reading reading{sources.label, reader.readDevices(false),
+                          settings->integer("threshold").value_or(defaultThreshold)};
+
+    const std::string report =
+        commandLine.json ? readingJson(reading) + '\n' : readingTable(reading);
+    L10n::usePreferredLanguages(nullptr);
+    return std::fputs(report.c_str(), stdout) < 0 || std::fflush(stdout) != 0 ? 1 : 0;
+}
+
+} // namespace voltmere

@@ -1,0 +1,52 @@
+#include "app/peripherals.h"
+
+#include "app/demo_tools.h"
+
+#include <QFile>
+
+namespace voltmere {
+
+namespace {
+
+std::string toolsDirectory(const CommandLine& commandLine)
+{
+    if (commandLine.demo) {
+        return demoToolsDirectory();
+    }
+    return commandLine.toolsDirectory ? QFile::encodeName(*commandLine.toolsDirectory).toStdString()
+                                      : systemToolsDirectory;
+}
+
+std::filesystem::path systemRoot(const CommandLine& commandLine)
+{
+    return QFile::encodeName(commandLine.sysfsRoot.value_or("/sys")).toStdString();
+}
+
+} // namespace
+
+Peripherals::Peripherals(const CommandLine& commandLine)
+    : toolsOnly(commandLine.demo || commandLine.toolsDirectory)
+    , systemOnly(commandLine.sysfsRoot.has_value())
+    , registry(processes, toolsDirectory(commandLine))
+    , profiler(processes, toolsDirectory(commandLine))
+    , system(makeSystemSources(systemRoot(commandLine)))
+{
+}
+
+PeripheralSources Peripherals::choose()
+{
+    if (usesTools()) {
+        return {"tools", &registry, &profiler};
+    }
+    return {system.label, system.batteries.get(), system.names.get()};
+}
+
+bool Peripherals::usesTools() const
+{
+    if (toolsOnly || system.batteries == nullptr) {
+        return true;
+    }
+    return !systemOnly && registry.isAvailable();
+}
+
+} // namespace voltmere

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "app/command_line.h"
+#include "app/system_sources.h"
+#include "devices/device_reader.h"
+#include "devices/peripheral_tools.h"
+#include "platform/posix/posix_process_runner.h"
+
+namespace voltmere {
+
+/// Where this run of the program reads the peripherals, as the command line and the system decide.
+class Peripherals {
+public:
+    explicit Peripherals(const CommandLine& commandLine);
+
+    /// The sources for one reading: the tools where the registry tool can be run, else the system's
+    /// own. With a place named on the command line, that place and no other.
+    PeripheralSources choose();
+
+private:
+    bool usesTools() const;
+
+    bool toolsOnly;
+    bool systemOnly;
+    PosixProcessRunner processes;
+    RegistryToolSource registry;
+    ProfilerToolSource profiler;
+    SystemSources system;
+};
+
+} // namespace voltmere

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "devices/battery_device.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace voltmere {
+
+/// One reading as the command line reports it.
+struct Reading {
+    std::string source; ///< where it was read: "tools" or "sysfs"
+    std::vector<BatteryDevice> devices;
+    std::int64_t threshold; ///< percent
+};
+
+/// A table for a person at a terminal: name, level, low or ok. Ends with a line feed.
+std::string readingTable(const Reading& reading);
+
+/// One JSON object on one line, without a line feed. Its "status" is the line that the panel shows.
+std::string readingJson(const Reading& reading);
+
+} // namespace voltmere

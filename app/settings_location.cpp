@@ -1,0 +1,24 @@
+#include "app/settings_location.h"
+
+#include "platform/posix/memory_defaults.h"
+#include "platform/qt/qt_defaults.h"
+
+#include <QStandardPaths>
+
+namespace voltmere {
+
+QString settingsPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+        "/voltmere/settings.json";
+}
+
+std::unique_ptr<DefaultsStore> openSettings(bool demo, SystemLog& log)
+{
+    if (demo) {
+        return std::make_unique<MemoryDefaults>();
+    }
+    return std::make_unique<QtDefaults>(openJsonSettings(settingsPath(), log));
+}
+
+} // namespace voltmere

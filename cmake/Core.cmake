@@ -1,0 +1,39 @@
+# The core: standard C++ and the operating system's C interface, no Qt.
+
+add_library(voltmere_core STATIC
+  alerting/status_text.cpp
+  devices/battery_device.cpp
+  devices/bluetooth_address.cpp
+  devices/bluetooth_name_resolver.cpp
+  devices/device_listing.cpp
+  devices/device_reader.cpp
+  devices/numeric_character.cpp
+  devices/peripheral_tools.cpp
+  devices/profiler_parser.cpp
+  devices/registry_parser.cpp
+  devices/utf8.cpp
+  model/app_language.cpp
+  model/l10n.cpp
+  model/l10n_format.cpp
+  model/l10n_tables.cpp
+  platform/posix/environment_languages.cpp
+  platform/posix/memory_defaults.cpp
+  platform/posix/plain_text.cpp
+  platform/posix/posix_process_runner.cpp
+  platform/posix/posix_system_log.cpp)
+
+if(APPLE)
+  target_sources(voltmere_core PRIVATE
+    platform/macos/large_pipe.cpp
+    platform/macos/spawn_flags.cpp
+    platform/macos/wait_for_child.cpp)
+else()
+  target_sources(voltmere_core PRIVATE
+    platform/linux/large_pipe.cpp
+    platform/linux/spawn_flags.cpp
+    platform/linux/sysfs_battery_source.cpp
+    platform/linux/wait_for_child.cpp)
+endif()
+
+target_link_libraries(voltmere_core PUBLIC Threads::Threads)
+voltmere_target(voltmere_core)

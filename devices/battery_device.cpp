@@ -1,0 +1,46 @@
+#include "devices/battery_device.h"
+
+#include <algorithm>
+#include <iterator>
+
+namespace voltmere {
+
+const std::map<std::int64_t, KnownDevice>& BatteryDevice::knownAppleDevices()
+{
+    static const std::map<std::int64_t, KnownDevice> catalogue{
+        {613, {"Magic Trackpad 2", "rectangle.and.hand.point.up.left", 2}},
+        {615, {"Magic Keyboard", "keyboard", 1}},
+        {617, {"Magic Mouse 2", "magicmouse", 0}},
+        {619, {"Magic Keyboard 数字键盘版", "keyboard", 1}},
+        {620, {"Magic Keyboard 数字键盘版", "keyboard", 1}},
+        {656, {"Magic Keyboard with Touch ID", "keyboard", 1}},
+        {657, {"Magic Keyboard with Touch ID 数字键盘版", "keyboard", 1}},
+        {803, {"Magic Mouse", "magicmouse", 0}},
+        {804, {"Magic Trackpad", "rectangle.and.hand.point.up.left", 2}},
+        {805, {"Magic Keyboard", "keyboard", 1}},
+    };
+    return catalogue;
+}
+
+std::vector<BatteryDevice> lowDevices(const std::vector<BatteryDevice>& devices,
+                                      std::int64_t threshold)
+{
+    std::vector<BatteryDevice> low;
+    std::copy_if(devices.begin(), devices.end(), std::back_inserter(low),
+                 [threshold](const BatteryDevice& device) { return isLow(device, threshold); });
+    return low;
+}
+
+std::string namesWithLevels(const std::vector<BatteryDevice>& devices, std::string_view separator)
+{
+    std::string line;
+    for (const BatteryDevice& device : devices) {
+        if (&device != &devices.front()) {
+            line += separator;
+        }
+        line += device.name + ' ' + std::to_string(device.level) + '%';
+    }
+    return line;
+}
+
+} // namespace voltmere

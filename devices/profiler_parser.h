@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/name_source.h"
+
+#include <string_view>
+
+namespace voltmere {
+
+/// Reads the Bluetooth section of the profiler's report: the heading of each device and the first
+/// address below it. Addresses are trimmed and put in upper case; names stay as printed. The time
+/// is linear in the text. A text that is not UTF-8 has no names.
+NameMap parseProfilerReport(std::string_view text);
+
+} // namespace voltmere

@@ -1,0 +1,52 @@
+#include "model/l10n.h"
+
+#include "model/app_language.h"
+
+namespace voltmere {
+
+namespace {
+
+std::string lookUp(const L10n::Table& table, std::string_view key)
+{
+    const auto found = table.find(key);
+    return std::string(found == table.end() ? key : found->second);
+}
+
+} // namespace
+
+std::string L10n::setting{"system"};
+const PreferredLanguages* L10n::preferredLanguages = nullptr;
+
+void L10n::usePreferredLanguages(const PreferredLanguages* languages)
+{
+    preferredLanguages = languages;
+}
+
+void L10n::loadSetting(const DefaultsStore& defaults)
+{
+    setting = defaults.text("language").value_or(std::string(rawValue(AppLanguage::system)));
+}
+
+std::string L10n::t(std::string_view key)
+{
+    return lookUp(usesChinese() ? zh() : en(), key);
+}
+
+std::string L10n::own(std::string_view key)
+{
+    return lookUp(usesChinese() ? ownZh() : ownEn(), key);
+}
+
+bool L10n::usesChinese()
+{
+    if (setting == rawValue(AppLanguage::zh)) {
+        return true;
+    }
+    if (setting == rawValue(AppLanguage::en) || preferredLanguages == nullptr) {
+        return false;
+    }
+    const auto tags = preferredLanguages->tags();
+    return !tags.empty() && tags.front().starts_with("zh");
+}
+
+} // namespace voltmere

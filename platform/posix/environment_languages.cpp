@@ -1,0 +1,67 @@
+#include "platform/posix/environment_languages.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <string_view>
+
+namespace voltmere {
+
+namespace {
+
+std::string_view variable(const char* name)
+{
+    const char* const value = std::getenv(name);
+    return value == nullptr ? std::string_view{} : std::string_view(value);
+}
+
+std::string_view messageLocale()
+{
+    for (const char* const name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        if (const std::string_view value = variable(name); !value.empty()) {
+            return value;
+        }
+    }
+    return "C";
+}
+
+/// "zh-CN" for a locale such as zh_CN.UTF-8@variant.
+std::string tagOf(std::string_view locale)
+{
+    std::string tag(locale.substr(0, locale.find_first_of(".@")));
+    std::replace(tag.begin(), tag.end(), '_', '-');
+    return tag;
+}
+
+bool isUntranslated(std::string_view tag)
+{
+    return tag == "C" || tag == "POSIX";
+}
+
+} // namespace
+
+std::vector<std::string> EnvironmentLanguages::tags() const
+{
+    const std::string_view locale = messageLocale();
+    std::vector<std::string> tags;
+    if (isUntranslated(locale)) {
+        return tags;
+    }
+    std::string_view list = variable("LANGUAGE");
+    while (!list.empty()) {
+        const std::size_t end = std::min(list.find(':'), list.size());
+        const std::string tag = tagOf(list.substr(0, end));
+        list.remove_prefix(std::min(end + 1, list.size()));
+        if (isUntranslated(tag)) {
+            return tags;
+        }
+        if (!tag.empty()) {
+            tags.push_back(tag);
+        }
+    }
+    if (const std::string tag = tagOf(locale); tags.empty() && !isUntranslated(tag)) {
+        tags.push_back(tag);
+    }
+    return tags;
+}
+
+} // namespace voltmere

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <unistd.h>
+
+#include <utility>
+
+namespace voltmere {
+
+/// Owns a file descriptor and closes it.
+class FileDescriptor {
+public:
+    FileDescriptor() = default;
+
+    explicit FileDescriptor(int descriptor)
+        : descriptor(descriptor)
+    {
+    }
+
+    FileDescriptor(FileDescriptor&& other) noexcept
+        : descriptor(std::exchange(other.descriptor, -1))
+    {
+    }
+
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept
+    {
+        std::swap(descriptor, other.descriptor);
+        return *this;
+    }
+
+    ~FileDescriptor() { reset(); }
+
+    int get() const { return descriptor; }
+
+    explicit operator bool() const { return descriptor >= 0; }
+
+    void reset()
+    {
+        if (descriptor >= 0) {
+            ::close(descriptor);
+            descriptor = -1;
+        }
+    }
+
+private:
+    int descriptor = -1;
+};
+
+} // namespace voltmere

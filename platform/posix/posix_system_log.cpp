@@ -1,0 +1,24 @@
+#include "platform/posix/posix_system_log.h"
+
+#include "platform/posix/plain_text.h"
+
+#include <syslog.h>
+
+namespace voltmere {
+
+PosixSystemLog::PosixSystemLog()
+{
+    ::openlog("voltmere", LOG_PERROR, LOG_USER);
+}
+
+PosixSystemLog::~PosixSystemLog()
+{
+    ::closelog();
+}
+
+void PosixSystemLog::write(std::string_view line)
+{
+    ::syslog(LOG_NOTICE, "%s", plainLine(line).c_str());
+}
+
+} // namespace voltmere

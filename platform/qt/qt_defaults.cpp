@@ -1,0 +1,70 @@
+#include "platform/qt/qt_defaults.h"
+
+#include "platform/exact_number.h"
+
+#include <QMetaType>
+#include <QVariant>
+
+#include <utility>
+
+namespace voltmere {
+
+namespace {
+
+QAnyStringView viewOf(std::string_view key)
+{
+    return QAnyStringView(QUtf8StringView(key.data(), static_cast<qsizetype>(key.size())));
+}
+
+QVariant valueOf(const QSettings& settings, std::string_view key)
+{
+    return settings.value(viewOf(key).toString());
+}
+
+} // namespace
+
+QtDefaults::QtDefaults(std::unique_ptr<QSettings> settings)
+    : settings(std::move(settings))
+{
+}
+
+std::optional<std::int64_t> QtDefaults::integer(std::string_view key) const
+{
+    const QVariant value = valueOf(*settings, key);
+    switch (value.typeId()) {
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+        return value.toLongLong();
+    case QMetaType::Double:
+        return exactInteger(value.toDouble());
+    default:
+        return std::nullopt;
+    }
+}
+
+std::optional<bool> QtDefaults::boolean(std::string_view key) const
+{
+    return exactBoolean(integer(key));
+}
+
+std::optional<std::string> QtDefaults::text(std::string_view key) const
+{
+    const QVariant value = valueOf(*settings, key);
+    if (value.typeId() != QMetaType::QString) {
+        return std::nullopt;
+    }
+    return value.toString().toStdString();
+}
+
+void QtDefaults::setInteger(std::string_view key, std::int64_t value)
+{
+    settings->setValue(viewOf(key).toString(), QVariant::fromValue<qlonglong>(value));
+}
+
+void QtDefaults::setBoolean(std::string_view key, bool value)
+{
+    settings->setValue(viewOf(key).toString(), value);
+}
+
+} // namespace voltmere

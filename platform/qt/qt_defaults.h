@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/defaults_store.h"
+#include "platform/system_log.h"
+
+#include <QSettings>
+
+#include <memory>
+
+namespace voltmere {
+
+/// Settings kept by QSettings, in any of its formats.
+class QtDefaults : public DefaultsStore {
+public:
+    explicit QtDefaults(std::unique_ptr<QSettings> settings);
+
+    std::optional<std::int64_t> integer(std::string_view key) const override;
+    std::optional<bool> boolean(std::string_view key) const override;
+    std::optional<std::string> text(std::string_view key) const override;
+    void setInteger(std::string_view key, std::int64_t value) override;
+    void setBoolean(std::string_view key, bool value) override;
+
+private:
+    std::unique_ptr<QSettings> settings;
+};
+
+/// Opens the settings file at `path`, one JSON object. The file need not exist. It is locked while
+/// it is written and replaced in one step. A file that is no JSON object is set aside beside itself
+/// as `<name>.damaged-<time>`, with a line in `log`, and counts as empty. `log` must outlive all
+/// use of the file.
+std::unique_ptr<QSettings> openJsonSettings(const QString& path, SystemLog& log);
+
+} // namespace voltmere

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/system_log.h"
+
+#include <string>
+#include <vector>
+
+namespace voltmere {
+
+/// Keeps the lines that were logged.
+class RecordingLog : public SystemLog {
+public:
+    void write(std::string_view line) override { lines.emplace_back(line); }
+
+    std::vector<std::string> lines;
+};
+
+} // namespace voltmere
