@@ -1,6 +1,8 @@
 # The core: standard C++ and the operating system's C interface, no Qt.
 
 add_library(voltmere_core STATIC
+  alerting/check_result.cpp
+  alerting/notification_setup.cpp
   alerting/status_text.cpp
   devices/battery_device.cpp
   devices/bluetooth_address.cpp
@@ -13,14 +15,20 @@ add_library(voltmere_core STATIC
   devices/registry_parser.cpp
   devices/utf8.cpp
   model/app_language.cpp
+  model/battery_model.cpp
+  model/check_cycle.cpp
   model/l10n.cpp
   model/l10n_format.cpp
   model/l10n_tables.cpp
+  model/snooze_operations.cpp
   platform/posix/environment_languages.cpp
   platform/posix/memory_defaults.cpp
   platform/posix/plain_text.cpp
+  platform/posix/posix_calendar.cpp
   platform/posix/posix_process_runner.cpp
-  platform/posix/posix_system_log.cpp)
+  platform/posix/posix_system_log.cpp
+  snooze/custom_time.cpp
+  snooze/snooze_alert.cpp)
 
 if(APPLE)
   target_sources(voltmere_core PRIVATE

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "devices/battery_device.h"
+
+#include <cstdint>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace voltmere {
+
+/// What a reading is judged by.
+struct CheckRules {
+    std::int64_t threshold = 0;     ///< percent
+    bool alert = false;             ///< a full check: reminds of every low device, every time
+    bool allowInstantAlert = false; ///< a refresh that may remind of newly low devices
+    bool instantEnabled = false;    ///< the user wants such reminders
+};
+
+/// What a reading means.
+struct CheckVerdict {
+    std::set<std::int64_t> alertedIDs;  ///< the devices already reminded of, after this reading
+    std::vector<BatteryDevice> toAlert; ///< whom to remind of now; nobody when empty
+    bool logsAlert = false;             ///< whether the reminder is written to the system log
+
+    bool operator==(const CheckVerdict&) const = default;
+};
+
+/// Judges a reading. A device is reminded of once for each time it falls low, by a refresh, and at
+/// every full check; it counts as charged again only above the threshold. An empty reading changes
+/// nothing: devices that are out of sight keep their state.
+CheckVerdict evaluateCheck(const std::vector<BatteryDevice>& devices,
+                           const std::set<std::int64_t>& alertedIDs, const CheckRules& rules);
+
+/// The line that the system log gets for an immediate reminder, the same in every language.
+std::string instantAlertLogLine(const std::vector<BatteryDevice>& devices);
+
+/// What a reminder shows when it is not a reading that raises it.
+struct AlertPayload {
+    std::vector<BatteryDevice> devices; ///< the low devices, or all of them when none is low
+    bool isLow = false;
+
+    bool operator==(const AlertPayload&) const = default;
+};
+
+AlertPayload makeAlertPayload(const std::vector<BatteryDevice>& devices, std::int64_t threshold);
+
+} // namespace voltmere

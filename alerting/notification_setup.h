@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/notification_centre.h"
+
+namespace voltmere {
+
+/// What the program tells the notification centre of itself.
+class NotificationSetup {
+public:
+    /// Replaces the registered categories by the program's one, with titles in the current
+    /// language.
+    static void registerCategories(NotificationCentre& centre);
+};
+
+} // namespace voltmere

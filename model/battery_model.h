@@ -1,0 +1,130 @@
+#pragma once
+
+#include "alerting/check_result.h"
+#include "devices/battery_device.h"
+#include "devices/device_reader.h"
+#include "model/published.h"
+#include "platform/alert_presenter.h"
+#include "platform/calendar.h"
+#include "platform/clock.h"
+#include "platform/defaults_store.h"
+#include "platform/login_item_service.h"
+#include "platform/notification_centre.h"
+#include "platform/run_loop.h"
+#include "platform/system_log.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace voltmere {
+
+/// The outside that the model acts on. Everything must outlive the model.
+struct ModelServices {
+    DefaultsStore& defaults;
+    RunLoop& runLoop;
+    const Clock& clock;
+    const Calendar& calendar;
+    LoginItemService& loginItems;
+    NotificationCentre& notifications;
+    AlertPresenter& alerts;
+    SystemLog& log;
+    std::shared_ptr<DeviceReader> reader; ///< shared with the readings under way
+};
+
+/// The state of the program: the last reading, the user's settings, the daily check and the
+/// reminder. There is one, made at start-up and kept until the process ends. It belongs to the main
+/// thread; only the reading of devices runs elsewhere and returns by value.
+class BatteryModel {
+public:
+    using DeviceList = std::vector<BatteryDevice>;
+
+    /// Ticks of the 60-second timer between two background refreshes.
+    static constexpr int pollsPerRefresh = 5;
+
+    /// Whether the program has finished launching. Until then no reminder is put on screen.
+    static bool launchSettled;
+
+    /// Reads the settings, asks for permission to notify, starts the first check and the timer.
+    explicit BatteryModel(ModelServices services);
+
+    BatteryModel(const BatteryModel&) = delete;
+    BatteryModel& operator=(const BatteryModel&) = delete;
+    ~BatteryModel() = default;
+
+    /// Announces each change of a published property, before the new value is stored.
+    ChangeAnnouncer objectWillChange;
+
+    Published<DeviceList> devices;       ///< the last reading, in display order
+    Published<std::int64_t> threshold;   ///< percent; a device at or below it is low
+    Published<std::int64_t> checkHour;   ///< hour of the daily check
+    Published<std::int64_t> checkMinute; ///< minute of the daily check
+    Published<bool> enabled;             ///< whether the daily check is on
+    Published<bool> instantEnabled;      ///< whether a newly low device is reminded of at once
+    Published<std::optional<Instant>> lastChecked;
+    Published<std::string> status;      ///< one line for the panel
+    Published<std::string> language;    ///< raw value of an AppLanguage; never saved
+    Published<bool> launchAtLogin;      ///< mirrors the login-item service
+    Published<std::int64_t> customHour; ///< the clock time last asked for in the reminder
+    Published<std::int64_t> customMinute;
+
+    /// Takes a full check, which reminds of every low device. Returns at once.
+    void checkNow();
+
+    /// Takes a reading with cached names, which reminds of newly low devices only when
+    /// `allowInstantAlert` is true. Returns at once.
+    void refresh(bool allowInstantAlert);
+
+    /// Brings `launchAtLogin` in line with the service, without changing the service.
+    void refreshLaunchAtLogin();
+
+    /// What a reminder would show at this moment.
+    AlertPayload alertPayload() const;
+
+    /// Puts the reminder on screen: for the low devices, or for all of them when `isLow` is false.
+    /// One that is on screen already is brought to the front instead, as it is.
+    void showSnoozeAlert(const DeviceList& lowDevices, bool isLow);
+
+    /// Sets the reminder for the next time the clock shows customHour:customMinute.
+    void scheduleCustomTime();
+
+private:
+    void save();
+    void scheduleTimer();
+    void tick();
+    void readInBackground(bool useNameCache, bool alert, bool allowInstantAlert);
+    void applyCheckResult(DeviceList reading, bool alert, bool allowInstantAlert);
+    void refreshStatusText();
+    void requestNotifications();
+    void languageChanged();
+    void applyLaunchAtLogin(bool wanted);
+    void dismissSnoozeAlert();
+    void scheduleSnooze(Seconds delay);
+    AlertActions alertActions();
+
+    /// `action` for later: it does nothing once the model is gone.
+    template<typename Action>
+    auto whileAlive(Action action) const
+    {
+        return [alive = std::weak_ptr<const bool>(alive), action](auto&&... arguments) {
+            if (!alive.expired()) {
+                action(std::forward<decltype(arguments)>(arguments)...);
+            }
+        };
+    }
+
+    ModelServices services;
+    bool syncingLaunchAtLogin = false;
+    std::unique_ptr<Timer> timer;
+    std::unique_ptr<Timer> snoozeTimer;
+    int pollTicks = 0;
+    std::set<std::int64_t> alertedIDs;
+    std::unique_ptr<Alert> activeAlert;
+    std::shared_ptr<const bool> alive = std::make_shared<const bool>(true);
+};
+
+} // namespace voltmere

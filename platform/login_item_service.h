@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+namespace voltmere {
+
+/// The system's list of programs to start at login, as far as it concerns this program.
+class LoginItemService {
+public:
+    enum class Status { enabled, notRegistered, requiresApproval, notFound };
+
+    virtual ~LoginItemService() = default;
+
+    virtual Status status() const = 0;
+
+    /// Adds the program to the list. Returns the failure in the system's own words, if there is
+    /// one.
+    virtual std::optional<std::string> registerItem() = 0;
+
+    /// Takes the program off the list. Returns the failure in the system's own words.
+    virtual std::optional<std::string> unregisterItem() = 0;
+};
+
+} // namespace voltmere

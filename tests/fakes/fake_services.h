@@ -1,0 +1,65 @@
+#pragma once
+
+#include "platform/login_item_service.h"
+#include "platform/notification_centre.h"
+
+#include <utility>
+
+namespace voltmere {
+
+/// A login-item service that does as the test says and counts what it is asked.
+class FakeLoginItems : public LoginItemService {
+public:
+    Status status() const override { return present; }
+
+    std::optional<std::string> registerItem() override
+    {
+        ++registrations;
+        if (!failure) {
+            present = afterRegistration;
+        }
+        return failure;
+    }
+
+    std::optional<std::string> unregisterItem() override
+    {
+        ++unregistrations;
+        if (!failure) {
+            present = Status::notRegistered;
+        }
+        return failure;
+    }
+
+    Status present = Status::notRegistered;
+    Status afterRegistration = Status::enabled;
+    std::optional<std::string> failure; ///< what both operations fail with
+    int registrations = 0;
+    int unregistrations = 0;
+};
+
+/// A notification centre that keeps what it is told.
+class FakeNotificationCentre : public NotificationCentre {
+public:
+    void requestAuthorisation(std::uint32_t options) override
+    {
+        authorisationRequests.push_back(options);
+    }
+
+    void setDelegate(NotificationCentreDelegate* newDelegate) override { delegate = newDelegate; }
+
+    void setCategories(std::vector<NotificationCategory> newCategories) override
+    {
+        ++registrations;
+        categories = std::move(newCategories);
+    }
+
+    void add(NotificationRequest request) override { requests.push_back(std::move(request)); }
+
+    std::vector<std::uint32_t> authorisationRequests;
+    std::vector<NotificationCategory> categories;
+    std::vector<NotificationRequest> requests;
+    NotificationCentreDelegate* delegate = nullptr;
+    int registrations = 0;
+};
+
+} // namespace voltmere
