@@ -10,7 +10,9 @@
 #include "platform/posix/posix_system_log.h"
 #include "platform/posix/system_clock.h"
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 namespace voltmere {
 
@@ -32,7 +34,11 @@ int listPeripherals(const CommandLine& commandLine)
     const std::string report =
         commandLine.json ? readingJson(reading) + '\n' : readingTable(reading);
     L10n::usePreferredLanguages(nullptr);
-    return std::fputs(report.c_str(), stdout) < 0 || std::fflush(stdout) != 0 ? 1 : 0;
+    if (std::fputs(report.c_str(), stdout) < 0 || std::fflush(stdout) != 0) {
+        std::fprintf(stderr, "voltmere: cannot write the reading: %s\n", std::strerror(errno));
+        return 1;
+    }
+    return 0;
 }
 
 } // namespace voltmere

@@ -1,6 +1,7 @@
 #include "app/command_line.h"
 #include "app/list_command.h"
 #include "app/version.h"
+#include "platform/posix/plain_text.h"
 
 #include <QCoreApplication>
 
@@ -25,8 +26,8 @@ QStringList wordsOf(int argc, char** argv)
 
 int reportUsageError(const UsageError& error)
 {
-    std::fprintf(stderr, "voltmere: %s\n%s", qPrintable(error.message),
-                 qPrintable(voltmere::usageText()));
+    const std::string message = voltmere::plainLine(error.message.toStdString());
+    std::fprintf(stderr, "voltmere: %s\n%s", message.c_str(), qPrintable(voltmere::usageText()));
     return exitWrongUsage;
 }
 

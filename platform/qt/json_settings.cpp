@@ -5,55 +5,68 @@
 #include <QFileDevice>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSet>
 
 namespace voltmere {
 
 namespace {
 
-/// QSettings calls its readers as plain functions, so the log has to be found here.
+// QSettings calls its readers and writers as plain functions, so what they share has to stand here.
 SystemLog* damageLog = nullptr;
 
-void setAside(const QIODevice& device, const QByteArray& content, const QString& reason)
+/// Damaged files that could not be moved out of the way. They are read as empty and never written.
+QSet<QString>& keptInPlace()
+{
+    static QSet<QString> paths;
+    return paths;
+}
+
+QString fileNameOf(const QIODevice& device)
 {
     const auto* file = qobject_cast<const QFileDevice*>(&device);
-    if (file == nullptr) {
-        return;
-    }
+    return file == nullptr ? QString() : file->fileName();
+}
+
+/// Moves a damaged file beside itself, so that the next write starts a new one.
+void setAside(const QString& path, const QString& damage)
+{
     const QString time = QDateTime::currentDateTimeUtc().toString("yyyyMMdd'T'HHmmss.zzz'Z'");
-    const QString copyName = file->fileName() + ".damaged-" + time;
-    QFile copy(copyName);
-    const bool kept = copy.open(QIODevice::WriteOnly | QIODevice::NewOnly) &&
-        copy.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner) &&
-        copy.write(content) == content.size() && copy.flush();
+    const QString keptAs = path + ".damaged-" + time;
+    const bool moved = QFile::rename(path, keptAs);
+    if (!moved) {
+        keptInPlace().insert(path);
+    }
     if (damageLog != nullptr) {
-        const QString fate =
-            kept ? "kept as " + copyName : "could not be kept: " + copy.errorString();
-        damageLog->write(("Voltmere: settings file " + file->fileName() + " is damaged (" + reason +
-                          "), the defaults are used; the damaged file is " + fate)
-                             .toStdString());
+        const QString fate = moved
+            ? "it is kept as " + keptAs
+            : "it cannot be moved, so settings are not saved until it is mended or removed";
+        const QString line = "Voltmere: the settings file " + path + " is damaged (" + damage +
+                             "): the defaults are used, " + fate;
+        damageLog->write(line.toStdString());
     }
 }
 
 bool readJson(QIODevice& device, QSettings::SettingsMap& map)
 {
+    const QString path = fileNameOf(device);
     const QByteArray content = device.readAll();
-    if (content.trimmed().isEmpty()) {
-        return true;
-    }
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(content, &error);
-    if (!document.isObject()) {
-        setAside(device, content,
-                 error.error == QJsonParseError::NoError ? QString("not a JSON object")
-                                                         : error.errorString());
-        return true;
+    if (document.isObject() || content.trimmed().isEmpty()) {
+        map = document.object().toVariantMap();
+        keptInPlace().remove(path);
+    } else if (!keptInPlace().contains(path)) {
+        const bool parsed = error.error == QJsonParseError::NoError;
+        setAside(path, parsed ? QString("it is not a JSON object") : error.errorString());
     }
-    map = document.object().toVariantMap();
     return true;
 }
 
 bool writeJson(QIODevice& device, const QSettings::SettingsMap& map)
 {
+    if (keptInPlace().contains(fileNameOf(device))) {
+        return false;
+    }
     const QByteArray content = QJsonDocument(QJsonObject::fromVariantMap(map)).toJson();
     return device.write(content) == content.size();
 }

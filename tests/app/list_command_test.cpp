@@ -1,0 +1,447 @@
+// Runs the built program. The tools and the kernel's entries that it reads are synthetic.
+
+#include "tests/platform/sysfs_fixture.h"
+#include "tests/platform/temporary_directory.h"
+
+#include <gmock/gmock.h>
+
+#include <QDir>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+
+#include <algorithm>
+
+namespace voltmere {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+struct Outcome {
+    int status;
+    std::string output;
+    std::string errors;
+};
+
+std::string registryEntry(int product, int level, const std::string& address)
+{
+    return "+-o AppleDeviceManagementHIDEventService  <class "
+           "AppleDeviceManagementHIDEventService>\n"
+           "    {\n      \"SerialNumber\" = \"" +
+        address + "\"\n      \"BatteryPercent\" = " + std::to_string(level) +
+        "\n      \"ProductID\" = " + std::to_string(product) + "\n    }\n";
+}
+
+std::string printing(const std::string& text)
+{
+    return "#!/bin/sh\ncat <<'END'\n" + text + "END\n";
+}
+
+class ListCommandTest : public testing::Test {
+protected:
+    void SetUp() override { std::filesystem::create_directories(home()); }
+
+    std::filesystem::path home() const { return directory / "home"; }
+    std::filesystem::path configuration() const { return directory / "configuration"; }
+    std::filesystem::path tools() const { return directory / "tools"; }
+    std::filesystem::path settings() const
+    {
+        return configuration() / "voltmere" / "settings.json";
+    }
+
+    /// Runs the program where it sees the user that the test made up, and no one else's.
+    Outcome run(const QStringList& words, const std::string& outputFile = {})
+    {
+        QProcessEnvironment environment;
+        for (const char* const name : {"PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS"}) {
+            if (qEnvironmentVariableIsSet(name)) {
+                environment.insert(name, qEnvironmentVariable(name));
+            }
+        }
+        environment.insert("HOME", QString::fromStdString(home()));
+        environment.insert("XDG_CONFIG_HOME", QString::fromStdString(configuration()));
+        environment.insert("TZ", "UTC");
+        environment.insert("LC_ALL", QString::fromStdString(locale));
+        QProcess program;
+        program.setProcessEnvironment(environment);
+        if (!outputFile.empty()) {
+            program.setStandardOutputFile(QString::fromStdString(outputFile));
+        }
+        program.start(VOLTMERE_PROGRAM, words);
+        EXPECT_TRUE(program.waitForFinished(60'000)) << words.join(' ').toStdString();
+        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
+        return {program.exitCode(), program.readAllStandardOutput().toStdString(),
+                program.readAllStandardError().toStdString()};
+    }
+
+    Outcome listWithTools(const QStringList& more = {})
+    {
+        return run(QStringList{"--list", "--tools", QString::fromStdString(tools())} + more);
+    }
+
+    void makeTools()
+    {
+        writeProgram(tools() / "ioreg",
+                     printing(registryEntry(804, 45, "02-00-5e-00-53-03") +
+                              registryEntry(619, 100, "02-00-5e-00-53-02") +
+                              registryEntry(803, 14, "02-00-5e-00-53-01") +
+                              registryEntry(612, 50, "02-00-5e-00-53-04")));
+        writeProgram(tools() / "system_profiler",
+                     printing("Bluetooth:\n\n      Connected:\n          Mouse of Ann:\n"
+                              "              Address: 02:00:5E:00:53:01\n"));
+    }
+
+    static QJsonObject parsed(const std::string& json)
+    {
+        QJsonParseError error;
+        const QJsonDocument document =
+            QJsonDocument::fromJson(QByteArray::fromStdString(json), &error);
+        EXPECT_EQ(error.error, QJsonParseError::NoError) << json;
+        return document.object();
+    }
+
+    static QStringList names(const QJsonObject& reading)
+    {
+        QStringList names;
+        for (const QJsonValue device : reading.value("devices").toArray()) {
+            names.append(device.toObject().value("name").toString());
+        }
+        return names;
+    }
+
+    TemporaryDirectory directory;
+    std::string locale = "C.UTF-8";
+};
+
+TEST_F(ListCommandTest, PrintsATable)
+{
+    makeTools();
+    const Outcome outcome = listWithTools();
+
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output,
+              "NAME                       LEVEL  STATE\n"
+              "Mouse of Ann                 14%  low\n"
+              "Magic Keyboard 数字键盘版   100%  ok\n"
+              "Magic Trackpad               45%  ok\n");
+    EXPECT_EQ(outcome.errors, "");
+}
+
+TEST_F(ListCommandTest, PrintsTheSameTableInEveryLocale)
+{
+    makeTools();
+    const std::string expected = listWithTools().output;
+
+    for (const char* const other : {"C", "POSIX", "zh_CN.UTF-8", "no_such_locale"}) {
+        locale = other;
+        EXPECT_EQ(listWithTools().output, expected) << other;
+    }
+}
+
+TEST_F(ListCommandTest, PrintsOneJsonObject)
+{
+    makeTools();
+    const Outcome outcome = listWithTools({"--json"});
+    const QJsonObject reading = parsed(outcome.output);
+
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_EQ(std::count(outcome.output.begin(), outcome.output.end(), '\n'), 1);
+    EXPECT_EQ(outcome.output.back(), '\n');
+    EXPECT_EQ(reading.value("source"), QJsonValue("tools"));
+    EXPECT_EQ(reading.value("threshold"), QJsonValue(20));
+    EXPECT_EQ(reading.value("status"), QJsonValue("Low battery: Mouse of Ann 14%"));
+    EXPECT_EQ(names(reading),
+              (QStringList{"Mouse of Ann", "Magic Keyboard 数字键盘版", "Magic Trackpad"}));
+    EXPECT_EQ(reading.value("devices").toArray().at(0),
+              QJsonValue(QJsonObject{{"id", 803},
+                                     {"name", "Mouse of Ann"},
+                                     {"level", 14},
+                                     {"symbol", "magicmouse"},
+                                     {"order", 0},
+                                     {"low", true}}));
+}
+
+TEST_F(ListCommandTest, RunsTheToolsWithTheirArguments)
+{
+    const std::string record = directory / "record";
+    const std::string script = "#!/bin/sh\necho \"${0##*/} $#: $*\" >> '" + record + "'\n";
+    writeProgram(tools() / "ioreg", script);
+    writeProgram(tools() / "system_profiler", script);
+
+    EXPECT_EQ(listWithTools().status, 0);
+
+    EXPECT_EQ(readFile(record),
+              "system_profiler 1: SPBluetoothDataType\n"
+              "ioreg 4: -r -c AppleDeviceManagementHIDEventService -l\n");
+}
+
+TEST_F(ListCommandTest, UsesTheUsersThresholdAndLanguage)
+{
+    makeTools();
+    writeFile(settings(), R"({"threshold": 50, "language": "zh"})");
+    const QJsonObject reading = parsed(listWithTools({"--json"}).output);
+
+    EXPECT_EQ(reading.value("threshold"), QJsonValue(50));
+    EXPECT_EQ(reading.value("status"),
+              QJsonValue("电量偏低：Mouse of Ann 14%、Magic Trackpad 45%"));
+}
+
+TEST_F(ListCommandTest, TheLanguageOfTheEnvironmentIsTheStatuss)
+{
+    makeTools();
+    locale = "zh_CN.UTF-8";
+
+    EXPECT_EQ(parsed(listWithTools({"--json"}).output).value("status"),
+              QJsonValue("电量偏低：Mouse of Ann 14%"));
+}
+
+TEST_F(ListCommandTest, LeavesNothingBehind)
+{
+    makeTools();
+
+    EXPECT_EQ(listWithTools().status, 0);
+
+    EXPECT_FALSE(std::filesystem::exists(configuration()));
+    EXPECT_TRUE(std::filesystem::is_empty(home()));
+}
+
+TEST_F(ListCommandTest, AnEmptyToolsDirectoryIsAnEmptyListWithoutFallback)
+{
+    std::filesystem::create_directories(tools());
+    const Outcome table = listWithTools();
+    const Outcome json = listWithTools({"--json"});
+
+    EXPECT_EQ(table.status, 0);
+    EXPECT_EQ(table.output, "No peripherals found\n");
+    EXPECT_EQ(table.errors, "");
+    EXPECT_EQ(json.status, 0);
+    EXPECT_EQ(parsed(json.output).value("source"), QJsonValue("tools"));
+    EXPECT_EQ(parsed(json.output).value("devices"), QJsonValue(QJsonArray()));
+    EXPECT_EQ(parsed(json.output).value("status"), QJsonValue("No peripherals found"));
+}
+
+TEST_F(ListCommandTest, AMissingToolsDirectoryIsAnEmptyList)
+{
+    const Outcome outcome = listWithTools();
+
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.output, "No peripherals found\n");
+}
+
+TEST_F(ListCommandTest, WithoutTheProfilerTheCatalogueNamesTheDevices)
+{
+    makeTools();
+    std::filesystem::remove(tools() / "system_profiler");
+
+    EXPECT_EQ(names(parsed(listWithTools({"--json"}).output)).first(), "Magic Mouse");
+}
+
+TEST_F(ListCommandTest, AToolThatFailsIsReadAllTheSame)
+{
+    writeProgram(tools() / "ioreg",
+                 printing(registryEntry(803, 14, "x")) + "echo complaint >&2\nexit 3\n");
+    const Outcome outcome = listWithTools();
+
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_THAT(outcome.output, HasSubstr("Magic Mouse    14%  low\n"));
+    EXPECT_EQ(outcome.errors, "complaint\n");
+}
+
+TEST_F(ListCommandTest, TheProfilersComplaintsAreSwallowed)
+{
+    makeTools();
+    writeProgram(tools() / "system_profiler", "#!/bin/sh\necho complaint >&2\n");
+
+    EXPECT_EQ(listWithTools().errors, "");
+}
+
+TEST_F(ListCommandTest, OutputThatIsNoUtf8IsAnEmptyList)
+{
+    writeProgram(tools() / "ioreg", printing(registryEntry(803, 14, "\xFF")));
+
+    EXPECT_EQ(listWithTools().output, "No peripherals found\n");
+}
+
+TEST_F(ListCommandTest, NamesDoNotCommandTheTerminal)
+{
+    makeTools();
+    writeProgram(tools() / "system_profiler",
+                 printing("          \x1B[31mred\u009B\u202E:\n"
+                          "              Address: 02:00:5E:00:53:01\n"));
+
+    EXPECT_THAT(listWithTools().output, HasSubstr("\uFFFD[31mred\uFFFD\uFFFD"));
+    EXPECT_THAT(listWithTools({"--json"}).output, HasSubstr("\\u001b[31mred\\u009b\\u202e"));
+}
+
+TEST_F(ListCommandTest, TheToolsDirectoryMayHaveAnyName)
+{
+    makeTools();
+    for (const char* const name : {"with blank 'and' \"quotes\"", "数字", "$HOME", "-x"}) {
+        std::filesystem::rename(tools(), directory / name);
+        for (const char* const any : {"C", "C.UTF-8"}) {
+            locale = any;
+            const Outcome outcome =
+                run({"--list", "--tools", QString::fromStdString(directory / name)});
+            EXPECT_THAT(outcome.output, HasSubstr("Mouse of Ann")) << name << ' ' << any;
+        }
+        std::filesystem::rename(directory / name, tools());
+    }
+}
+
+#ifdef __linux__
+
+TEST_F(ListCommandTest, ReadsTheKernelsEntries)
+{
+    SysfsFixture sysfs;
+    sysfs.add({.name = "hid-02:00:5e:00:53:01-battery",
+               .capacity = "9\n",
+               .hidId = "0005:0000004C:00000269",
+               .hidName = "Ann\u2019s #1 mouse",
+               .hidUniq = "02:00:5e:00:53:01"});
+    sysfs.add({.name = "hid-02:00:5e:00:53:02-battery-144",
+               .capacity = "80\n",
+               .hidId = "0005:0000004C:00000267",
+               .hidName = "Desk",
+               .hidUniq = "02:00:5e:00:53:02"});
+    sysfs.add({.name = "hid-02:00:5e:00:53:03-battery",
+               .capacity = "80\n",
+               .hidId = "0005:0000046D:00000267",
+               .hidName = "Other",
+               .hidUniq = "02:00:5e:00:53:03"});
+    const QString root = QString::fromStdString(sysfs.root());
+
+    const Outcome table = run({"--list", "--sysfs", root});
+    const Outcome json = run({"--list", "--json", "--sysfs", root});
+
+    EXPECT_EQ(table.status, 0);
+    EXPECT_EQ(table.output,
+              "NAME            LEVEL  STATE\n"
+              "Ann\u2019s #1 mouse     9%  low\n"
+              "Desk              80%  ok\n");
+    EXPECT_EQ(table.errors, "");
+    EXPECT_EQ(json.status, 0);
+    EXPECT_EQ(parsed(json.output).value("source"), QJsonValue("sysfs"));
+    EXPECT_EQ(names(parsed(json.output)), (QStringList{"Ann\u2019s #1 mouse", "Desk"}));
+}
+
+TEST_F(ListCommandTest, AnEmptySysfsTreeIsAnEmptyList)
+{
+    const SysfsFixture sysfs;
+    const Outcome outcome =
+        run({"--list", "--json", "--sysfs", QString::fromStdString(sysfs.root())});
+
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(parsed(outcome.output).value("source"), QJsonValue("sysfs"));
+    EXPECT_EQ(parsed(outcome.output).value("devices"), QJsonValue(QJsonArray()));
+}
+
+#endif
+
+TEST_F(ListCommandTest, ADemonstrationShowsSimulatedPeripherals)
+{
+    writeFile(settings(), R"({"threshold": 50})");
+    const Outcome outcome = run({"--list", "--json", "--demo"});
+    const QJsonObject reading = parsed(outcome.output);
+
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_EQ(reading.value("source"), QJsonValue("tools"));
+    EXPECT_EQ(reading.value("threshold"), QJsonValue(20)) << "the user's settings were used";
+    EXPECT_EQ(names(reading), (QStringList{"Mouse of Ann", "Desk keyboard", "Magic Trackpad"}));
+    EXPECT_EQ(readFile(settings()), R"({"threshold": 50})");
+}
+
+TEST_F(ListCommandTest, WrongUsageIsExplainedOnStandardError)
+{
+    for (const QStringList& words :
+         {QStringList{"--bogus"}, QStringList{"--json"}, QStringList{"word"},
+          QStringList{"--tools"}, QStringList{"--list", "--sysfs="},
+          QStringList{"--list", "--demo", "--tools", "x"}}) {
+        const Outcome outcome = run(words);
+        const std::string joined = words.join(' ').toStdString();
+
+        EXPECT_EQ(outcome.status, 2) << joined;
+        EXPECT_EQ(outcome.output, "") << joined;
+        EXPECT_THAT(outcome.errors, StartsWith("voltmere: ")) << joined;
+        EXPECT_THAT(outcome.errors, HasSubstr("Usage: ")) << joined;
+        EXPECT_THAT(outcome.errors, HasSubstr("--list")) << joined;
+    }
+}
+
+TEST_F(ListCommandTest, ErrorTextsArePlain)
+{
+    const Outcome positional = run({"--list", "wo\x1B[31mrd\u202E"});
+    const Outcome option = run({"--bog\x1B[31mus"});
+
+    EXPECT_EQ(positional.status, 2);
+    EXPECT_THAT(positional.errors, StartsWith("voltmere: Unexpected argument 'wo"));
+    EXPECT_THAT(positional.errors, Not(HasSubstr("\x1B")));
+    EXPECT_THAT(positional.errors, Not(HasSubstr("\u202E")));
+    EXPECT_EQ(option.status, 2);
+    EXPECT_THAT(option.errors, Not(HasSubstr("\x1B")));
+    EXPECT_THAT(option.errors, Not(HasSubstr("<html")));
+}
+
+TEST_F(ListCommandTest, HelpAndVersionAreAnswers)
+{
+    const Outcome help = run({"--help"});
+    const Outcome version = run({"--version"});
+
+    EXPECT_EQ(help.status, 0);
+    EXPECT_THAT(help.output, HasSubstr("--list"));
+    EXPECT_EQ(help.errors, "");
+    EXPECT_EQ(version.status, 0);
+    EXPECT_THAT(version.output, testing::MatchesRegex("voltmere [0-9]+\\.[0-9]+\\.[0-9]+\n"));
+    EXPECT_EQ(version.errors, "");
+}
+
+TEST_F(ListCommandTest, ADamagedSettingsFileIsKeptAndTheDefaultsAreUsed)
+{
+    const std::string damaged = "{\"threshold\": 50, \"lang";
+    makeTools();
+    writeFile(settings(), damaged);
+    const Outcome outcome = listWithTools({"--json"});
+
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(parsed(outcome.output).value("threshold"), QJsonValue(20));
+    EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), 1) << outcome.errors;
+    EXPECT_THAT(outcome.errors, HasSubstr(settings().string()));
+    const QDir folder(QString::fromStdString(settings().parent_path()));
+    const QStringList kept = folder.entryList({"settings.json.damaged-*"}, QDir::Files);
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(readFile(folder.filePath(kept.front()).toStdString()), damaged);
+}
+
+TEST_F(ListCommandTest, ADamagedSettingsFileIsKeptOnceHoweverOftenItIsRead)
+{
+    makeTools();
+    writeFile(settings(), "{\"threshold\": 50, \"lang");
+
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(listWithTools().status, 0);
+    }
+
+    const QDir folder(QString::fromStdString(settings().parent_path()));
+    EXPECT_EQ(folder.entryList({"settings.json.damaged-*"}, QDir::Files).size(), 1);
+}
+
+#ifdef __linux__
+
+TEST_F(ListCommandTest, OutputThatCannotBeWrittenIsAnErrorAndSaysSo)
+{
+    makeTools();
+    const Outcome outcome =
+        run({"--list", "--tools", QString::fromStdString(tools())}, "/dev/full");
+
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.errors, testing::MatchesRegex("voltmere: [^\n]+\n"));
+}
+
+#endif
+
+} // namespace
+} // namespace voltmere

@@ -1,0 +1,170 @@
+#include "devices/battery_device.h"
+
+#include <gmock/gmock.h>
+
+#include <limits>
+#include <type_traits>
+
+namespace voltmere {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+struct CatalogueRow {
+    std::int64_t product;
+    const char* name;
+    const char* symbol;
+    std::int64_t order;
+};
+
+constexpr CatalogueRow catalogueRows[] = {
+    {0x0265, "Magic Trackpad 2", "rectangle.and.hand.point.up.left", 2},
+    {0x0267, "Magic Keyboard", "keyboard", 1},
+    {0x0269, "Magic Mouse 2", "magicmouse", 0},
+    {0x026B, "Magic Keyboard 数字键盘版", "keyboard", 1},
+    {0x026C, "Magic Keyboard 数字键盘版", "keyboard", 1},
+    {0x0290, "Magic Keyboard with Touch ID", "keyboard", 1},
+    {0x0291, "Magic Keyboard with Touch ID 数字键盘版", "keyboard", 1},
+    {0x0323, "Magic Mouse", "magicmouse", 0},
+    {0x0324, "Magic Trackpad", "rectangle.and.hand.point.up.left", 2},
+    {0x0325, "Magic Keyboard", "keyboard", 1},
+};
+
+class Catalogue : public testing::TestWithParam<CatalogueRow> { };
+
+TEST_P(Catalogue, HasTheNameSymbolAndOrderOfTheModel)
+{
+    const auto& catalogue = BatteryDevice::knownAppleDevices();
+    const auto known = catalogue.find(GetParam().product);
+    ASSERT_NE(known, catalogue.end());
+    EXPECT_EQ(known->second.name, GetParam().name);
+    EXPECT_EQ(known->second.symbol, GetParam().symbol);
+    EXPECT_EQ(known->second.order, GetParam().order);
+}
+
+INSTANTIATE_TEST_SUITE_P(EachModel, Catalogue, testing::ValuesIn(catalogueRows),
+                         [](const auto& row) {
+                             return "Product" + std::to_string(row.param.product);
+                         });
+
+TEST(BatteryDeviceCatalogue, HoldsTenModelsAndNoOther)
+{
+    EXPECT_EQ(BatteryDevice::knownAppleDevices().size(), 10U);
+}
+
+TEST(BatteryDeviceCatalogue, Product617IsMagicMouse2And803IsMagicMouse)
+{
+    const KnownDevice& second = BatteryDevice::knownAppleDevices().at(617);
+    EXPECT_EQ(second.name, "Magic Mouse 2");
+    EXPECT_EQ(second.symbol, "magicmouse");
+    EXPECT_EQ(second.order, 0);
+    EXPECT_EQ(BatteryDevice::knownAppleDevices().at(803).name, "Magic Mouse");
+}
+
+TEST(BatteryDeviceCatalogue, Product614ZeroAndNegativeNumbersHaveNoEntry)
+{
+    constexpr std::int64_t unknown[] = {614, 0, -1, -617, 612, 618, 802, 806,
+                                        std::numeric_limits<std::int64_t>::min(),
+                                        std::numeric_limits<std::int64_t>::max(),
+                                        // 617 in the low bits: the whole number counts
+                                        (std::int64_t{1} << 32) + 617};
+    for (const std::int64_t product : unknown) {
+        EXPECT_FALSE(BatteryDevice::knownAppleDevices().contains(product)) << product;
+    }
+}
+
+TEST(BatteryDeviceCatalogue, IsOneObjectForTheWholeRun)
+{
+    EXPECT_EQ(&BatteryDevice::knownAppleDevices(), &BatteryDevice::knownAppleDevices());
+}
+
+const BatteryDevice mouse{803, "Magic Mouse", 40, "magicmouse", 0};
+
+TEST(BatteryDevice, HoldsWhatItWasMadeOfWithoutClamping)
+{
+    const BatteryDevice device{805, "Desk", -7, "keyboard", 1};
+    EXPECT_EQ(device.id, 805);
+    EXPECT_EQ(device.name, "Desk");
+    EXPECT_EQ(device.level, -7);
+    EXPECT_EQ(device.symbol, "keyboard");
+    EXPECT_EQ(device.order, 1);
+}
+
+TEST(BatteryDevice, ACopyIsEqual)
+{
+    const BatteryDevice copy = mouse;
+    EXPECT_TRUE(copy == mouse);
+    EXPECT_FALSE(copy != mouse);
+}
+
+TEST(BatteryDevice, RecordsThatDifferOnlyInLevelAreUnequal)
+{
+    BatteryDevice other = mouse;
+    other.level = 39;
+    EXPECT_FALSE(other == mouse);
+    EXPECT_NE(std::vector{other}, std::vector{mouse}) << "a change of level changes the list";
+}
+
+TEST(BatteryDevice, RecordsWithTheSameIdButDifferentNamesAreUnequalYetHaveOneIdentity)
+{
+    BatteryDevice other = mouse;
+    other.name = "Mouse of Ann";
+    EXPECT_FALSE(other == mouse);
+    EXPECT_EQ(other.id, mouse.id);
+}
+
+TEST(BatteryDevice, EveryOtherFieldCountsForEqualityToo)
+{
+    BatteryDevice otherId = mouse;
+    otherId.id = 617;
+    EXPECT_FALSE(otherId == mouse);
+    BatteryDevice otherSymbol = mouse;
+    otherSymbol.symbol = "keyboard";
+    EXPECT_FALSE(otherSymbol == mouse);
+    BatteryDevice otherOrder = mouse;
+    otherOrder.order = 1;
+    EXPECT_FALSE(otherOrder == mouse);
+}
+
+TEST(IsLow, ADeviceAtTheThresholdIsLow)
+{
+    EXPECT_TRUE(isLow(mouse, 40));
+    EXPECT_TRUE(isLow(mouse, 41));
+    EXPECT_FALSE(isLow(mouse, 39));
+}
+
+TEST(IsLow, LevelsBeyondThePercentScaleAreComparedAsTheyStand)
+{
+    EXPECT_TRUE(isLow({803, "Magic Mouse", 0, "magicmouse", 0}, 0));
+    EXPECT_TRUE(isLow({803, "Magic Mouse", -1, "magicmouse", 0}, 0));
+    EXPECT_FALSE(isLow({803, "Magic Mouse", 101, "magicmouse", 0}, 100));
+}
+
+TEST(LowDevices, AreThoseAtOrBelowTheThresholdInTheirOrder)
+{
+    const BatteryDevice keyboard{805, "Magic Keyboard", 9, "keyboard", 1};
+    const BatteryDevice trackpad{804, "Magic Trackpad", 41, "rectangle", 2};
+    EXPECT_THAT(lowDevices({trackpad, mouse, keyboard}, 40), ElementsAre(mouse, keyboard));
+    EXPECT_THAT(lowDevices({trackpad, mouse, keyboard}, 8), IsEmpty());
+    EXPECT_THAT(lowDevices({}, 100), IsEmpty());
+}
+
+TEST(NamesWithLevels, JoinsNameBlankLevelPercentWithTheSeparatorBetween)
+{
+    const BatteryDevice keyboard{805, "Magic Keyboard", 9, "keyboard", 1};
+    EXPECT_EQ(namesWithLevels({}, ", "), "");
+    EXPECT_EQ(namesWithLevels({mouse}, ", "), "Magic Mouse 40%");
+    EXPECT_EQ(namesWithLevels({mouse, keyboard, mouse}, " | "),
+              "Magic Mouse 40% | Magic Keyboard 9% | Magic Mouse 40%");
+}
+
+TEST(NamesWithLevels, WritesLevelsAsPlainDecimalsWhateverTheyAre)
+{
+    EXPECT_EQ(namesWithLevels(
+                  {{803, "A", 0, "", 0}, {804, "B", -1, "", 0}, {805, "", 1234567, "", 0}}, "、"),
+              "A 0%、B -1%、 1234567%");
+}
+
+} // namespace
+} // namespace voltmere
