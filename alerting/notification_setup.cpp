@@ -1,17 +1,23 @@
 #include "alerting/notification_setup.h"
 
+#include "alerting/snooze_actions.h"
 #include "model/l10n.h"
+
+#include <utility>
 
 namespace voltmere {
 
-void NotificationSetup::registerCategories(NotificationCentre& centre)
+void NotificationSetup::registerCategories(NotificationCentre& centre,
+                                           NotificationCentreDelegate& delegate)
 {
-    NotificationCategory category{"LOW_BATTERY",
-                                  {{"SNOOZE_20", L10n::t("alert.in20")},
-                                   {"SNOOZE_30", L10n::t("alert.in30")},
-                                   {"SNOOZE_60", L10n::t("alert.in60")},
-                                   {"SNOOZE_120", L10n::t("alert.in120")},
-                                   {"SNOOZE_CUSTOM", L10n::t("alert.customAction"), true}}};
+    NotificationCategory category;
+    category.identifier = lowBatteryCategory;
+    for (const TimedSnoozeAction& action : timedSnoozeActions) {
+        category.actions.push_back(
+            {std::string(action.identifier), L10n::t(action.titleKey), false});
+    }
+    category.actions.push_back({customSnoozeAction, L10n::t("alert.customAction"), true});
+    centre.setDelegate(&delegate);
     centre.setCategories({std::move(category)});
 }
 

@@ -7,9 +7,10 @@ namespace voltmere {
 /// What the program tells the notification centre of itself.
 class NotificationSetup {
 public:
-    /// Replaces the registered categories by the program's one, with titles in the current
-    /// language.
-    static void registerCategories(NotificationCentre& centre);
+    /// Installs the delegate and replaces the registered categories by the program's one, with
+    /// titles in the current language.
+    static void registerCategories(NotificationCentre& centre,
+                                   NotificationCentreDelegate& delegate);
 };
 
 } // namespace voltmere

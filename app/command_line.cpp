@@ -13,12 +13,15 @@ public:
     {
         parser.setApplicationDescription(
             "Watches the battery of Apple wireless mice, keyboards and trackpads.");
-        parser.addOptions({list, json, demo, tools, sysfs, help, version});
+        parser.addOptions({list, json, panel, screenshots, demo, tools, sysfs, help, version});
     }
 
     QCommandLineParser parser;
     const QCommandLineOption list{"list", "Take one reading, print it, and exit."};
     const QCommandLineOption json{"json", "Print the reading as one JSON object (with --list)."};
+    const QCommandLineOption panel{"panel", "Open the panel at start."};
+    const QCommandLineOption screenshots{"screenshots",
+                                         "Draw what the program shows to <dir>/*.png.", "dir"};
     const QCommandLineOption demo{"demo",
                                   "Show simulated peripherals; keep settings in memory only."};
     const QCommandLineOption tools{
@@ -44,13 +47,19 @@ std::optional<UsageError> findConflict(const Options& options)
     if (parser.isSet(options.json) && !parser.isSet(options.list)) {
         return UsageError{"--json goes with --list."};
     }
+    const int actions = static_cast<int>(parser.isSet(options.list)) +
+        static_cast<int>(parser.isSet(options.panel)) +
+        static_cast<int>(parser.isSet(options.screenshots));
+    if (actions > 1) {
+        return UsageError{"Only one of --list, --panel and --screenshots can be done at a time."};
+    }
     const int sources = static_cast<int>(parser.isSet(options.demo)) +
         static_cast<int>(parser.isSet(options.tools)) +
         static_cast<int>(parser.isSet(options.sysfs));
     if (sources > 1) {
         return UsageError{"Only one of --demo, --tools and --sysfs can say where to read."};
     }
-    for (const QCommandLineOption& option : {options.tools, options.sysfs}) {
+    for (const QCommandLineOption& option : {options.tools, options.sysfs, options.screenshots}) {
         if (parser.isSet(option) && parser.value(option).isEmpty()) {
             return UsageError{"--" + option.names().constFirst() + " needs a directory."};
         }
@@ -65,6 +74,9 @@ CommandLine::Action chosenAction(const Options& options)
     }
     if (options.parser.isSet(options.version)) {
         return CommandLine::Action::showVersion;
+    }
+    if (options.parser.isSet(options.screenshots)) {
+        return CommandLine::Action::screenshots;
     }
     return options.parser.isSet(options.list) ? CommandLine::Action::list
                                               : CommandLine::Action::menuBar;
@@ -86,6 +98,8 @@ std::variant<CommandLine, UsageError> parseCommandLine(const QStringList& words)
         return *conflict;
     }
     commandLine.json = options.parser.isSet(options.json);
+    commandLine.openPanel = options.parser.isSet(options.panel);
+    commandLine.screenshotsDirectory = options.parser.value(options.screenshots);
     commandLine.demo = options.parser.isSet(options.demo);
     commandLine.toolsDirectory = valueIfSet(options.parser, options.tools);
     commandLine.sysfsRoot = valueIfSet(options.parser, options.sysfs);

@@ -10,13 +10,15 @@ namespace voltmere {
 
 /// What the user asked for in the terminal.
 struct CommandLine {
-    enum class Action { menuBar, list, showHelp, showVersion };
+    enum class Action { menuBar, list, screenshots, showHelp, showVersion };
 
     Action action = Action::menuBar;
     bool json = false;
     bool demo = false;
+    bool openPanel = false;
     std::optional<QString> toolsDirectory;
     std::optional<QString> sysfsRoot;
+    QString screenshotsDirectory;
 };
 
 /// What is wrong with the words that the user gave.

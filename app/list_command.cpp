@@ -3,16 +3,13 @@
 #include "app/peripherals.h"
 #include "app/reading_report.h"
 #include "app/settings_location.h"
+#include "app/terminal_output.h"
 #include "devices/device_reader.h"
 #include "model/l10n.h"
 #include "model/setting_defaults.h"
 #include "platform/posix/environment_languages.h"
 #include "platform/posix/posix_system_log.h"
 #include "platform/posix/system_clock.h"
-
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
 
 namespace voltmere {
 
@@ -34,11 +31,7 @@ int listPeripherals(const CommandLine& commandLine)
     const std::string report =
         commandLine.json ? readingJson(reading) + '\n' : readingTable(reading);
     L10n::usePreferredLanguages(nullptr);
-    if (std::fputs(report.c_str(), stdout) < 0 || std::fflush(stdout) != 0) {
-        std::fprintf(stderr, "voltmere: cannot write the reading: %s\n", std::strerror(errno));
-        return 1;
-    }
-    return 0;
+    return printAnswer(report);
 }
 
 } // namespace voltmere

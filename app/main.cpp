@@ -1,9 +1,13 @@
 #include "app/command_line.h"
 #include "app/list_command.h"
+#include "app/platform_factory.h"
+#include "app/screenshots.h"
+#include "app/terminal_output.h"
 #include "app/version.h"
+#include "app/voltmere_app.h"
 #include "platform/posix/plain_text.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 
 #include <cstdio>
 
@@ -31,32 +35,56 @@ int reportUsageError(const UsageError& error)
     return exitWrongUsage;
 }
 
-int run(const CommandLine& commandLine)
+int reportNoDisplay(const std::string& problem)
+{
+    std::fprintf(stderr, "voltmere: %s\n", problem.c_str());
+    return exitCannotRun;
+}
+
+int runInTerminal(const CommandLine& commandLine)
 {
     switch (commandLine.action) {
-    case CommandLine::Action::showHelp:
-        std::fputs(qPrintable(voltmere::usageText()), stdout);
-        return 0;
-    case CommandLine::Action::showVersion:
-        std::printf("voltmere %s\n", voltmere::version);
-        return 0;
     case CommandLine::Action::list:
         return voltmere::listPeripherals(commandLine);
-    case CommandLine::Action::menuBar:
-        break;
+    case CommandLine::Action::showVersion:
+        return voltmere::printAnswer(std::string("voltmere ") + voltmere::version + '\n');
+    default:
+        return voltmere::printAnswer(voltmere::usageText().toStdString());
     }
-    std::fputs("voltmere: the menu bar is not there yet; try --list\n", stderr);
-    return exitCannotRun;
+}
+
+int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
+{
+    if (const auto problem = voltmere::displayProblem()) {
+        return reportNoDisplay(*problem);
+    }
+    const QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    return voltmere::VoltmereApp(commandLine).run();
+}
+
+int drawScreenshots(const CommandLine& commandLine, int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    return voltmere::drawScreenshots(commandLine);
 }
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
+    QCoreApplication::setApplicationName("voltmere");
+    QCoreApplication::setApplicationVersion(voltmere::version);
     const auto parsed = voltmere::parseCommandLine(wordsOf(argc, argv));
-    const QCoreApplication application(argc, argv);
-    if (const auto* error = std::get_if<UsageError>(&parsed)) {
-        return reportUsageError(*error);
+    const auto* commandLine = std::get_if<CommandLine>(&parsed);
+    if (commandLine != nullptr && commandLine->action == CommandLine::Action::menuBar) {
+        return runInMenuBar(*commandLine, argc, argv);
     }
-    return run(std::get<CommandLine>(parsed));
+    if (commandLine != nullptr && commandLine->action == CommandLine::Action::screenshots) {
+        return drawScreenshots(*commandLine, argc, argv);
+    }
+    const QCoreApplication application(argc, argv);
+    return commandLine == nullptr ? reportUsageError(std::get<UsageError>(parsed))
+                                  : runInTerminal(*commandLine);
 }

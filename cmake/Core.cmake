@@ -2,8 +2,10 @@
 
 add_library(voltmere_core STATIC
   alerting/check_result.cpp
+  alerting/notification_delegate.cpp
   alerting/notification_setup.cpp
   alerting/status_text.cpp
+  alerting/uuid.cpp
   devices/battery_device.cpp
   devices/bluetooth_address.cpp
   devices/bluetooth_name_resolver.cpp

@@ -5,23 +5,83 @@ configure_file(app/version.h.in generated/app/version.h @ONLY)
 
 add_library(voltmere_ui STATIC
   platform/qt/json_settings.cpp
-  platform/qt/qt_defaults.cpp)
+  platform/qt/qt_application.cpp
+  platform/qt/qt_defaults.cpp
+  platform/qt/qt_pointer.cpp
+  platform/qt/qt_run_loop.cpp
+  snooze/window/alert_rows.cpp
+  snooze/window/hover_controls.cpp
+  snooze/window/hover_poller.cpp
+  snooze/window/snooze_alert_presenter.cpp
+  snooze/window/snooze_alert_window.cpp
+  ui/app_icon_asset.cpp
+  ui/content_view.cpp
+  ui/device_list.cpp
+  ui/device_row.cpp
+  ui/display_text.cpp
+  ui/divider.cpp
+  ui/drawn_image.cpp
+  ui/elided_label.cpp
+  ui/icns.cpp
+  ui/image_bundle.cpp
+  ui/panel_controller.cpp
+  ui/panel_placement.cpp
+  ui/picture_view.cpp
+  ui/redraw_scheduler.cpp
+  ui/setting_picker.cpp
+  ui/status_image.cpp
+  ui/status_label.cpp
+  ui/symbol.cpp
+  ui/theme.cpp
+  ui/tray_image.cpp
+  ui/tray_number.cpp
+  ui/wrapping_label.cpp)
+if(APPLE)
+  # The macOS side of the ports is not written yet.
+else()
+  find_package(PkgConfig REQUIRED)
+  pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
+  set_target_properties(voltmere_ui PROPERTIES AUTOMOC ON)
+  target_sources(voltmere_ui PRIVATE
+    platform/linux/portal_appearance.cpp
+    platform/linux/tray_host_watcher.cpp
+    platform/linux/wake_timer.cpp
+    platform/linux/x_display.cpp)
+  target_link_libraries(voltmere_ui PRIVATE PkgConfig::XCB)
+endif()
 target_link_libraries(voltmere_ui PUBLIC voltmere_core Qt6::Widgets Qt6::DBus Qt6::Svg)
 voltmere_target(voltmere_ui)
 
+# The pictures become part of every program that links voltmere_ui. Uncompressed, they are read where
+# they lie in the program and take no memory of their own.
+qt_add_resources(voltmere_ui icons PREFIX /voltmere BASE resources/icons OPTIONS --no-compress
+  FILES resources/icons/AppIcon.icns resources/icons/StatusIcon.png
+        resources/icons/StatusIcon@2x.png resources/icons/StatusIcon.svg)
+qt_add_resources(voltmere_ui symbols PREFIX /voltmere/symbols BASE resources/symbols
+  OPTIONS --no-compress
+  FILES resources/symbols/keyboard.svg resources/symbols/magicmouse.svg
+        resources/symbols/questionmark.circle.svg
+        resources/symbols/rectangle.and.hand.point.up.left.svg)
+
 # The program without its main function, so that tests can link it.
 add_library(voltmere_app STATIC
+  app/app_delegate.cpp
   app/command_line.cpp
   app/demo_tools.cpp
   app/list_command.cpp
   app/peripherals.cpp
   app/reading_report.cpp
+  app/screenshots.cpp
+  app/services.cpp
   app/settings_location.cpp
-  app/terminal_width.cpp)
+  app/terminal_output.cpp
+  app/terminal_width.cpp
+  app/voltmere_app.cpp)
 if(APPLE)
   target_sources(voltmere_app PRIVATE app/system_sources_macos.cpp)
 else()
-  target_sources(voltmere_app PRIVATE app/system_sources_linux.cpp)
+  target_sources(voltmere_app PRIVATE
+    app/platform_factory_linux.cpp app/system_sources_linux.cpp)
 endif()
 target_link_libraries(voltmere_app PUBLIC voltmere_ui)
 voltmere_target(voltmere_app)

@@ -4,6 +4,7 @@
 #include "devices/utf8.h"
 
 #include <optional>
+#include <utility>
 
 namespace voltmere {
 
@@ -44,8 +45,7 @@ NameMap parseProfilerReport(std::string_view text)
             pendingName = heading.substr(0, heading.size() - 1);
         } else if (pendingName && trimmed(line).starts_with(addressLabel)) {
             const std::string_view address = trimmed(trimmed(line).substr(addressLabel.size()));
-            names[upperCased(address)] = *std::move(pendingName);
-            pendingName.reset();
+            names[upperCased(address)] = *std::exchange(pendingName, std::nullopt);
         }
         if (end == std::string_view::npos) {
             return names;

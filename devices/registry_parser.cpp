@@ -28,11 +28,10 @@ public:
 
     std::optional<std::string_view> valueIn(std::string_view text) const
     {
-        const auto found = std::search(text.begin(), text.end(), searcher);
-        if (found == text.end()) {
-            return std::nullopt;
-        }
-        return text.substr(static_cast<std::size_t>(found - text.begin()) + pattern.size());
+        const auto position = std::search(text.begin(), text.end(), searcher) - text.begin();
+        const auto found = static_cast<std::size_t>(position);
+        return found == text.size() ? std::nullopt
+                                    : std::optional(text.substr(found + pattern.size()));
     }
 
 private:

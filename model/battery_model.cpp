@@ -2,6 +2,7 @@
 
 #include "alerting/notification_setup.h"
 #include "alerting/status_text.h"
+#include "alerting/uuid.h"
 #include "model/app_language.h"
 #include "model/l10n.h"
 #include "model/setting_defaults.h"
@@ -9,6 +10,19 @@
 #include <utility>
 
 namespace voltmere {
+
+namespace {
+
+void notifyLaunchFailure(NotificationCentre& centre, const std::string& description)
+{
+    NotificationRequest request;
+    request.identifier = "launch-fail-" + randomUuid();
+    request.content.title = L10n::t("panel.launchAtLogin");
+    request.content.body = description;
+    centre.add(std::move(request));
+}
+
+} // namespace
 
 bool BatteryModel::launchSettled = false;
 
@@ -61,7 +75,7 @@ void BatteryModel::languageChanged()
 {
     save();
     L10n::setting = language;
-    NotificationSetup::registerCategories(services.notifications);
+    NotificationSetup::registerCategories(services.notifications, services.notificationDelegate);
     refreshStatusText();
 }
 
@@ -94,6 +108,7 @@ void BatteryModel::applyLaunchAtLogin(bool wanted)
         wanted ? services.loginItems.registerItem() : services.loginItems.unregisterItem();
     if (failure) {
         services.log.write("Voltmere: 设置开机启动失败 " + *failure);
+        notifyLaunchFailure(services.notifications, *failure);
     }
     refreshLaunchAtLogin();
 }

@@ -31,6 +31,7 @@ struct ModelServices {
     const Calendar& calendar;
     LoginItemService& loginItems;
     NotificationCentre& notifications;
+    NotificationCentreDelegate& notificationDelegate;
     AlertPresenter& alerts;
     SystemLog& log;
     std::shared_ptr<DeviceReader> reader; ///< shared with the readings under way
@@ -50,7 +51,7 @@ public:
     static bool launchSettled;
 
     /// Reads the settings, asks for permission to notify, starts the first check and the timer.
-    explicit BatteryModel(ModelServices services);
+    explicit BatteryModel(ModelServices given);
 
     BatteryModel(const BatteryModel&) = delete;
     BatteryModel& operator=(const BatteryModel&) = delete;

@@ -31,7 +31,7 @@ std::optional<std::string> readAttribute(const fs::path& path)
     if (!file) {
         return std::nullopt;
     }
-    std::array<char, 4096> buffer;
+    std::array<char, 4096> buffer{};
     std::size_t size = 0;
     while (size < buffer.size()) {
         const ssize_t count = ::read(file.get(), buffer.data() + size, buffer.size() - size);

@@ -2,8 +2,8 @@
 
 #include "platform/posix/file_descriptor.h"
 
+#include <csignal>
 #include <poll.h>
-#include <signal.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 

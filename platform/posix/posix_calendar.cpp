@@ -18,17 +18,30 @@ std::tm brokenDown(Instant instant)
     return time;
 }
 
-std::optional<Instant> made(std::tm time)
+/// The second that `time` names when summer time counts as `summerTime` says (1 yes, -1 unknown);
+/// nothing when there is none. Puts the fields of `time` in order.
+std::optional<std::time_t> secondOf(std::tm& time, int summerTime)
 {
-    ::tzset();
-    time.tm_isdst = -1;
+    time.tm_isdst = summerTime;
     // The result -1 is also a valid second, so only a day of the week that mktime filled in tells.
     time.tm_wday = -1;
-    const std::time_t seconds = std::mktime(&time);
-    if (time.tm_wday < 0) {
-        return std::nullopt;
+    const std::time_t second = std::mktime(&time);
+    return time.tm_wday < 0 ? std::nullopt : std::optional(second);
+}
+
+/// The instant of a local time. Where summer time ends, a time comes twice, and mktime left to
+/// itself takes the one nearer to what it was asked before: the first is taken here, always.
+std::optional<Instant> made(const std::tm& wanted)
+{
+    ::tzset();
+    std::tm time = wanted;
+    std::optional<std::time_t> second = secondOf(time, 1);
+    const bool isInSummer = time.tm_isdst > 0 && time.tm_hour == wanted.tm_hour;
+    if (!second || !isInSummer) {
+        time = wanted;
+        second = secondOf(time, -1);
     }
-    return std::chrono::system_clock::from_time_t(seconds);
+    return second ? std::optional(std::chrono::system_clock::from_time_t(*second)) : std::nullopt;
 }
 
 } // namespace

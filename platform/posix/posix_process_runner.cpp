@@ -4,7 +4,7 @@
 #include "platform/posix/pipe.h"
 #include "platform/posix/spawn_flags.h"
 
-#include <signal.h>
+#include <csignal>
 #include <spawn.h>
 #include <sys/stat.h>
 
@@ -89,7 +89,7 @@ std::optional<pid_t> spawn(const ProcessRequest& request, const FileActions& act
 std::string readAvailable(const Pipe& pipe)
 {
     std::string output;
-    std::array<char, 65536> buffer;
+    std::array<char, 65536> buffer{};
     for (;;) {
         const ssize_t count = ::read(pipe.readEnd.get(), buffer.data(), buffer.size());
         if (count > 0) {

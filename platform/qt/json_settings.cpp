@@ -41,7 +41,7 @@ void setAside(const QString& path, const QString& damage)
             ? "it is kept as " + keptAs
             : "it cannot be moved, so settings are not saved until it is mended or removed";
         const QString line = "Voltmere: the settings file " + path + " is damaged (" + damage +
-                             "): the defaults are used, " + fate;
+            "): the defaults are used, " + fate;
         damageLog->write(line.toStdString());
     }
 }

@@ -45,7 +45,7 @@ void PrintTo(const Transition& transition, std::ostream* out)
     *out << transition.name;
 }
 
-class CheckResultStateTest : public testing::TestWithParam<Transition> {};
+class CheckResultStateTest : public testing::TestWithParam<Transition> { };
 
 TEST_P(CheckResultStateTest, FollowsTheTable)
 {
@@ -94,13 +94,7 @@ const Transition stateTable[]{
     {"EmptyReadingKeepsAnAlertedDevice", {mouseID}, {}, quietRefresh, {mouseID}, {}, false},
     {"EmptyFullCheckKeepsAnAlertedDevice", {mouseID}, {}, fullCheck, {mouseID}, {}, false},
     {"EmptyReadingKeepsTheSetEmpty", {}, {}, fullCheck, {}, {}, false},
-    {"MissingDeviceKeepsItsState",
-     {mouseID},
-     {keyboard(80)},
-     quietRefresh,
-     {mouseID},
-     {},
-     false},
+    {"MissingDeviceKeepsItsState", {mouseID}, {keyboard(80)}, quietRefresh, {mouseID}, {}, false},
     {"MissingDeviceIsNotAlertedByAFullCheck",
      {mouseID},
      {keyboard(80)},
@@ -173,7 +167,7 @@ INSTANTIATE_TEST_SUITE_P(Transitions, CheckResultStateTest, testing::ValuesIn(st
                          [](const auto& row) { return std::string(row.param.name); });
 
 /// Flags in the order: alert, allowInstantAlert, instantEnabled.
-class ReleasePassTest : public testing::TestWithParam<std::tuple<bool, bool, bool>> {};
+class ReleasePassTest : public testing::TestWithParam<std::tuple<bool, bool, bool>> { };
 
 TEST_P(ReleasePassTest, RunsWhateverTheFlagsSay)
 {

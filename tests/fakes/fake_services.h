@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/application.h"
 #include "platform/login_item_service.h"
 #include "platform/notification_centre.h"
 
@@ -35,6 +36,14 @@ public:
     std::optional<std::string> failure; ///< what both operations fail with
     int registrations = 0;
     int unregistrations = 0;
+};
+
+/// Counts how often it is brought to the front.
+class FakeApplication : public Application {
+public:
+    void activate() override { ++activations; }
+
+    int activations = 0;
 };
 
 /// A notification centre that keeps what it is told.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "alerting/notification_delegate.h"
 #include "devices/device_reader.h"
 #include "fakes/fake_alert_presenter.h"
 #include "fakes/fake_calendar.h"
@@ -48,7 +49,8 @@ public:
 
     ModelServices services()
     {
-        return {defaults, runLoop, clock, calendar, loginItems, notifications, alerts, log, reader};
+        return {defaults, runLoop, clock, calendar, loginItems, notifications, notificationDelegate,
+                alerts,   log,     reader};
     }
 
     /// The peripherals that the next readings find.
@@ -78,6 +80,8 @@ public:
     MemoryDefaults defaults;
     FakeLoginItems loginItems;
     FakeNotificationCentre notifications;
+    FakeApplication application;
+    NotificationDelegate notificationDelegate{runLoop, application};
     FakeAlertPresenter alerts;
     RecordingLog log;
     FakeBatterySource batteries;

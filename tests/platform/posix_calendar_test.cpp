@@ -144,7 +144,8 @@ TEST_F(PosixCalendarTest, ATimeThatSummerTimeSkipsMovesByTheSkippedSpan)
                 Optional(universalTime(2026, 3, 29, 1, 30)));
 
     ZoneGuard::set(zones::easternAmerica);
-    EXPECT_THAT(calendar.instantOf({2026, 3, 8, 2, 30}), Optional(universalTime(2026, 3, 8, 7, 30)));
+    EXPECT_THAT(calendar.instantOf({2026, 3, 8, 2, 30}),
+                Optional(universalTime(2026, 3, 8, 7, 30)));
 
     ZoneGuard::set(zones::lordHowe);
     EXPECT_THAT(calendar.instantOf({2026, 10, 4, 2, 15}),
@@ -155,9 +156,9 @@ TEST_F(PosixCalendarTest, ATimeThatComesTwiceIsOneOfTheTwo)
 {
     ZoneGuard::set(zones::centralEurope);
 
-    EXPECT_THAT(calendar.instantOf({2026, 10, 25, 2, 30}),
-                Optional(AnyOf(universalTime(2026, 10, 25, 0, 30),
-                               universalTime(2026, 10, 25, 1, 30))));
+    EXPECT_THAT(
+        calendar.instantOf({2026, 10, 25, 2, 30}),
+        Optional(AnyOf(universalTime(2026, 10, 25, 0, 30), universalTime(2026, 10, 25, 1, 30))));
 }
 
 TEST_F(PosixCalendarTest, ATimeThatComesTwiceIsTheSameOneWhateverWasAskedBefore)

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/application.h"
+#include "platform/notification_centre.h"
+#include "platform/run_loop.h"
+
+namespace voltmere {
+
+/// Answers the notification centre for the program, on whatever thread that calls. There is one.
+/// It has no state: a reminder that it schedules lives in the notification centre.
+class NotificationDelegate : public NotificationCentreDelegate {
+public:
+    NotificationDelegate(RunLoop& runLoop, Application& application);
+
+    void willPresent(std::function<void(std::uint32_t presentation)> completion) override;
+    void didReceive(NotificationCentre& centre, const std::string& actionIdentifier,
+                    std::function<void()> completion) override;
+
+private:
+    RunLoop& runLoop;
+    Application& application;
+};
+
+} // namespace voltmere

@@ -1,0 +1,23 @@
+#include "alerting/uuid.h"
+
+#include <array>
+#include <cstdint>
+#include <cstdio>
+#include <random>
+
+namespace voltmere {
+
+std::string randomUuid()
+{
+    std::random_device random;
+    const std::uint32_t first = random();
+    const std::uint32_t second = (random() & 0xFFFF0FFFU) | 0x00004000U; // version 4
+    const std::uint32_t third = (random() & 0x3FFFFFFFU) | 0x80000000U;  // variant 1
+    const std::uint32_t fourth = random();
+    std::array<char, 37> text{};
+    std::snprintf(text.data(), text.size(), "%08X-%04X-%04X-%04X-%04X%08X", first, second >> 16U,
+                  second & 0xFFFFU, third >> 16U, third & 0xFFFFU, fourth);
+    return text.data();
+}
+
+} // namespace voltmere

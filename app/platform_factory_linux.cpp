@@ -1,0 +1,49 @@
+#include "app/platform_factory.h"
+
+#include "platform/linux/portal_appearance.h"
+#include "platform/linux/tray_host_watcher.h"
+#include "platform/linux/x_display.h"
+
+#include <cstdlib>
+#include <string_view>
+#include <utility>
+
+namespace voltmere {
+
+namespace {
+
+bool isSet(const char* variable)
+{
+    const char* const value = std::getenv(variable);
+    return value != nullptr && !std::string_view(value).empty();
+}
+
+} // namespace
+
+std::optional<std::string> displayProblem()
+{
+    if (isSet("QT_QPA_PLATFORM") || isSet("WAYLAND_DISPLAY")) {
+        return std::nullopt;
+    }
+    if (!isSet("DISPLAY")) {
+        return "there is no display (neither WAYLAND_DISPLAY nor DISPLAY is set); start it in a "
+               "desktop session, or use --list";
+    }
+    if (!canOpenXDisplay()) {
+        return "the display '" + std::string(std::getenv("DISPLAY")) +
+            "' cannot be opened; check DISPLAY and XAUTHORITY, or use --list";
+    }
+    return std::nullopt;
+}
+
+std::unique_ptr<Appearance> makeAppearance()
+{
+    return std::make_unique<PortalAppearance>();
+}
+
+std::unique_ptr<QObject> watchForTrayHost(std::function<void()> available)
+{
+    return std::make_unique<TrayHostWatcher>(std::move(available));
+}
+
+} // namespace voltmere

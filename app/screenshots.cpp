@@ -1,0 +1,212 @@
+#include "app/screenshots.h"
+
+#include "alerting/notification_delegate.h"
+#include "app/pending_services.h"
+#include "app/peripherals.h"
+#include "model/app_language.h"
+#include "model/battery_model.h"
+#include "platform/posix/memory_defaults.h"
+#include "platform/posix/posix_calendar.h"
+#include "platform/posix/posix_system_log.h"
+#include "platform/posix/system_clock.h"
+#include "platform/qt/qt_application.h"
+#include "platform/qt/qt_run_loop.h"
+#include "snooze/snooze_alert.h"
+#include "snooze/window/snooze_alert_window.h"
+#include "ui/content_view.h"
+#include "ui/status_image.h"
+#include "ui/theme.h"
+#include "ui/tray_image.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QEventLoop>
+#include <QPainter>
+
+#include <cstdint>
+#include <cstdio>
+#include <utility>
+#include <vector>
+
+namespace voltmere {
+
+namespace {
+
+/// An appearance that the pictures choose.
+class ChosenAppearance : public Appearance {
+public:
+    std::optional<ColourScheme> bestMatch() const override { return scheme; }
+    void onChange(std::function<void()> /*action*/) override { }
+
+    ColourScheme scheme = ColourScheme::light;
+};
+
+/// The program without a desktop: one reading, settings that nobody keeps, no outside effects.
+class Studio {
+public:
+    explicit Studio(const CommandLine& commandLine)
+        : peripherals(commandLine)
+        , reader(std::make_shared<DeviceReader>([this] { return peripherals.choose(); }, clock))
+        , model({defaults, runLoop, clock, calendar, loginItems, notifications,
+                 notificationDelegate, alerts, log, reader})
+    {
+        BatteryModel::launchSettled = true;
+        waitForReading();
+    }
+
+    void setAppearance(ColourScheme scheme)
+    {
+        appearance.scheme = scheme;
+        applyPalette(scheme);
+    }
+
+    ChosenAppearance appearance;
+    SystemClock clock;
+    PosixCalendar calendar;
+    PosixSystemLog log;
+    QtRunLoop runLoop;
+    MemoryDefaults defaults;
+    PendingLoginItems loginItems;
+    PendingNotifications notifications;
+    QtApplication application;
+    NotificationDelegate notificationDelegate{runLoop, application};
+    PendingAlerts alerts;
+    Peripherals peripherals;
+    std::shared_ptr<DeviceReader> reader;
+    BatteryModel model;
+
+private:
+    void waitForReading()
+    {
+        QEventLoop loop;
+        const Subscription change = model.objectWillChange.subscribe([&loop] { loop.quit(); });
+        while (!model.lastChecked.get()) {
+            loop.exec();
+        }
+    }
+};
+
+/// A drawing on a strip of the colour that a menu bar or tray panel of that scheme has.
+QImage onBar(const QImage& picture, ColourScheme scheme)
+{
+    constexpr int margin = 6;
+    const qreal ratio = picture.devicePixelRatio();
+    const QSizeF size = picture.deviceIndependentSize() + QSizeF(2 * margin, 2 * margin);
+    QImage bar((size * ratio).toSize(), QImage::Format_RGB32);
+    bar.setDevicePixelRatio(ratio);
+    bar.fill(scheme == ColourScheme::dark ? QColor(0x2B, 0x2B, 0x2E) : QColor(0xEE, 0xEE, 0xF0));
+    QPainter(&bar).drawImage(QPointF(margin, margin), picture);
+    return bar;
+}
+
+/// Writes pictures into one directory and remembers whether all could be written.
+class Album {
+public:
+    explicit Album(QDir directory)
+        : directory(std::move(directory))
+    {
+    }
+
+    void add(const QString& name, const QImage& picture)
+    {
+        const QString path = directory.filePath(name + ".png");
+        if (!picture.save(path)) {
+            std::fprintf(stderr,
+                         "voltmere: cannot write %s; check that the directory is writable\n",
+                         qPrintable(path));
+            complete = false;
+        }
+    }
+
+    bool complete = true;
+
+private:
+    QDir directory;
+};
+
+void drawIcons(Studio& studio, const QString& suffix, Album& album)
+{
+    const ColourScheme scheme = studio.appearance.scheme;
+    const BatteryModel& model = studio.model;
+    const DrawnImage wide = StatusImage::make(model.devices, model.threshold, scheme);
+    album.add("menu-bar-" + suffix, onBar(wide.rendered(qApp->devicePixelRatio()), scheme));
+    constexpr QSize largestTray(64, 64);
+    const QIcon tray = makeTrayIcon(model.devices, model.threshold);
+    album.add("tray-" + suffix, onBar(tray.pixmap(largestTray, 1.0).toImage(), scheme));
+}
+
+void drawPanel(Studio& studio, const QString& suffix, Album& album)
+{
+    ContentView panel(studio.model, studio.appearance, [] {});
+    panel.adjustSize();
+    album.add("panel-" + suffix, panel.grab().toImage());
+}
+
+/// One of the forms that the reminder takes.
+struct AlertSample {
+    QString name;
+    std::vector<BatteryDevice> devices;
+    bool isLow;
+};
+
+std::vector<AlertSample> alertSamples()
+{
+    // An order that no known kind of device has makes the reminder list a device by its name.
+    constexpr std::int64_t otherKind = 3;
+    const BatteryDevice mouse{803, "Magic Mouse", 12, "magicmouse", 0};
+    const BatteryDevice keyboard{805, "Magic Keyboard", 8, "keyboard", 1};
+    const std::vector<BatteryDevice> longNames{
+        {803, "Magic Mouse of the meeting room", 12, "magicmouse", otherKind},
+        {805, "Magic Keyboard of the meeting room", 8, "keyboard", otherKind},
+        {804, "Magic Trackpad of the meeting room", 3, "trackpad", otherKind}};
+    BatteryDevice fullMouse = mouse;
+    fullMouse.level = 80;
+    BatteryDevice fullKeyboard = keyboard;
+    fullKeyboard.level = 64;
+    return {{"one-low", {mouse}, true},
+            {"two-low", {mouse, keyboard}, true},
+            {"three-low-long-names", longNames, true},
+            {"all-good", {fullMouse, fullKeyboard}, false},
+            {"no-device", {}, false}};
+}
+
+void drawAlerts(Studio& studio, const QString& suffix, Album& album)
+{
+    constexpr ClockTime preselected{15, 35};
+    for (const AlertSample& sample : alertSamples()) {
+        SnoozeAlertWindow alert(makeAlertContent(sample.devices, sample.isLow, preselected), {},
+                                studio.appearance);
+        alert.adjustSize();
+        album.add("alert-" + sample.name + "-" + suffix, alert.grab().toImage());
+    }
+}
+
+} // namespace
+
+int drawScreenshots(const CommandLine& commandLine)
+{
+    QDir directory(commandLine.screenshotsDirectory);
+    if (!directory.mkpath(".")) {
+        std::fprintf(stderr, "voltmere: cannot make the directory %s\n",
+                     qPrintable(commandLine.screenshotsDirectory));
+        return 1;
+    }
+    Studio studio(commandLine);
+    Album album(directory);
+    for (const auto& [scheme, name] : {std::pair(ColourScheme::light, QString("light")),
+                                       std::pair(ColourScheme::dark, QString("dark"))}) {
+        studio.setAppearance(scheme);
+        drawIcons(studio, name, album);
+        for (const AppLanguage language : {AppLanguage::zh, AppLanguage::en}) {
+            const std::string_view raw = rawValue(language);
+            studio.model.language = std::string(raw);
+            const QString suffix =
+                QString::fromUtf8(raw.data(), qsizetype(raw.size())) + "-" + name;
+            drawPanel(studio, suffix, album);
+            drawAlerts(studio, suffix, album);
+        }
+    }
+    return album.complete ? 0 : 1;
+}
+
+} // namespace voltmere

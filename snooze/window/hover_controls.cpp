@@ -1,0 +1,122 @@
+#include "snooze/window/hover_controls.h"
+
+#include "snooze/window/action_target.h"
+
+#include <QPainter>
+#include <QStyleOptionButton>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace voltmere {
+
+namespace {
+
+constexpr float overlayAlpha = 0.2F;
+constexpr double overlayInset = 0.5;      // points
+constexpr double largestCornerRadius = 6; // points
+
+/// A title comes from a table of texts, so its "&" is no mnemonic.
+QString literalTitle(QString title)
+{
+    return title.replace('&', "&&");
+}
+
+} // namespace
+
+HighlightButton::HighlightButton(const QString& title)
+    : QPushButton(literalTitle(title))
+{
+    setAutoDefault(false);
+    setAccessibleName(title);
+}
+
+void HighlightButton::setTarget(const std::weak_ptr<ActionTarget>& target)
+{
+    connect(this, &QPushButton::clicked, this, [target] {
+        if (const auto existing = target.lock()) {
+            existing->fire();
+        }
+    });
+}
+
+void HighlightButton::setHighlighted(bool on)
+{
+    if (highlighted != on) {
+        highlighted = on;
+        update();
+    }
+}
+
+void HighlightButton::initStyleOption(QStyleOptionButton* option) const
+{
+    QPushButton::initStyleOption(option);
+    if (highlighted) {
+        option->state |= QStyle::State_Sunken;
+        option->state &= ~QStyle::State_Raised;
+    }
+}
+
+void HoverButton::setHovering(bool nowHovering)
+{
+    hovering = nowHovering;
+    setHighlighted(hovering);
+}
+
+void HoverButton::mouseReleaseEvent(QMouseEvent* event)
+{
+    HighlightButton::mouseReleaseEvent(event);
+    if (hovering) {
+        setHighlighted(true);
+    }
+}
+
+HoverPopUpButton::HoverPopUpButton()
+{
+    // A pop-up list, not a menu as tall as the screen.
+    setStyleSheet(QStringLiteral("QComboBox { combobox-popup: 0; }"));
+}
+
+void HoverPopUpButton::setHovering(bool nowHovering)
+{
+    hovering = nowHovering;
+    update();
+}
+
+void HoverPopUpButton::paintEvent(QPaintEvent* event)
+{
+    QComboBox::paintEvent(event);
+    if (!hovering) {
+        return;
+    }
+    const double radius = std::min(height() * 0.5 - 1, largestCornerRadius);
+    QColor overlay = palette().color(QPalette::WindowText);
+    overlay.setAlphaF(overlayAlpha);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(overlay);
+    painter.drawRoundedRect(
+        QRectF(rect()).adjusted(overlayInset, overlayInset, -overlayInset, -overlayInset), radius,
+        radius);
+}
+
+void HoverPopUpButton::wheelEvent(QWheelEvent* event)
+{
+    // The reminder appears unasked: a wheel that happens to be over it must not change the time.
+    event->ignore();
+}
+
+NativeButtonHover::NativeButtonHover(HighlightButton* button)
+    : button(button)
+{
+}
+
+void NativeButtonHover::setHovering(bool hovering)
+{
+    if (button != nullptr) {
+        button->setHighlighted(hovering);
+    }
+}
+
+} // namespace voltmere

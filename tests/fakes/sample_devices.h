@@ -1,0 +1,22 @@
+#pragma once
+
+#include "devices/battery_device.h"
+
+namespace voltmere {
+
+inline BatteryDevice mouse(std::int64_t level)
+{
+    return {803, "Magic Mouse", level, "magicmouse", 0};
+}
+
+inline BatteryDevice keyboard(std::int64_t level)
+{
+    return {805, "Magic Keyboard", level, "keyboard", 1};
+}
+
+inline BatteryDevice trackpad(std::int64_t level)
+{
+    return {804, "Magic Trackpad", level, "rectangle.and.hand.point.up.left", 2};
+}
+
+} // namespace voltmere

@@ -1,0 +1,871 @@
+#include "fakes/model_world.h"
+#include "fakes/sample_devices.h"
+#include "fakes/time_zones.h"
+#include "platform/posix/posix_calendar.h"
+
+#include <gmock/gmock.h>
+
+namespace voltmere {
+namespace {
+
+using std::chrono::days;
+using std::chrono::hours;
+using std::chrono::minutes;
+using std::chrono::seconds;
+using testing::Each;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Optional;
+using testing::SizeIs;
+
+class CheckCycleTest : public testing::Test {
+protected:
+    /// Starts the model with a low mouse, whose reminder every full check brings up again, and
+    /// takes the first check.
+    BatteryModel& startWithLowMouse()
+    {
+        world.setLevels({{803, 10}});
+        BatteryModel& model = world.start();
+        world.runLoop.settle();
+        return model;
+    }
+
+    /// Full checks so far, of a mouse that has been low all the time.
+    int fullChecks() const
+    {
+        int checks = 0;
+        for (const auto& alert : world.alerts.shown) {
+            checks += 1 + alert->broughtToFront;
+        }
+        return checks;
+    }
+
+    int readings() const { return world.batteries.readings; }
+
+    int quietRefreshes() const { return readings() - fullChecks(); }
+
+    void advance(Seconds span) { world.runLoop.advance(span); }
+
+    /// Finishes the reading that waits at `position`, out of turn. Its result waits for `settle`.
+    void finishReading(std::size_t position)
+    {
+        auto& background = world.runLoop.background;
+        const auto found = background.begin() + static_cast<std::ptrdiff_t>(position);
+        const RunLoop::Action work = std::move(*found);
+        background.erase(found);
+        work();
+    }
+
+    /// Hides the reminder, so that the next one is a new one.
+    void dismissAlert() { world.alerts.shown.back()->actions.cancel(); }
+
+    ModelWorld world;
+};
+
+TEST_F(CheckCycleTest, TheFirstReadingIsAFullCheckAtOnce)
+{
+    startWithLowMouse();
+
+    EXPECT_EQ(readings(), 1);
+    EXPECT_EQ(fullChecks(), 1);
+    EXPECT_THAT(world.log.lines, IsEmpty());
+}
+
+TEST_F(CheckCycleTest, TheDevicesAreNeverReadOnTheMainThread)
+{
+    BatteryModel& model = world.start();
+    model.checkNow();
+    model.refresh(true);
+    model.refresh(false);
+
+    EXPECT_EQ(readings(), 0);
+    EXPECT_THAT(world.runLoop.background, SizeIs(4));
+}
+
+TEST_F(CheckCycleTest, TheResultReachesTheModelOnTheMainThread)
+{
+    world.setLevels({{803, 80}});
+    const BatteryModel& model = world.start();
+
+    finishReading(0);
+    EXPECT_THAT(model.devices.get(), IsEmpty());
+    EXPECT_EQ(model.status.get(), "Waiting for check");
+
+    world.runLoop.settle();
+    EXPECT_THAT(model.devices.get(), ElementsAre(mouse(80)));
+    EXPECT_EQ(model.status.get(), "Battery level is fine");
+}
+
+TEST_F(CheckCycleTest, AQuietRefreshComesEveryFifthTick)
+{
+    startWithLowMouse();
+
+    advance(seconds(299));
+    EXPECT_EQ(readings(), 1);
+    advance(seconds(1));
+    EXPECT_EQ(readings(), 2);
+    advance(seconds(299));
+    EXPECT_EQ(readings(), 2);
+    advance(seconds(1));
+    EXPECT_EQ(readings(), 3);
+    EXPECT_EQ(fullChecks(), 1);
+}
+
+TEST_F(CheckCycleTest, WithTheDailyCheckOffTicksNeverCheckButStillRefreshEveryFifthTick)
+{
+    BatteryModel& model = startWithLowMouse();
+    model.enabled = false;
+
+    advance(days(1));
+
+    EXPECT_EQ(fullChecks(), 1);
+    EXPECT_EQ(quietRefreshes(), 288);
+}
+
+TEST_F(CheckCycleTest, ATickAt223040ChecksAndTheNextRefreshComesFiveTicksLater)
+{
+    world.setClock(22, 27, 40);
+    startWithLowMouse();
+
+    advance(seconds(179));
+    EXPECT_EQ(readings(), 1);
+    advance(seconds(1));
+    EXPECT_EQ(readings(), 2);
+    EXPECT_EQ(fullChecks(), 2);
+
+    advance(seconds(299));
+    EXPECT_EQ(readings(), 2);
+    advance(seconds(1));
+    EXPECT_EQ(readings(), 3);
+    EXPECT_EQ(fullChecks(), 2);
+}
+
+TEST_F(CheckCycleTest, AFullCheckTakesThePlaceOfARefreshThatIsDue)
+{
+    world.setClock(22, 25);
+    startWithLowMouse();
+
+    advance(minutes(5));
+
+    EXPECT_EQ(readings(), 2);
+    EXPECT_EQ(fullChecks(), 2);
+}
+
+TEST_F(CheckCycleTest, ChangingTheHourRestartsTheTimerAndTheCount)
+{
+    BatteryModel& model = startWithLowMouse();
+
+    advance(seconds(4 * 60 + 30));
+    model.checkHour = 21;
+    advance(seconds(299));
+    EXPECT_EQ(readings(), 1);
+    advance(seconds(1));
+    EXPECT_EQ(readings(), 2);
+}
+
+TEST_F(CheckCycleTest, AssigningTheSameHourRestartsTheTimerAndTheCount)
+{
+    BatteryModel& model = startWithLowMouse();
+
+    advance(seconds(4 * 60 + 30));
+    model.checkHour = 22;
+    advance(seconds(299));
+    EXPECT_EQ(readings(), 1);
+    advance(seconds(1));
+    EXPECT_EQ(readings(), 2);
+}
+
+TEST_F(CheckCycleTest, ChangingTheMinuteOrTheSwitchRestartsTheTimerAndTheCount)
+{
+    BatteryModel& model = startWithLowMouse();
+
+    advance(minutes(4));
+    model.checkMinute = 0;
+    advance(minutes(4));
+    model.enabled = false;
+    advance(minutes(4));
+    EXPECT_EQ(readings(), 1);
+    advance(minutes(1));
+    EXPECT_EQ(readings(), 2);
+}
+
+TEST_F(CheckCycleTest, ChangingAnotherSettingLeavesTheTimerAndTheCount)
+{
+    BatteryModel& model = startWithLowMouse();
+
+    advance(minutes(4));
+    model.threshold = 30;
+    model.instantEnabled = true;
+    model.language = "zh";
+    advance(minutes(1));
+
+    EXPECT_EQ(readings(), 2);
+}
+
+TEST_F(CheckCycleTest, TheFirstTickComesSixtySecondsAfterAChange)
+{
+    world.setClock(22, 29, 50);
+    BatteryModel& model = startWithLowMouse();
+
+    // The tick of 22:30:50 never comes: the timer starts anew at 22:30:40.
+    advance(seconds(50));
+    model.checkHour = 22;
+    advance(seconds(60));
+    EXPECT_EQ(fullChecks(), 1);
+    model.checkMinute = 32;
+    advance(seconds(60));
+    EXPECT_EQ(fullChecks(), 2);
+}
+
+TEST_F(CheckCycleTest, AWholeWeekTakesSevenDailyChecksAnd2009QuietRefreshes)
+{
+    BatteryModel& model = startWithLowMouse();
+    model.checkMinute = 32;
+    std::vector<int> checkTimes;
+    int refreshes = 0;
+
+    for (int tick = 1; tick <= 7 * 24 * 60; ++tick) {
+        const int readingsBefore = readings();
+        const int checksBefore = fullChecks();
+        advance(minutes(1));
+        ASSERT_LE(readings(), readingsBefore + 1);
+        if (fullChecks() > checksBefore) {
+            const LocalTime now = world.calendar.localTime(world.clock.now());
+            checkTimes.push_back(now.hour * 100 + now.minute);
+        } else if (readings() > readingsBefore) {
+            ++refreshes;
+            // From the start every five ticks; from the first check on, every five after it.
+            ASSERT_EQ(tick % 5, checkTimes.empty() ? 0 : 752 % 5) << tick;
+        }
+    }
+
+    EXPECT_THAT(checkTimes, SizeIs(7));
+    EXPECT_THAT(checkTimes, Each(2232));
+    EXPECT_EQ(refreshes, 2009);
+}
+
+TEST_F(CheckCycleTest, AWholeWeekWithoutTheDailyCheckTakes2016QuietRefreshes)
+{
+    BatteryModel& model = startWithLowMouse();
+    model.enabled = false;
+
+    advance(days(7));
+
+    EXPECT_EQ(fullChecks(), 1);
+    EXPECT_EQ(quietRefreshes(), 2016);
+}
+
+TEST_F(CheckCycleTest, TwoTicksInTheChosenMinuteCheckTwice)
+{
+    world.setClock(22, 29, 0);
+    startWithLowMouse();
+
+    advance(seconds(60));
+    EXPECT_EQ(fullChecks(), 2);
+
+    // A time server takes one second back: the next tick is at 22:30:59.
+    world.clock.present -= seconds(1);
+    advance(seconds(60));
+    EXPECT_EQ(fullChecks(), 3);
+    EXPECT_EQ(quietRefreshes(), 0);
+}
+
+TEST_F(CheckCycleTest, ATickDelayedPastTheChosenMinuteMissesThatDaysCheck)
+{
+    world.setClock(22, 28, 30);
+    startWithLowMouse();
+
+    advance(seconds(60));
+    world.runLoop.sleepFor(seconds(100));
+    // 22:31:10
+    EXPECT_EQ(fullChecks(), 1);
+
+    advance(hours(23) + minutes(58));
+    EXPECT_EQ(fullChecks(), 1);
+    advance(minutes(2));
+    EXPECT_EQ(fullChecks(), 2);
+}
+
+TEST_F(CheckCycleTest, ATickDelayedWithinTheChosenMinuteStillChecks)
+{
+    world.setClock(22, 28, 30);
+    startWithLowMouse();
+
+    advance(seconds(60));
+    world.runLoop.sleepFor(seconds(89));
+    // 22:30:59
+    EXPECT_EQ(fullChecks(), 2);
+}
+
+TEST_F(CheckCycleTest, AfterASleepTheTimerTicksOnceNotOncePerMissedMinute)
+{
+    startWithLowMouse();
+
+    world.runLoop.sleepFor(hours(8));
+    EXPECT_EQ(readings(), 1);
+
+    advance(minutes(3));
+    EXPECT_EQ(readings(), 1);
+    advance(minutes(1));
+    EXPECT_EQ(readings(), 2);
+    EXPECT_EQ(fullChecks(), 1);
+}
+
+TEST_F(CheckCycleTest, ASleepThatEndsInTheChosenMinuteChecksOnce)
+{
+    startWithLowMouse();
+
+    world.runLoop.sleepFor(hours(12) + minutes(30) + seconds(20));
+
+    EXPECT_EQ(readings(), 2);
+    EXPECT_EQ(fullChecks(), 2);
+}
+
+TEST_F(CheckCycleTest, AClockSetBackChecksAgain)
+{
+    world.setClock(22, 29);
+    startWithLowMouse();
+    advance(minutes(1));
+    EXPECT_EQ(fullChecks(), 2);
+
+    world.setClock(22, 20);
+    advance(minutes(9));
+    EXPECT_EQ(fullChecks(), 2);
+    advance(minutes(1));
+    EXPECT_EQ(fullChecks(), 3);
+}
+
+TEST_F(CheckCycleTest, AClockSetForwardOverTheChosenMinuteMissesIt)
+{
+    world.setClock(22, 29);
+    startWithLowMouse();
+
+    world.setClock(22, 31);
+    advance(hours(23) + minutes(58));
+    EXPECT_EQ(fullChecks(), 1);
+    advance(minutes(1));
+    EXPECT_EQ(fullChecks(), 2);
+}
+
+TEST_F(CheckCycleTest, AClockSetForwardIntoTheChosenMinuteChecks)
+{
+    startWithLowMouse();
+
+    world.setClock(22, 29, 5);
+    advance(minutes(1));
+
+    EXPECT_EQ(fullChecks(), 2);
+}
+
+TEST_F(CheckCycleTest, AClockChangeLeavesTheTicksSixtySecondsApart)
+{
+    startWithLowMouse();
+    advance(minutes(2));
+
+    world.setClock(3, 0);
+    advance(seconds(179));
+    EXPECT_EQ(readings(), 1);
+    advance(seconds(1));
+    EXPECT_EQ(readings(), 2);
+}
+
+TEST_F(CheckCycleTest, AChangeOfZoneMovesTheDailyCheckAtOnce)
+{
+    startWithLowMouse();
+
+    // 10:00 becomes 22:00.
+    world.calendar.offset = hours(12);
+    advance(minutes(29));
+    EXPECT_EQ(fullChecks(), 1);
+    advance(minutes(1));
+    EXPECT_EQ(fullChecks(), 2);
+
+    // Back home the clock comes to 22:30 once more on the same day.
+    world.calendar.offset = hours(0);
+    advance(hours(12));
+    EXPECT_EQ(fullChecks(), 3);
+}
+
+/// The same with the C library's calendar, on the days when the clock changes.
+class CheckCycleSummerTimeTest : public CheckCycleTest {
+protected:
+    /// Starts at midnight of the zone with a check time of 2:30.
+    void startAt(Instant midnight)
+    {
+        world.clock.present = midnight;
+        world.setLevels({{803, 10}});
+        world.model = std::make_unique<BatteryModel>(
+            ModelServices{world.defaults, world.runLoop, world.clock, calendar, world.loginItems,
+                          world.notifications, world.notificationDelegate, world.alerts, world.log,
+                          world.reader});
+        world.model->checkHour = 2;
+        world.model->checkMinute = 30;
+        world.runLoop.settle();
+    }
+
+    void TearDown() override { world.model.reset(); }
+
+    ZoneGuard zone{zones::centralEurope};
+    PosixCalendar calendar;
+};
+
+TEST_F(CheckCycleSummerTimeTest, AnOrdinaryNightChecksOnce)
+{
+    startAt(universalTime(2026, 3, 1, 23));
+
+    advance(hours(24));
+
+    EXPECT_EQ(fullChecks(), 2);
+}
+
+TEST_F(CheckCycleSummerTimeTest, ACheckTimeThatSummerTimeSkipsIsMissedThatDay)
+{
+    startAt(universalTime(2026, 3, 28, 23));
+
+    advance(hours(23));
+    EXPECT_EQ(fullChecks(), 1);
+    advance(hours(24));
+    EXPECT_EQ(fullChecks(), 2);
+}
+
+TEST_F(CheckCycleSummerTimeTest, ACheckTimeThatComesTwiceChecksTwice)
+{
+    startAt(universalTime(2026, 10, 24, 22));
+
+    advance(hours(25));
+
+    EXPECT_EQ(fullChecks(), 3);
+}
+
+TEST_F(CheckCycleTest, AFullCheckResolvesNamesAfreshAndAQuietRefreshUsesTheCache)
+{
+    world.names.names = {{"AA-BB-CC-DD-EE-FF", "Ada's mouse"}};
+    world.setClock(22, 22);
+    startWithLowMouse();
+    EXPECT_EQ(world.names.readings, 1);
+
+    advance(minutes(5));
+    EXPECT_EQ(readings(), 2);
+    EXPECT_EQ(world.names.readings, 1);
+
+    advance(minutes(3));
+    EXPECT_EQ(readings(), 3);
+    EXPECT_EQ(world.names.readings, 2);
+}
+
+TEST_F(CheckCycleTest, AFullCheckAlertsOfEveryLowDeviceWhateverTheInstantSwitchSays)
+{
+    BatteryModel& model = startWithLowMouse();
+    model.instantEnabled = false;
+    dismissAlert();
+    world.setLevels({{803, 10}, {805, 9}});
+
+    model.checkNow();
+    world.runLoop.settle();
+
+    ASSERT_THAT(world.alerts.shown, SizeIs(2));
+    EXPECT_EQ(world.alerts.shown.back()->content.detail, "Mouse10%, Keyboard9%. Please charge.");
+    EXPECT_THAT(world.log.lines, IsEmpty());
+}
+
+TEST_F(CheckCycleTest, ATicksRefreshAlertsOfANewlyLowDeviceAndLogsIt)
+{
+    startWithLowMouse();
+    dismissAlert();
+    world.setLevels({{803, 9}, {805, 20}});
+
+    advance(minutes(5));
+
+    ASSERT_THAT(world.alerts.shown, SizeIs(2));
+    EXPECT_EQ(world.alerts.shown.back()->content.title, "Magic Keyboard battery alert");
+    EXPECT_THAT(world.log.lines, ElementsAre("Voltmere: 立即提醒 Magic Keyboard 20%"));
+}
+
+TEST_F(CheckCycleTest, TheLogLineOfTwoDevicesNamesBothWhateverTheLanguage)
+{
+    BatteryModel& model = world.start();
+    world.runLoop.settle();
+    model.language = "zh";
+    world.setLevels({{805, 9}, {803, 15}});
+
+    advance(minutes(5));
+
+    EXPECT_THAT(world.log.lines,
+                ElementsAre("Voltmere: 立即提醒 Magic Mouse 15%, Magic Keyboard 9%"));
+    ASSERT_THAT(world.alerts.shown, SizeIs(1));
+    EXPECT_EQ(world.alerts.shown.back()->content.title, "外设电量提醒");
+}
+
+TEST_F(CheckCycleTest, TwoRefreshesThatFindTheMouseLowGiveOneAlertAndOneLogLine)
+{
+    world.start();
+    world.runLoop.settle();
+    world.setLevels({{803, 10}});
+
+    advance(minutes(10));
+
+    EXPECT_EQ(readings(), 3);
+    ASSERT_THAT(world.alerts.shown, SizeIs(1));
+    EXPECT_EQ(world.alerts.shown.front()->broughtToFront, 0);
+    EXPECT_THAT(world.log.lines, SizeIs(1));
+}
+
+TEST_F(CheckCycleTest, ADeviceChargedAbove20IsAlertedAgainWhenItFallsTo20)
+{
+    startWithLowMouse();
+    dismissAlert();
+    world.setLevels({{803, 21}});
+    advance(minutes(5));
+    world.setLevels({{803, 20}});
+    advance(minutes(5));
+
+    EXPECT_THAT(world.alerts.shown, SizeIs(2));
+    EXPECT_THAT(world.log.lines, ElementsAre("Voltmere: 立即提醒 Magic Mouse 20%"));
+}
+
+TEST_F(CheckCycleTest, ADeviceAtExactlyTheThresholdIsAlertedAndNotReleased)
+{
+    world.setLevels({{803, 20}});
+    world.start();
+    world.runLoop.settle();
+    EXPECT_THAT(world.alerts.shown, SizeIs(1));
+    dismissAlert();
+
+    advance(minutes(10));
+    EXPECT_THAT(world.alerts.shown, SizeIs(1));
+}
+
+TEST_F(CheckCycleTest, TheDailyCheckAlertsAgainOfAllLowDevicesOldAndNew)
+{
+    world.setClock(22, 29);
+    startWithLowMouse();
+    dismissAlert();
+    world.setLevels({{804, 80}, {805, 9}, {803, 8}});
+
+    advance(minutes(1));
+
+    ASSERT_THAT(world.alerts.shown, SizeIs(2));
+    EXPECT_EQ(world.alerts.shown.back()->content.detail, "Mouse8%, Keyboard9%. Please charge.");
+    EXPECT_THAT(world.log.lines, IsEmpty());
+}
+
+TEST_F(CheckCycleTest, WithInstantAlertsOffARefreshShowsAndLogsNothingButReleases)
+{
+    BatteryModel& model = startWithLowMouse();
+    dismissAlert();
+    model.instantEnabled = false;
+    world.setLevels({{803, 90}, {805, 9}});
+    advance(minutes(5));
+    EXPECT_THAT(world.alerts.shown, SizeIs(1));
+    EXPECT_THAT(world.log.lines, IsEmpty());
+
+    model.instantEnabled = true;
+    world.setLevels({{803, 10}});
+    advance(minutes(5));
+    EXPECT_THAT(world.log.lines, ElementsAre("Voltmere: 立即提醒 Magic Mouse 10%"));
+}
+
+TEST_F(CheckCycleTest, ThePanelsRefreshShowsAndLogsNothingButReleases)
+{
+    BatteryModel& model = startWithLowMouse();
+    dismissAlert();
+    world.setLevels({{803, 90}, {805, 9}});
+    model.refresh(false);
+    world.runLoop.settle();
+    EXPECT_THAT(model.devices.get(), ElementsAre(mouse(90), keyboard(9)));
+    EXPECT_THAT(world.alerts.shown, SizeIs(1));
+    EXPECT_THAT(world.log.lines, IsEmpty());
+
+    world.setLevels({{803, 10}, {805, 9}});
+    advance(minutes(5));
+    EXPECT_THAT(world.log.lines,
+                ElementsAre("Voltmere: 立即提醒 Magic Mouse 10%, Magic Keyboard 9%"));
+}
+
+TEST_F(CheckCycleTest, ThePanelsRefreshLeavesTheTickCount)
+{
+    BatteryModel& model = startWithLowMouse();
+    advance(minutes(4));
+    model.refresh(false);
+    world.runLoop.settle();
+    EXPECT_EQ(readings(), 2);
+
+    advance(minutes(1));
+    EXPECT_EQ(readings(), 3);
+}
+
+TEST_F(CheckCycleTest, AnEmptyReadingSaysSoClearsTheDevicesAndStampsTheTime)
+{
+    BatteryModel& model = startWithLowMouse();
+    world.setLevels({});
+    advance(minutes(5));
+
+    EXPECT_EQ(model.status.get(), "No peripherals found");
+    EXPECT_THAT(model.devices.get(), IsEmpty());
+    EXPECT_THAT(model.lastChecked.get(), Optional(world.clock.now()));
+}
+
+TEST_F(CheckCycleTest, AnEmptyReadingSaysSoInChinese)
+{
+    BatteryModel& model = startWithLowMouse();
+    world.setLevels({});
+    model.language = "zh";
+    advance(minutes(5));
+
+    EXPECT_EQ(model.status.get(), "未检测到外设");
+}
+
+TEST_F(CheckCycleTest, AnEmptyReadingKeepsWhoWasAlerted)
+{
+    startWithLowMouse();
+    dismissAlert();
+    world.setLevels({});
+    advance(minutes(5));
+    world.setLevels({{803, 10}});
+    advance(minutes(5));
+
+    EXPECT_THAT(world.alerts.shown, SizeIs(1));
+    EXPECT_THAT(world.log.lines, IsEmpty());
+}
+
+TEST_F(CheckCycleTest, ADeviceThatVanishesKeepsItsState)
+{
+    startWithLowMouse();
+    dismissAlert();
+    world.setLevels({{805, 80}});
+    advance(minutes(5));
+    world.setLevels({{803, 10}, {805, 80}});
+    advance(minutes(5));
+
+    EXPECT_THAT(world.alerts.shown, SizeIs(1));
+}
+
+TEST_F(CheckCycleTest, ARaisedThresholdAlertsAtTheNextReading)
+{
+    world.setLevels({{803, 40}});
+    BatteryModel& model = world.start();
+    world.runLoop.settle();
+
+    model.threshold = 50;
+    EXPECT_EQ(model.status.get(), "Battery level is fine");
+    EXPECT_THAT(world.alerts.shown, IsEmpty());
+
+    advance(minutes(5));
+    EXPECT_EQ(model.status.get(), "Low battery: Magic Mouse 40%");
+    EXPECT_THAT(world.log.lines, ElementsAre("Voltmere: 立即提醒 Magic Mouse 40%"));
+}
+
+TEST_F(CheckCycleTest, ARestartForgetsWhoWasAlerted)
+{
+    startWithLowMouse();
+    dismissAlert();
+
+    startWithLowMouse();
+
+    EXPECT_THAT(world.alerts.shown, SizeIs(2));
+}
+
+TEST_F(CheckCycleTest, TheStatusNamesADeviceAtExactlyTheThreshold)
+{
+    world.setLevels({{803, 20}, {805, 21}});
+    const BatteryModel& model = world.start();
+    world.runLoop.settle();
+
+    EXPECT_EQ(model.status.get(), "Low battery: Magic Mouse 20%");
+}
+
+TEST_F(CheckCycleTest, TheStatusSeparatesThreeLowDevicesAsTheLanguageDoes)
+{
+    world.setLevels({{803, 3}, {805, 2}, {804, 1}});
+    BatteryModel& model = world.start();
+    world.runLoop.settle();
+    EXPECT_EQ(model.status.get(),
+              "Low battery: Magic Mouse 3%, Magic Keyboard 2%, Magic Trackpad 1%");
+
+    model.language = "zh";
+    EXPECT_EQ(model.status.get(), "电量偏低：Magic Mouse 3%、Magic Keyboard 2%、Magic Trackpad 1%");
+}
+
+TEST_F(CheckCycleTest, ThePayloadIsTheLowDeviceOfThreeAndLeavesTheAlertedOnes)
+{
+    world.setLevels({{803, 80}, {805, 15}, {804, 64}});
+    BatteryModel& model = world.start();
+    world.runLoop.settle();
+    dismissAlert();
+
+    EXPECT_EQ(model.alertPayload(), (AlertPayload{{keyboard(15)}, true}));
+    advance(minutes(5));
+    EXPECT_THAT(world.alerts.shown, SizeIs(1));
+}
+
+TEST_F(CheckCycleTest, ThePayloadIsAllDevicesWhenNoneIsLowAndFollowsTheThresholdAtOnce)
+{
+    world.setLevels({{803, 80}, {805, 64}, {804, 50}});
+    BatteryModel& model = world.start();
+    world.runLoop.settle();
+    EXPECT_EQ(model.alertPayload(), (AlertPayload{{mouse(80), keyboard(64), trackpad(50)}, false}));
+
+    model.threshold = 64;
+    EXPECT_EQ(model.alertPayload(), (AlertPayload{{keyboard(64), trackpad(50)}, true}));
+}
+
+TEST_F(CheckCycleTest, ThePayloadIsEmptyWithNoDevices)
+{
+    const BatteryModel& model = world.start();
+    world.runLoop.settle();
+
+    EXPECT_EQ(model.alertPayload(), (AlertPayload{{}, false}));
+}
+
+TEST_F(CheckCycleTest, AResultIsJudgedByTheSettingsThatHoldWhenItArrives)
+{
+    world.setLevels({{803, 40}});
+    BatteryModel& model = world.start();
+    finishReading(0);
+
+    model.threshold = 50;
+    world.runLoop.settle();
+
+    EXPECT_EQ(model.status.get(), "Low battery: Magic Mouse 40%");
+    EXPECT_THAT(world.alerts.shown, SizeIs(1));
+}
+
+TEST_F(CheckCycleTest, TheTimeIsStampedWhenAResultIsAppliedNotWhenTheReadingStarts)
+{
+    const BatteryModel& model = world.start();
+    finishReading(0);
+    EXPECT_EQ(model.lastChecked.get(), std::nullopt);
+
+    world.clock.present += seconds(7);
+    world.runLoop.settle();
+    EXPECT_THAT(model.lastChecked.get(), Optional(world.clock.now()));
+}
+
+TEST_F(CheckCycleTest, AReadingUnderWayChangesNothingThatAPersonSees)
+{
+    BatteryModel& model = startWithLowMouse();
+    int announcements = 0;
+    const Subscription subscription =
+        model.objectWillChange.subscribe([&announcements] { ++announcements; });
+
+    model.checkNow();
+    finishReading(0);
+    EXPECT_EQ(announcements, 0);
+
+    // The time, the devices and the status.
+    world.runLoop.settle();
+    EXPECT_EQ(announcements, 3);
+}
+
+TEST_F(CheckCycleTest, AResultStampsTheTimeThenStoresTheDevicesThenTheStatus)
+{
+    world.setLevels({{803, 80}});
+    BatteryModel& model = world.start();
+    std::vector<std::string> events;
+    const Subscription subscription = model.objectWillChange.subscribe([&] {
+        events.push_back(std::string(model.lastChecked->has_value() ? "stamped" : "unstamped") +
+                         ", " + std::to_string(model.devices->size()) + ", " + model.status.get());
+    });
+
+    world.runLoop.settle();
+
+    EXPECT_THAT(events,
+                ElementsAre("unstamped, 0, Waiting for check", "stamped, 0, Waiting for check",
+                            "stamped, 1, Waiting for check"));
+}
+
+TEST_F(CheckCycleTest, TwoReadingsThatOverlapAreAppliedInTheOrderInWhichTheyFinish)
+{
+    BatteryModel& model = world.start();
+    model.refresh(false);
+    ASSERT_THAT(world.runLoop.background, SizeIs(2));
+
+    world.setLevels({{803, 80}});
+    finishReading(1);
+    world.setLevels({{803, 79}});
+    finishReading(0);
+    std::vector<std::int64_t> levels;
+    const Subscription subscription = model.objectWillChange.subscribe([&] {
+        if (!model.devices->empty()) {
+            levels.push_back(model.devices->front().level);
+        }
+    });
+    world.runLoop.settle();
+
+    EXPECT_THAT(model.devices.get(), ElementsAre(mouse(79)));
+    // Announced before the first status, the second time, devices and status, in this order.
+    EXPECT_THAT(levels, ElementsAre(80, 80, 80, 79));
+}
+
+TEST_F(CheckCycleTest, OverlappingReadingsKeepTheirOwnFlags)
+{
+    BatteryModel& model = world.start();
+    model.refresh(false);
+    world.setLevels({{803, 10}});
+
+    finishReading(1);
+    world.runLoop.posted.front()();
+    world.runLoop.posted.pop_front();
+    EXPECT_THAT(model.devices.get(), ElementsAre(mouse(10)));
+    EXPECT_THAT(world.alerts.shown, IsEmpty());
+
+    finishReading(0);
+    world.runLoop.settle();
+    EXPECT_THAT(world.alerts.shown, SizeIs(1));
+}
+
+TEST_F(CheckCycleTest, AReadingThatHangsHoldsUpNoOther)
+{
+    const BatteryModel& model = world.start();
+    const RunLoop::Action hanging = std::move(world.runLoop.background.front());
+    world.runLoop.background.pop_front();
+    world.setLevels({{803, 80}});
+    advance(minutes(10));
+    EXPECT_THAT(model.devices.get(), ElementsAre(mouse(80)));
+    EXPECT_EQ(readings(), 2);
+
+    // Its late result is applied like any other.
+    world.setLevels({{803, 77}});
+    hanging();
+    world.runLoop.settle();
+    EXPECT_THAT(model.devices.get(), ElementsAre(mouse(77)));
+}
+
+TEST_F(CheckCycleTest, AReadingThatOutlivesTheModelDoesNothing)
+{
+    world.setLevels({{803, 10}});
+    world.start();
+    world.model.reset();
+
+    advance(minutes(10));
+
+    EXPECT_EQ(readings(), 1);
+    EXPECT_THAT(world.alerts.shown, IsEmpty());
+    EXPECT_THAT(world.log.lines, IsEmpty());
+}
+
+TEST_F(CheckCycleTest, AResultThatOutlivesTheModelDoesNothing)
+{
+    world.setLevels({{803, 10}});
+    world.start();
+    finishReading(0);
+    world.model.reset();
+    ASSERT_THAT(world.runLoop.posted, SizeIs(1));
+
+    world.runLoop.settle();
+
+    EXPECT_THAT(world.alerts.shown, IsEmpty());
+}
+
+TEST_F(CheckCycleTest, TheTimerReadsNothingOnceTheModelIsGone)
+{
+    startWithLowMouse();
+    world.model.reset();
+
+    advance(hours(24));
+
+    EXPECT_EQ(readings(), 1);
+}
+
+} // namespace
+} // namespace voltmere

@@ -1,0 +1,234 @@
+#include "alerting/notification_setup.h"
+#include "fakes/model_world.h"
+
+#include <gmock/gmock.h>
+
+namespace voltmere {
+namespace {
+
+using testing::IsEmpty;
+using testing::SizeIs;
+
+/// Start-up in its two halves, which the platform may run in either order.
+class StartUpTest : public testing::Test {
+protected:
+    StartUpTest() { BatteryModel::launchSettled = false; }
+
+    /// What the application does once the platform has launched it.
+    void finishLaunching()
+    {
+        L10n::loadSetting(world.defaults);
+        NotificationSetup::registerCategories(world.notifications, world.notificationDelegate);
+        BatteryModel::launchSettled = true;
+    }
+
+    void advance(double seconds) { world.runLoop.advance(Seconds(seconds)); }
+
+    ModelWorld world;
+};
+
+TEST(LaunchSettledTest, IsFalseUntilTheApplicationSaysSo)
+{
+    EXPECT_FALSE(BatteryModel::launchSettled);
+}
+
+TEST_F(StartUpTest, TheModelDoesNotSettleTheLaunchItself)
+{
+    world.start();
+    advance(60);
+
+    EXPECT_FALSE(BatteryModel::launchSettled);
+}
+
+TEST_F(StartUpTest, ModelFirstALowDeviceShowsNoReminderBeforeLaunchHasFinished)
+{
+    world.setLevels({{803, 10}});
+    const BatteryModel& model = world.start();
+    advance(30);
+
+    EXPECT_THAT(model.devices.get(), SizeIs(1));
+    EXPECT_THAT(world.alerts.shown, IsEmpty());
+}
+
+TEST_F(StartUpTest, ModelFirstTheReminderAppearsOnceLaunchHasFinished)
+{
+    world.setLevels({{803, 10}});
+    world.start();
+    advance(0.5);
+    finishLaunching();
+    EXPECT_THAT(world.alerts.shown, IsEmpty());
+
+    advance(1.2);
+    ASSERT_THAT(world.alerts.shown, SizeIs(1));
+    EXPECT_EQ(world.alerts.shown.front()->content.title, "Magic Mouse battery alert");
+
+    advance(60);
+    EXPECT_THAT(world.alerts.shown, SizeIs(1));
+    EXPECT_EQ(world.alerts.shown.front()->broughtToFront, 0);
+}
+
+TEST_F(StartUpTest, DelegateFirstTheReminderAppearsWithTheFirstResult)
+{
+    world.setLevels({{803, 10}});
+    finishLaunching();
+    world.start();
+    EXPECT_THAT(world.alerts.shown, IsEmpty());
+
+    advance(0);
+    EXPECT_THAT(world.alerts.shown, SizeIs(1));
+}
+
+TEST_F(StartUpTest, LaunchThatFinishesBeforeTheFirstResultNeedsNoRetry)
+{
+    world.setLevels({{803, 10}});
+    world.start();
+    finishLaunching();
+
+    advance(0);
+    EXPECT_THAT(world.alerts.shown, SizeIs(1));
+}
+
+TEST_F(StartUpTest, TheRetryComesEvery1200Milliseconds)
+{
+    world.setLevels({{803, 10}});
+    world.start();
+
+    // Retries at 1.2, 2.4 and 3.6 seconds; launch finishes after the second.
+    advance(2.5);
+    finishLaunching();
+    advance(1.05);
+    EXPECT_THAT(world.alerts.shown, IsEmpty());
+    advance(0.1);
+    EXPECT_THAT(world.alerts.shown, SizeIs(1));
+}
+
+TEST_F(StartUpTest, OneReminderWaitsAsOneRetryAtATime)
+{
+    world.setLevels({{803, 10}});
+    world.start();
+    const std::size_t timersBefore = world.runLoop.timerCount();
+
+    advance(30);
+
+    EXPECT_EQ(world.runLoop.timerCount(), timersBefore + 1);
+}
+
+TEST_F(StartUpTest, TheRetryShowsTheDevicesThatItWasAskedFor)
+{
+    world.setLevels({{803, 10}});
+    BatteryModel& model = world.start();
+    advance(0.5);
+    world.setLevels({{803, 90}});
+    model.refresh(false);
+    advance(0.1);
+    finishLaunching();
+
+    advance(1.2);
+    ASSERT_THAT(world.alerts.shown, SizeIs(1));
+    EXPECT_EQ(world.alerts.shown.front()->content.detail, "Battery at 10%. Please charge.");
+}
+
+TEST_F(StartUpTest, TheRetryPreselectsTheTimeAtWhichItShows)
+{
+    world.setClock(10, 4, 59);
+    world.setLevels({{803, 10}});
+    world.start();
+    advance(0.5);
+    finishLaunching();
+
+    advance(1.2);
+    ASSERT_THAT(world.alerts.shown, SizeIs(1));
+    EXPECT_EQ(world.alerts.shown.front()->content.preselectedHour, 11);
+    EXPECT_EQ(world.alerts.shown.front()->content.preselectedMinute, 5);
+}
+
+TEST_F(StartUpTest, EveryReminderWaitsForLaunchToFinish)
+{
+    BatteryModel& model = world.start();
+    advance(0.5);
+    const AlertPayload payload = model.alertPayload();
+    model.showSnoozeAlert(payload.devices, payload.isLow);
+    EXPECT_THAT(world.alerts.shown, IsEmpty());
+    finishLaunching();
+
+    advance(1.2);
+    ASSERT_THAT(world.alerts.shown, SizeIs(1));
+    EXPECT_EQ(world.alerts.shown.front()->content.detail, "No peripherals found");
+}
+
+TEST_F(StartUpTest, TwoRemindersThatWaitedShowTheFirstAndBringItToTheFront)
+{
+    world.setLevels({{803, 10}});
+    BatteryModel& model = world.start();
+    advance(0.5);
+    model.showSnoozeAlert({}, false);
+    finishLaunching();
+
+    advance(5);
+    ASSERT_THAT(world.alerts.shown, SizeIs(1));
+    EXPECT_EQ(world.alerts.shown.front()->content.detail, "Battery at 10%. Please charge.");
+    EXPECT_EQ(world.alerts.shown.front()->broughtToFront, 1);
+}
+
+class StartUpLanguageTest : public StartUpTest {
+protected:
+    StartUpLanguageTest() { world.defaults.set("language", std::string("zh")); }
+};
+
+TEST_F(StartUpLanguageTest, ModelFirstTheStoredLanguageHoldsAtOnceAndAfterwards)
+{
+    const BatteryModel& model = world.start();
+    EXPECT_EQ(L10n::setting, "zh");
+    EXPECT_EQ(model.status.get(), "等待检查");
+
+    finishLaunching();
+    EXPECT_EQ(L10n::setting, "zh");
+    ASSERT_THAT(world.notifications.categories, SizeIs(1));
+    EXPECT_EQ(world.notifications.categories.front().actions.front().title, "20 分钟后");
+}
+
+TEST_F(StartUpLanguageTest, DelegateFirstTheStoredLanguageHoldsAtOnceAndAfterwards)
+{
+    finishLaunching();
+    EXPECT_EQ(L10n::setting, "zh");
+    ASSERT_THAT(world.notifications.categories, SizeIs(1));
+    EXPECT_EQ(world.notifications.categories.front().actions.front().title, "20 分钟后");
+
+    const BatteryModel& model = world.start();
+    EXPECT_EQ(L10n::setting, "zh");
+    EXPECT_EQ(model.status.get(), "等待检查");
+}
+
+TEST_F(StartUpLanguageTest, TheModelsConstructionRegistersNoCategories)
+{
+    world.start();
+
+    EXPECT_EQ(world.notifications.registrations, 0);
+}
+
+TEST_F(StartUpTest, WithNoPeripheralsTheFirstCheckShowsNothing)
+{
+    finishLaunching();
+    const BatteryModel& model = world.start();
+    EXPECT_EQ(model.status.get(), "Waiting for check");
+
+    advance(5);
+    EXPECT_EQ(model.status.get(), "No peripherals found");
+    EXPECT_THAT(model.devices.get(), IsEmpty());
+    EXPECT_THAT(world.alerts.shown, IsEmpty());
+}
+
+TEST_F(StartUpTest, AModelThatIsGoneRetriesNoMore)
+{
+    world.setLevels({{803, 10}});
+    world.start();
+    advance(0.5);
+    world.model.reset();
+    finishLaunching();
+
+    advance(60);
+    EXPECT_THAT(world.alerts.shown, IsEmpty());
+}
+
+} // namespace
+} // namespace voltmere

@@ -1,0 +1,326 @@
+#include "ui/content_view.h"
+
+#include "model/app_language.h"
+#include "model/l10n.h"
+#include "ui/app_icon_asset.h"
+#include "ui/colours.h"
+#include "ui/device_list.h"
+#include "ui/display_text.h"
+#include "ui/divider.h"
+#include "ui/panel_metrics.h"
+#include "ui/picture_view.h"
+#include "ui/setting_picker.h"
+#include "ui/theme.h"
+#include "ui/wrapping_label.h"
+
+#include <QCheckBox>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace voltmere {
+
+namespace {
+
+constexpr int lowestThreshold = 1;
+constexpr int highestThreshold = 90;
+constexpr int hoursPerDay = 24;
+constexpr int minutesPerHour = 60;
+constexpr int minuteStep = 5;
+
+QString translated(std::string_view key)
+{
+    return displayText(L10n::t(key));
+}
+
+QHBoxLayout* makeRow(QVBoxLayout& column)
+{
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(panelMetrics::rowSpacing);
+    column.addLayout(row);
+    return row;
+}
+
+QString twoDigits(int number)
+{
+    return QString("%1").arg(number, 2, 10, QChar('0'));
+}
+
+QString storedText(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+std::string displayName(AppLanguage language)
+{
+    return L10n::own("language." + std::string(rawValue(language)));
+}
+
+} // namespace
+
+ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
+                         std::function<void()> quit, QWidget* parent)
+    : QWidget(parent)
+    , model(model)
+    , appearance(appearance)
+    , quit(std::move(quit))
+    , redrawScheduler(model.objectWillChange, [this] { redraw(); })
+{
+    constexpr int padding = panelMetrics::padding;
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(padding, padding, padding, padding);
+    column->setSpacing(panelMetrics::itemSpacing);
+    column->addStrut(panelMetrics::width - 2 * padding);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+
+    // The order of the rows is also the order of the Tab key.
+    addHeader(*column);
+    column->addWidget(new Divider(this));
+    addDevices(*column);
+    column->addWidget(new Divider(this));
+    addThreshold(*column);
+    column->addWidget(makeToggle("dailyCheck", "panel.dailyCheck", model.enabled));
+    addCheckTime(*column);
+    addStatus(*column);
+    addTestButton(*column);
+    column->addWidget(makeToggle("launchAtLogin", "panel.launchAtLogin", model.launchAtLogin));
+    column->addWidget(new Divider(this));
+    addBottomRow(*column);
+    redraw();
+}
+
+ContentView::~ContentView() = default;
+
+void ContentView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (!std::exchange(hasAppeared, true)) {
+        model.refreshLaunchAtLogin();
+        model.refresh(false);
+    }
+}
+
+void ContentView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Cancel)) {
+        window()->close();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void ContentView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        redrawScheduler.schedule();
+    }
+}
+
+void ContentView::addHeader(QVBoxLayout& column)
+{
+    auto* const name = makeText("applicationName", "app.name");
+    name->setFont(headlineFont(font()));
+
+    QHBoxLayout* const row = makeRow(column);
+    row->addStretch();
+    if (const auto image = AppIconAsset::appImage(panelMetrics::iconSide)) {
+        auto* const icon = new PictureView(
+            panelMetrics::iconSide, [image](const QColor&) { return image; }, this);
+        icon->setObjectName("applicationIcon");
+        row->addWidget(icon);
+    }
+    row->addWidget(name);
+    row->addStretch();
+}
+
+void ContentView::addDevices(QVBoxLayout& column)
+{
+    auto* const list = new DeviceList(this);
+    onRedraw([this, list] {
+        list->present(model.devices, model.threshold, systemRed(appearance.bestMatch()));
+    });
+    column.addWidget(list);
+}
+
+void ContentView::addThreshold(QVBoxLayout& column)
+{
+    QHBoxLayout* const row = makeRow(column);
+    row->addWidget(makeText("thresholdLabel", "panel.warnBelow"));
+    row->addWidget(makeThresholdPicker());
+    row->addWidget(makeText("thresholdSuffix", "panel.warnSuffix"));
+    row->addWidget(makeToggle("instantAlert", "panel.instantAlert", model.instantEnabled));
+    row->addStretch();
+}
+
+void ContentView::addCheckTime(QVBoxLayout& column)
+{
+    auto* const colon = new QLabel(":", this);
+    colon->setObjectName("timeSeparator");
+
+    QHBoxLayout* const row = makeRow(column);
+    row->addWidget(makeText("checkTimeLabel", "panel.checkTime"));
+    row->addStretch();
+    row->addWidget(makeTimePicker("checkHour", "name.hour", 1, hoursPerDay, model.checkHour));
+    row->addWidget(colon);
+    row->addWidget(makeTimePicker("checkMinute", "name.minute", minuteStep, minutesPerHour,
+                                  model.checkMinute));
+}
+
+void ContentView::addStatus(QVBoxLayout& column)
+{
+    auto* const line = new WrappingLabel(this);
+    line->setObjectName("status");
+    onRedraw([this, line] {
+        line->setText(displayText(model.status.get()));
+        const bool low = model.status->starts_with(L10n::t("status.low"));
+        setTextColour(*line,
+                      low ? systemRed(appearance.bestMatch()) : secondaryTextColour(palette()));
+    });
+    column.addWidget(line);
+}
+
+void ContentView::addTestButton(QVBoxLayout& column)
+{
+    auto* const button = makeButton("testAlert", "panel.testNotification", [this] {
+        const AlertPayload payload = model.alertPayload();
+        model.showSnoozeAlert(payload.devices, payload.isLow);
+    });
+    column.addWidget(button, 0, Qt::AlignLeft);
+}
+
+void ContentView::addBottomRow(QVBoxLayout& column)
+{
+    QHBoxLayout* const row = makeRow(column);
+    row->addWidget(makeButton("quit", "panel.quit", quit));
+    row->addStretch();
+    row->addWidget(makeText("languageLabel", "panel.language"));
+    row->addWidget(makeLanguagePicker());
+}
+
+/// A text in the current language; an empty one takes no room.
+QLabel* ContentView::makeText(const char* objectName, std::string_view key)
+{
+    auto* const label = new QLabel(this);
+    label->setObjectName(objectName);
+    label->setTextFormat(Qt::PlainText);
+    onRedraw([label, key] {
+        label->setText(translated(key));
+        label->setVisible(!label->text().isEmpty());
+    });
+    return label;
+}
+
+QPushButton* ContentView::makeButton(const char* objectName, std::string_view key,
+                                     std::function<void()> action)
+{
+    auto* const button = new QPushButton(this);
+    button->setObjectName(objectName);
+    connect(button, &QPushButton::clicked, this, [action = std::move(action)] { action(); });
+    onRedraw([button, key] {
+        button->setText(translated(key));
+        // Some styles leave hardly any room beside a long text.
+        button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) +
+                                2 * panelMetrics::buttonPadding);
+    });
+    return button;
+}
+
+QCheckBox* ContentView::makeToggle(const char* objectName, std::string_view key,
+                                   Published<bool>& setting)
+{
+    auto* const box = new QCheckBox(this);
+    box->setObjectName(objectName);
+    connect(box, &QCheckBox::clicked, this, [&setting](bool checked) { setting = checked; });
+    onRedraw([box, key, &setting] {
+        box->setText(translated(key));
+        box->setChecked(setting);
+    });
+    return box;
+}
+
+/// A picker that assistive technology calls by `name`: by its accessible name or, where a picker's
+/// name is taken to be its selection (Qt on Linux), by the label that belongs to it.
+SettingPicker* ContentView::makePicker(const char* objectName, Text name)
+{
+    auto* const picker = new SettingPicker(this);
+    picker->setObjectName(objectName);
+    auto* const label = new QLabel(this);
+    label->setTextFormat(Qt::PlainText);
+    label->setBuddy(picker);
+    label->hide();
+    onRedraw([picker, label, name = std::move(name)] {
+        picker->setAccessibleName(displayText(name()));
+        label->setText(picker->accessibleName());
+    });
+    return picker;
+}
+
+void ContentView::bind(SettingPicker& picker, Published<std::int64_t>& setting)
+{
+    picker.onChoice([&setting](const QVariant& value) { setting = value.toLongLong(); });
+    onRedraw([&picker, &setting] { picker.select(qlonglong{setting.get()}); });
+}
+
+SettingPicker* ContentView::makeThresholdPicker()
+{
+    auto* const picker = makePicker("threshold", [] { return L10n::own("name.threshold"); });
+    picker->setMinimumWidth(panelMetrics::thresholdWidth);
+    picker->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    for (int percent = lowestThreshold; percent <= highestThreshold; ++percent) {
+        picker->addItem(QString("%1%").arg(percent), qlonglong{percent});
+    }
+    bind(*picker, model.threshold);
+    return picker;
+}
+
+/// Offers every `step`th number from 0 up to, but not including, `end`.
+SettingPicker* ContentView::makeTimePicker(const char* objectName, std::string_view nameKey,
+                                           int step, int end, Published<std::int64_t>& setting)
+{
+    auto* const picker = makePicker(objectName, [nameKey] { return L10n::own(nameKey); });
+    for (int number = 0; number < end; number += step) {
+        picker->addItem(twoDigits(number), qlonglong{number});
+    }
+    bind(*picker, setting);
+    return picker;
+}
+
+SettingPicker* ContentView::makeLanguagePicker()
+{
+    auto* const picker = makePicker("language", [] { return L10n::t("panel.language"); });
+    for (const AppLanguage language : allAppLanguages) {
+        picker->addItem(QString(), storedText(rawValue(language)));
+    }
+    picker->onChoice(
+        [this](const QVariant& value) { model.language = value.toString().toStdString(); });
+    onRedraw([this, picker] {
+        for (int index = 0; const AppLanguage language : allAppLanguages) {
+            picker->setItemText(index++, displayText(displayName(language)));
+        }
+        picker->select(storedText(model.language.get()));
+    });
+    return picker;
+}
+
+void ContentView::onRedraw(std::function<void()> update)
+{
+    updates.push_back(std::move(update));
+}
+
+void ContentView::redraw()
+{
+    for (const auto& update : updates) {
+        update();
+    }
+    // Otherwise the rows would be seen moving to their places one turn later.
+    layout()->invalidate();
+    layout()->activate();
+}
+
+} // namespace voltmere

@@ -1,0 +1,41 @@
+#include "ui/device_row.h"
+
+#include "ui/display_text.h"
+#include "ui/elided_label.h"
+#include "ui/panel_metrics.h"
+#include "ui/picture_view.h"
+#include "ui/theme.h"
+
+#include <QHBoxLayout>
+
+namespace voltmere {
+
+DeviceRow::DeviceRow(const BatteryDevice& device, QWidget* parent)
+    : QWidget(parent)
+    , level(new QLabel(this))
+{
+    setObjectName(QString("device-%1").arg(device.id));
+    auto* const symbol = makeSymbolView(QString::fromStdString(device.symbol), this);
+    auto* const name = new ElidedLabel(this);
+    name->setObjectName("deviceName");
+    name->setFont(headlineFont(font()));
+    name->setFullText(displayText(device.name));
+    level->setObjectName("deviceLevel");
+    level->setTextFormat(Qt::PlainText);
+    level->setFont(title3Font(font()));
+    level->setText(QString("%1%").arg(device.level));
+
+    auto* const row = new QHBoxLayout(this);
+    row->setContentsMargins({});
+    row->setSpacing(panelMetrics::rowSpacing);
+    row->addWidget(symbol);
+    row->addWidget(name, 1);
+    row->addWidget(level);
+}
+
+void DeviceRow::colourLevel(std::optional<QColor> colour)
+{
+    setTextColour(*level, colour);
+}
+
+} // namespace voltmere

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QImage>
+#include <QPainter>
+#include <QPixmap>
+#include <QRectF>
+#include <QSize>
+
+#include <functional>
+
+namespace voltmere {
+
+/// An image without pixels of its own: a size, and a routine that draws it sharply at any scale.
+struct DrawnImage {
+    /// Fills `destination`, in the painter's coordinates. May leave the painter's state changed.
+    using Drawing = std::function<void(QPainter& painter, const QRectF& destination)>;
+
+    QSize size; ///< points
+    Drawing draw;
+    bool isTemplate = false; ///< whether a menu bar may replace its colours with its own
+
+    /// The image on a transparent background, with `devicePixelRatio` pixels for each point.
+    QImage rendered(qreal devicePixelRatio) const;
+
+    /// The same for widgets.
+    QPixmap pixmap(qreal devicePixelRatio) const;
+};
+
+/// How many pixels of the painter's device `destination` is wide, rounded up.
+int pixelWidth(const QPainter& painter, const QRectF& destination);
+
+} // namespace voltmere

@@ -1,0 +1,86 @@
+#include "ui/panel_controller.h"
+
+#include "ui/panel_placement.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QEvent>
+#include <QScreen>
+
+#include <utility>
+
+namespace voltmere {
+
+namespace {
+
+/// A click on the icon takes the keyboard from the panel, which closes it, before the click itself
+/// arrives. A click so soon after is that same one: it means "close".
+constexpr qint64 sameClickMilliseconds = 300;
+
+QScreen* screenAt(const QPoint& point)
+{
+    QScreen* const screen = QGuiApplication::screenAt(point);
+    return screen == nullptr ? QGuiApplication::primaryScreen() : screen;
+}
+
+} // namespace
+
+PanelController::PanelController(std::function<std::unique_ptr<QWidget>()> makePanel)
+    : makePanel(std::move(makePanel))
+{
+}
+
+PanelController::~PanelController()
+{
+    delete panel;
+}
+
+void PanelController::toggle(const QRect& icon)
+{
+    if (isOpen()) {
+        panel->close();
+        return;
+    }
+    if (sinceFocusLoss.isValid() && sinceFocusLoss.elapsed() < sameClickMilliseconds) {
+        return;
+    }
+    open(icon);
+}
+
+void PanelController::open(const QRect& icon)
+{
+    if (!isOpen()) {
+        panel = makePanel().release();
+        panel->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+        panel->setAttribute(Qt::WA_DeleteOnClose);
+        panel->installEventFilter(this);
+        place(icon);
+    }
+    panel->show();
+    panel->raise();
+    panel->activateWindow();
+}
+
+bool PanelController::isOpen() const
+{
+    return panel != nullptr && panel->isVisible();
+}
+
+bool PanelController::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == panel && event->type() == QEvent::WindowDeactivate && isOpen() &&
+        QApplication::activePopupWidget() == nullptr) {
+        sinceFocusLoss.start();
+        panel->close();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void PanelController::place(const QRect& icon)
+{
+    const QRect anchor = icon.isEmpty() ? QRect(QCursor::pos(), QSize(1, 1)) : icon;
+    panel->adjustSize();
+    panel->move(placePanel(anchor, panel->size(), screenAt(anchor.center())->availableGeometry()));
+}
+
+} // namespace voltmere

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "devices/battery_device.h"
+#include "platform/appearance.h"
+#include "ui/drawn_image.h"
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace voltmere {
+
+/// The device with the lowest level, the first of them where several share it; nothing for an
+/// empty list.
+std::optional<BatteryDevice> weakestDevice(const std::vector<BatteryDevice>& devices);
+
+/// The picture in the menu bar.
+class StatusImage {
+public:
+    /// The status icon with the level of the weakest of `devices`, which stand in display order:
+    /// red at or below `threshold` percent, else white in the dark scheme and black in the light
+    /// one or in none.
+    static DrawnImage make(const std::vector<BatteryDevice>& devices, std::int64_t threshold,
+                           std::optional<ColourScheme> appearance);
+};
+
+} // namespace voltmere

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "model/battery_model.h"
+#include "ui/redraw_scheduler.h"
+
+#include <QIcon>
+#include <QMenu>
+#include <QSystemTrayIcon>
+
+#include <functional>
+
+namespace voltmere {
+
+/// The program's icon in the menu bar or tray. It shows the model's devices and follows them; a
+/// click opens the panel, and the context menu lists the devices for hosts that show no tooltip.
+class StatusLabel : public QObject {
+public:
+    /// What the icon does and looks like.
+    struct Behaviour {
+        /// The icon for a list of devices in display order and a threshold in percent.
+        std::function<QIcon(const std::vector<BatteryDevice>&, std::int64_t threshold)> picture;
+        std::function<void(const QRect& icon)> toggle; ///< a click; the place may be empty
+        std::function<void(const QRect& icon)> open;
+        std::function<void()> quit;
+    };
+
+    /// Puts the icon into the menu bar or tray, which must be there.
+    StatusLabel(BatteryModel& model, Behaviour behaviour);
+
+private:
+    void redraw();
+    void fillMenu();
+
+    BatteryModel& model;
+    Behaviour behaviour;
+    QMenu menu;
+    QSystemTrayIcon icon;
+    RedrawScheduler redrawScheduler;
+};
+
+} // namespace voltmere
