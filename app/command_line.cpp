@@ -2,6 +2,9 @@
 
 #include <QCommandLineParser>
 
+#include <algorithm>
+#include <utility>
+
 namespace voltmere {
 
 namespace {
@@ -13,12 +16,20 @@ public:
     {
         parser.setApplicationDescription(
             "Watches the battery of Apple wireless mice, keyboards and trackpads.");
-        parser.addOptions({list, json, panel, screenshots, demo, tools, sysfs, help, version});
+        parser.addOptions({list, json, watch, format, diagnose, verbose, panel, screenshots, demo,
+                           tools, sysfs, help, version});
     }
 
     QCommandLineParser parser;
     const QCommandLineOption list{"list", "Take one reading, print it, and exit."};
     const QCommandLineOption json{"json", "Print the reading as one JSON object (with --list)."};
+    const QCommandLineOption watch{"watch",
+                                   "Print one line now and after every change, until ended."};
+    const QCommandLineOption format{"format", "Print the lines for <bar> (with --watch): waybar.",
+                                    "bar"};
+    const QCommandLineOption diagnose{"diagnose",
+                                      "Print what was found and why anything is missing."};
+    const QCommandLineOption verbose{"verbose", "Include names and addresses (with --diagnose)."};
     const QCommandLineOption panel{"panel", "Open the panel at start."};
     const QCommandLineOption screenshots{"screenshots",
                                          "Draw what the program shows to <dir>/*.png.", "dir"};
@@ -37,6 +48,14 @@ std::optional<QString> valueIfSet(const QCommandLineParser& parser,
     return parser.isSet(option) ? std::optional(parser.value(option)) : std::nullopt;
 }
 
+int countSet(const QCommandLineParser& parser, const QList<QCommandLineOption>& options)
+{
+    return static_cast<int>(
+        std::count_if(options.begin(), options.end(), [&parser](const QCommandLineOption& option) {
+            return parser.isSet(option);
+        }));
+}
+
 std::optional<UsageError> findConflict(const Options& options)
 {
     const QCommandLineParser& parser = options.parser;
@@ -44,19 +63,24 @@ std::optional<UsageError> findConflict(const Options& options)
         return UsageError{"Unexpected argument '" + parser.positionalArguments().constFirst() +
                           "'."};
     }
-    if (parser.isSet(options.json) && !parser.isSet(options.list)) {
-        return UsageError{"--json goes with --list."};
+    for (const auto& [option, action] :
+         {std::pair(options.json, options.list), std::pair(options.format, options.watch),
+          std::pair(options.verbose, options.diagnose)}) {
+        if (parser.isSet(option) && !parser.isSet(action)) {
+            return UsageError{"--" + option.names().constFirst() + " goes with --" +
+                              action.names().constFirst() + "."};
+        }
     }
-    const int actions = static_cast<int>(parser.isSet(options.list)) +
-        static_cast<int>(parser.isSet(options.panel)) +
-        static_cast<int>(parser.isSet(options.screenshots));
-    if (actions > 1) {
-        return UsageError{"Only one of --list, --panel and --screenshots can be done at a time."};
+    if (parser.isSet(options.format) && parser.value(options.format) != "waybar") {
+        return UsageError{"--format knows only 'waybar'."};
     }
-    const int sources = static_cast<int>(parser.isSet(options.demo)) +
-        static_cast<int>(parser.isSet(options.tools)) +
-        static_cast<int>(parser.isSet(options.sysfs));
-    if (sources > 1) {
+    if (countSet(parser,
+                 {options.list, options.watch, options.diagnose, options.panel,
+                  options.screenshots}) > 1) {
+        return UsageError{"Only one of --list, --watch, --diagnose, --panel and --screenshots can "
+                          "be done at a time."};
+    }
+    if (countSet(parser, {options.demo, options.tools, options.sysfs}) > 1) {
         return UsageError{"Only one of --demo, --tools and --sysfs can say where to read."};
     }
     for (const QCommandLineOption& option : {options.tools, options.sysfs, options.screenshots}) {
@@ -78,6 +102,12 @@ CommandLine::Action chosenAction(const Options& options)
     if (options.parser.isSet(options.screenshots)) {
         return CommandLine::Action::screenshots;
     }
+    if (options.parser.isSet(options.watch)) {
+        return CommandLine::Action::watch;
+    }
+    if (options.parser.isSet(options.diagnose)) {
+        return CommandLine::Action::diagnose;
+    }
     return options.parser.isSet(options.list) ? CommandLine::Action::list
                                               : CommandLine::Action::menuBar;
 }
@@ -98,6 +128,9 @@ std::variant<CommandLine, UsageError> parseCommandLine(const QStringList& words)
         return *conflict;
     }
     commandLine.json = options.parser.isSet(options.json);
+    commandLine.verbose = options.parser.isSet(options.verbose);
+    commandLine.format = options.parser.isSet(options.format) ? CommandLine::Format::waybar
+                                                              : CommandLine::Format::voltmere;
     commandLine.openPanel = options.parser.isSet(options.panel);
     commandLine.screenshotsDirectory = options.parser.value(options.screenshots);
     commandLine.demo = options.parser.isSet(options.demo);

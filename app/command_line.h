@@ -10,10 +10,13 @@ namespace voltmere {
 
 /// What the user asked for in the terminal.
 struct CommandLine {
-    enum class Action { menuBar, list, screenshots, showHelp, showVersion };
+    enum class Action { menuBar, list, watch, diagnose, screenshots, showHelp, showVersion };
+    enum class Format { voltmere, waybar };
 
     Action action = Action::menuBar;
     bool json = false;
+    bool verbose = false; ///< names and addresses in a diagnosis
+    Format format = Format::voltmere;
     bool demo = false;
     bool openPanel = false;
     std::optional<QString> toolsDirectory;

@@ -1,10 +1,13 @@
 #include "app/command_line.h"
+#include "app/diagnose_command.h"
 #include "app/list_command.h"
 #include "app/platform_factory.h"
 #include "app/screenshots.h"
+#include "app/single_instance.h"
 #include "app/terminal_output.h"
 #include "app/version.h"
 #include "app/voltmere_app.h"
+#include "app/watch_command.h"
 #include "platform/posix/plain_text.h"
 
 #include <QApplication>
@@ -46,6 +49,10 @@ int runInTerminal(const CommandLine& commandLine)
     switch (commandLine.action) {
     case CommandLine::Action::list:
         return voltmere::listPeripherals(commandLine);
+    case CommandLine::Action::watch:
+        return voltmere::watchPeripherals(commandLine);
+    case CommandLine::Action::diagnose:
+        return voltmere::diagnose(commandLine);
     case CommandLine::Action::showVersion:
         return voltmere::printAnswer(std::string("voltmere ") + voltmere::version + '\n');
     default:
@@ -60,7 +67,14 @@ int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
     }
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    return voltmere::VoltmereApp(commandLine).run();
+    QApplication::setDesktopFileName("org.voltmere.Voltmere");
+    voltmere::SingleInstance instance;
+    if (!commandLine.demo && instance.start() == voltmere::SingleInstance::Role::later) {
+        return 0;
+    }
+    voltmere::VoltmereApp program(commandLine);
+    instance.onActivation([&program] { program.openPanel(); });
+    return program.run();
 }
 
 int drawScreenshots(const CommandLine& commandLine, int argc, char** argv)

@@ -1,6 +1,10 @@
 #pragma once
 
 #include "platform/appearance.h"
+#include "platform/clock.h"
+#include "platform/notification_centre.h"
+#include "platform/run_loop.h"
+#include "platform/system_log.h"
 
 #include <functional>
 #include <memory>
@@ -19,6 +23,11 @@ namespace voltmere {
 std::optional<std::string> displayProblem();
 
 std::unique_ptr<Appearance> makeAppearance();
+
+/// The desktop's notifications under the program's own name, with the user's pending reminders,
+/// which it takes up at once. What it is given must outlive it.
+std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& runLoop, const Clock& clock,
+                                                           SystemLog& log);
 
 /// Calls `available` once, as soon as there is a place for the program's icon. The watching ends
 /// with the returned object.

@@ -1,5 +1,7 @@
 #include "app/platform_factory.h"
 
+#include "model/l10n.h"
+#include "platform/linux/desktop_notifications.h"
 #include "platform/linux/portal_appearance.h"
 #include "platform/linux/tray_host_watcher.h"
 #include "platform/linux/x_display.h"
@@ -39,6 +41,15 @@ std::optional<std::string> displayProblem()
 std::unique_ptr<Appearance> makeAppearance()
 {
     return std::make_unique<PortalAppearance>();
+}
+
+std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& runLoop, const Clock& clock,
+                                                           SystemLog& log)
+{
+    DesktopNotificationsSetup setup{.bus = QDBusConnection::sessionBus(),
+                                    .applicationName = [] { return L10n::t("app.name"); },
+                                    .remindersFile = userRemindersPath()};
+    return std::make_unique<DesktopNotifications>(std::move(setup), runLoop, clock, log);
 }
 
 std::unique_ptr<QObject> watchForTrayHost(std::function<void()> available)

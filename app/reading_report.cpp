@@ -33,6 +33,21 @@ QJsonObject deviceJson(const BatteryDevice& device, std::int64_t threshold)
             {"order", qint64{device.order}}, {"low", isLow(device, threshold)}};
 }
 
+std::string compactJson(const QJsonObject& object)
+{
+    return escapedControls(QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString());
+}
+
+/// The bar reads markup in tooltips.
+QString waybarTooltip(const Reading& reading)
+{
+    QString tooltip = QString::fromStdString(statusText(reading.devices, reading.threshold));
+    for (const BatteryDevice& device : reading.devices) {
+        tooltip += '\n' + QString::fromStdString(plainLine(namesWithLevels({device}, {})));
+    }
+    return tooltip.toHtmlEscaped();
+}
+
 } // namespace
 
 std::string readingTable(const Reading& reading)
@@ -64,7 +79,21 @@ std::string readingJson(const Reading& reading)
         {"devices", devices},
         {"threshold", qint64{reading.threshold}},
         {"status", QString::fromStdString(statusText(reading.devices, reading.threshold))}};
-    return escapedControls(QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString());
+    return compactJson(object);
+}
+
+std::string readingWaybar(const Reading& reading)
+{
+    const auto weakest = weakestDevice(reading.devices);
+    if (!weakest) {
+        return compactJson({{"text", ""}, {"tooltip", waybarTooltip(reading)}, {"class", "none"}});
+    }
+    const QString state = isLow(*weakest, reading.threshold) ? "low" : "ok";
+    return compactJson({{"text", QString::number(weakest->level) + "%"},
+                        {"alt", state},
+                        {"tooltip", waybarTooltip(reading)},
+                        {"class", state},
+                        {"percentage", qint64{weakest->level}}});
 }
 
 } // namespace voltmere

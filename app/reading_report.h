@@ -21,4 +21,9 @@ std::string readingTable(const Reading& reading);
 /// One JSON object on one line, without a line feed. Its "status" is the line that the panel shows.
 std::string readingJson(const Reading& reading);
 
+/// One JSON object on one line for waybar's custom module (waybar-custom(5), "return-type: json"):
+/// the lowest level as text and percentage, every device in the tooltip, and the class "low" or
+/// "ok"; an empty text without devices, which hides the module.
+std::string readingWaybar(const Reading& reading);
+
 } // namespace voltmere

@@ -1,7 +1,7 @@
 #include "app/screenshots.h"
 
 #include "alerting/notification_delegate.h"
-#include "app/pending_services.h"
+#include "app/null_services.h"
 #include "app/peripherals.h"
 #include "model/app_language.h"
 #include "model/battery_model.h"
@@ -9,7 +9,6 @@
 #include "platform/posix/posix_calendar.h"
 #include "platform/posix/posix_system_log.h"
 #include "platform/posix/system_clock.h"
-#include "platform/qt/qt_application.h"
 #include "platform/qt/qt_run_loop.h"
 #include "snooze/snooze_alert.h"
 #include "snooze/window/snooze_alert_window.h"
@@ -66,11 +65,11 @@ public:
     PosixSystemLog log;
     QtRunLoop runLoop;
     MemoryDefaults defaults;
-    PendingLoginItems loginItems;
-    PendingNotifications notifications;
-    QtApplication application;
+    NullLoginItems loginItems;
+    NullNotifications notifications;
+    NullApplication application;
     NotificationDelegate notificationDelegate{runLoop, application};
-    PendingAlerts alerts;
+    NullAlerts alerts;
     Peripherals peripherals;
     std::shared_ptr<DeviceReader> reader;
     BatteryModel model;

@@ -1,17 +1,31 @@
 #include "app/services.h"
 
-#include "app/pending_services.h"
+#include "app/null_services.h"
 #include "app/platform_factory.h"
 #include "app/settings_location.h"
 #include "model/l10n.h"
 
 namespace voltmere {
 
+namespace {
+
+/// A demonstration leaves the user's notifications and pending reminders alone.
+std::unique_ptr<NotificationCentre> openNotifications(bool demo, RunLoop& runLoop,
+                                                      const Clock& clock, SystemLog& log)
+{
+    if (demo) {
+        return std::make_unique<NullNotifications>();
+    }
+    return makeNotificationCentre(runLoop, clock, log);
+}
+
+} // namespace
+
 Services::Services(const CommandLine& commandLine)
     : defaults(openSettings(commandLine.demo, log))
-    , loginItems(std::make_unique<PendingLoginItems>())
+    , loginItems(std::make_unique<NullLoginItems>())
     , notificationDelegate(runLoop, application)
-    , notifications(std::make_unique<PendingNotifications>())
+    , notifications(openNotifications(commandLine.demo, runLoop, clock, log))
     , appearance(makeAppearance())
     , alerts(*appearance, pointer, runLoop)
     , peripherals(commandLine)

@@ -2,14 +2,23 @@
 
 #include "app/platform_factory.h"
 #include "ui/content_view.h"
+#include "ui/no_tray_panel.h"
 #include "ui/theme.h"
 #include "ui/tray_image.h"
 
 #include <QApplication>
 
 #include <cstdlib>
+#include <utility>
 
 namespace voltmere {
+
+namespace {
+
+/// At login the panel of the desktop may start after the programs. Later than this there is none.
+constexpr Seconds longestTrayStart{15};
+
+} // namespace
 
 VoltmereApp::VoltmereApp(const CommandLine& commandLine)
     : services(commandLine)
@@ -25,6 +34,7 @@ int VoltmereApp::run()
 {
     followAppearance();
     services.appearance->onChange([this] { followAppearance(); });
+    trayDeadline = services.runLoop.scheduleOnce(longestTrayStart, [this] { giveUpOnTray(); });
     trayWatch = watchForTrayHost([this] { showIcon(); });
     sharedModel();
     delegate.applicationDidFinishLaunching();
@@ -47,8 +57,23 @@ BatteryModel& VoltmereApp::sharedModel()
     return *model;
 }
 
+void VoltmereApp::openPanel()
+{
+    panel.open();
+}
+
+void VoltmereApp::giveUpOnTray()
+{
+    services.log.write("Voltmere: this desktop has no tray yet; the panel opens as a window, and "
+                       "whenever the program is started again");
+    panel.setOrdinaryWindow(true);
+    panel.open();
+}
+
 void VoltmereApp::showIcon()
 {
+    trayDeadline.reset();
+    panel.setOrdinaryWindow(false);
     label = std::make_unique<StatusLabel>(
         sharedModel(),
         StatusLabel::Behaviour{.picture = makeTrayIcon,
@@ -64,8 +89,12 @@ void VoltmereApp::followAppearance()
 
 std::unique_ptr<QWidget> VoltmereApp::makePanel()
 {
-    return std::make_unique<ContentView>(sharedModel(), *services.appearance,
-                                         &QCoreApplication::quit);
+    auto view =
+        std::make_unique<ContentView>(sharedModel(), *services.appearance, &QCoreApplication::quit);
+    if (panel.isOrdinaryWindow()) {
+        return std::make_unique<NoTrayPanel>(sharedModel(), std::move(view));
+    }
+    return view;
 }
 
 } // namespace voltmere

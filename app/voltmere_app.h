@@ -22,9 +22,13 @@ public:
     /// Runs until the user quits. Returns the exit status.
     int run();
 
+    /// Opens the panel, as a later start of the program asks.
+    void openPanel();
+
 private:
     BatteryModel& sharedModel();
     void showIcon();
+    void giveUpOnTray();
     void followAppearance();
     std::unique_ptr<QWidget> makePanel();
 
@@ -33,6 +37,7 @@ private:
     std::unique_ptr<BatteryModel> model;
     PanelController panel;
     std::unique_ptr<QObject> trayWatch;
+    std::unique_ptr<Timer> trayDeadline;
     std::unique_ptr<StatusLabel> label;
     bool opensPanel;
 };

@@ -39,10 +39,15 @@ if(APPLE)
     platform/macos/wait_for_child.cpp)
 else()
   target_sources(voltmere_core PRIVATE
+    platform/linux/autostart_login_item.cpp
+    platform/linux/autostart_rules.cpp
+    platform/linux/autostart_session.cpp
+    platform/linux/desktop_entry.cpp
     platform/linux/large_pipe.cpp
     platform/linux/spawn_flags.cpp
     platform/linux/sysfs_battery_source.cpp
-    platform/linux/wait_for_child.cpp)
+    platform/linux/wait_for_child.cpp
+    platform/posix/atomic_file.cpp)
 endif()
 
 target_link_libraries(voltmere_core PUBLIC Threads::Threads)

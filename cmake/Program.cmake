@@ -24,6 +24,7 @@ add_library(voltmere_ui STATIC
   ui/elided_label.cpp
   ui/icns.cpp
   ui/image_bundle.cpp
+  ui/no_tray_panel.cpp
   ui/panel_controller.cpp
   ui/panel_placement.cpp
   ui/picture_view.cpp
@@ -43,7 +44,14 @@ else()
   pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
   set_target_properties(voltmere_ui PROPERTIES AUTOMOC ON)
   target_sources(voltmere_ui PRIVATE
+    platform/linux/bluez_name_source.cpp
+    platform/linux/desktop_notifications.cpp
+    platform/linux/notification_daemon.cpp
+    platform/linux/notify_call.cpp
+    platform/linux/pending_reminders.cpp
     platform/linux/portal_appearance.cpp
+    platform/linux/reminder_json.cpp
+    platform/linux/reminder_store.cpp
     platform/linux/tray_host_watcher.cpp
     platform/linux/wake_timer.cpp
     platform/linux/x_display.cpp)
@@ -68,6 +76,7 @@ add_library(voltmere_app STATIC
   app/app_delegate.cpp
   app/command_line.cpp
   app/demo_tools.cpp
+  app/diagnose_command.cpp
   app/list_command.cpp
   app/peripherals.cpp
   app/reading_report.cpp
@@ -76,12 +85,16 @@ add_library(voltmere_app STATIC
   app/settings_location.cpp
   app/terminal_output.cpp
   app/terminal_width.cpp
-  app/voltmere_app.cpp)
+  app/voltmere_app.cpp
+  app/watch_command.cpp)
 if(APPLE)
-  target_sources(voltmere_app PRIVATE app/system_sources_macos.cpp)
+  target_sources(voltmere_app PRIVATE
+    app/desktop_services_macos.cpp app/system_sources_macos.cpp)
 else()
   target_sources(voltmere_app PRIVATE
-    app/platform_factory_linux.cpp app/system_sources_linux.cpp)
+    app/desktop_services_linux.cpp app/platform_factory_linux.cpp app/single_instance.cpp
+    app/system_sources_linux.cpp)
+  set_target_properties(voltmere_app PROPERTIES AUTOMOC ON)
 endif()
 target_link_libraries(voltmere_app PUBLIC voltmere_ui)
 voltmere_target(voltmere_app)

@@ -31,6 +31,12 @@ std::vector<BatteryDevice> lowDevices(const std::vector<BatteryDevice>& devices,
     return low;
 }
 
+std::optional<BatteryDevice> weakestDevice(const std::vector<BatteryDevice>& devices)
+{
+    const auto weakest = std::ranges::min_element(devices, {}, &BatteryDevice::level);
+    return weakest == devices.end() ? std::nullopt : std::optional(*weakest);
+}
+
 std::string namesWithLevels(const std::vector<BatteryDevice>& devices, std::string_view separator)
 {
     std::string line;

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,6 +40,10 @@ inline bool isLow(const BatteryDevice& device, std::int64_t threshold)
 /// The low ones among `devices`, in their order.
 std::vector<BatteryDevice> lowDevices(const std::vector<BatteryDevice>& devices,
                                       std::int64_t threshold);
+
+/// The device with the lowest level, the first of them where several share it; nothing for an
+/// empty list.
+std::optional<BatteryDevice> weakestDevice(const std::vector<BatteryDevice>& devices);
 
 /// The devices in one line, each as "name level%", with `separator` between them.
 std::string namesWithLevels(const std::vector<BatteryDevice>& devices, std::string_view separator);

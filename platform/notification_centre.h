@@ -56,6 +56,13 @@ inline constexpr std::uint32_t sound = 2;
 inline constexpr std::uint32_t banner = 16;
 } // namespace presentation
 
+/// What a response names when the user chose none of the notification's actions. The values are the
+/// ones of UserNotifications, so that a delegate sees the same on every platform.
+namespace standard_action {
+inline constexpr const char* open = "com.apple.UNNotificationDefaultActionIdentifier";
+inline constexpr const char* dismiss = "com.apple.UNNotificationDismissActionIdentifier";
+} // namespace standard_action
+
 class NotificationCentre;
 
 /// Answers the notification centre. Called on whatever thread the centre uses; each completion
@@ -67,7 +74,8 @@ public:
     /// A notification is about to be shown while the program is in front.
     virtual void willPresent(std::function<void(std::uint32_t presentation)> completion) = 0;
 
-    /// The user responded to a notification: chose an action, tapped or dismissed it.
+    /// The user responded to a notification: chose an action, or tapped or dismissed it
+    /// (`standard_action`).
     virtual void didReceive(NotificationCentre& centre, const std::string& actionIdentifier,
                             std::function<void()> completion) = 0;
 };

@@ -91,6 +91,7 @@ ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
     column->addWidget(makeToggle("launchAtLogin", "panel.launchAtLogin", model.launchAtLogin));
     column->addWidget(new Divider(this));
     addBottomRow(*column);
+    onRedraw([this] { setWindowTitle(QString::fromStdString(L10n::t("app.name"))); });
     redraw();
 }
 
@@ -129,7 +130,7 @@ void ContentView::addHeader(QVBoxLayout& column)
 
     QHBoxLayout* const row = makeRow(column);
     row->addStretch();
-    if (const auto image = AppIconAsset::appImage(panelMetrics::iconSide)) {
+    if (auto image = AppIconAsset::appImage(panelMetrics::iconSide)) {
         auto* const icon = new PictureView(
             panelMetrics::iconSide, [image](const QColor&) { return image; }, this);
         icon->setObjectName("applicationIcon");

@@ -13,7 +13,6 @@
 #include <vector>
 
 class QCheckBox;
-class QHBoxLayout;
 class QLabel;
 class QPushButton;
 class QVBoxLayout;

@@ -17,6 +17,11 @@ namespace {
 /// arrives. A click so soon after is that same one: it means "close".
 constexpr qint64 sameClickMilliseconds = 300;
 
+constexpr Qt::WindowFlags panelFlags =
+    Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+constexpr Qt::WindowFlags ordinaryFlags =
+    Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+
 QScreen* screenAt(const QPoint& point)
 {
     QScreen* const screen = QGuiApplication::screenAt(point);
@@ -51,14 +56,21 @@ void PanelController::open(const QRect& icon)
 {
     if (!isOpen()) {
         panel = makePanel().release();
-        panel->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+        panel->setWindowFlags(ordinaryWindow ? ordinaryFlags : panelFlags);
         panel->setAttribute(Qt::WA_DeleteOnClose);
         panel->installEventFilter(this);
-        place(icon);
+        if (!ordinaryWindow) {
+            place(icon);
+        }
     }
     panel->show();
     panel->raise();
     panel->activateWindow();
+}
+
+void PanelController::setOrdinaryWindow(bool ordinary)
+{
+    ordinaryWindow = ordinary;
 }
 
 bool PanelController::isOpen() const
@@ -68,8 +80,8 @@ bool PanelController::isOpen() const
 
 bool PanelController::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == panel && event->type() == QEvent::WindowDeactivate && isOpen() &&
-        QApplication::activePopupWidget() == nullptr) {
+    if (watched == panel && event->type() == QEvent::WindowDeactivate && !ordinaryWindow &&
+        isOpen() && QApplication::activePopupWidget() == nullptr) {
         sinceFocusLoss.start();
         panel->close();
     }

@@ -25,6 +25,11 @@ public:
     /// Opens the panel, or brings the open one to the front.
     void open(const QRect& icon = {});
 
+    /// From now on the panel is an ordinary window, for a desktop that has no icon to open it from:
+    /// it stays open until a person closes it.
+    void setOrdinaryWindow(bool ordinary);
+    bool isOrdinaryWindow() const { return ordinaryWindow; }
+
     bool isOpen() const;
 
 protected:
@@ -35,6 +40,7 @@ private:
 
     std::function<std::unique_ptr<QWidget>()> makePanel;
     QPointer<QWidget> panel;
+    bool ordinaryWindow = false;
     QElapsedTimer sinceFocusLoss; ///< runs from the moment at which the panel closed by itself
 };
 

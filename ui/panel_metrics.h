@@ -1,9 +1,8 @@
 #pragma once
 
-namespace voltmere {
-
 /// The measures of the settings panel, in points.
-namespace panelMetrics {
+namespace voltmere::panelMetrics {
+
 inline constexpr int width = 320;
 inline constexpr int padding = 16;
 inline constexpr int itemSpacing = 12; ///< between the rows of the panel
@@ -12,6 +11,5 @@ inline constexpr int iconSide = 22;
 inline constexpr int symbolSide = 20;
 inline constexpr int thresholdWidth = 80; ///< at least
 inline constexpr int buttonPadding = 12;  ///< at least, on each side of a button's text
-} // namespace panelMetrics
 
-} // namespace voltmere
+} // namespace voltmere::panelMetrics

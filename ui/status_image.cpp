@@ -78,12 +78,6 @@ DrawnImage framed(const QSize& size, const std::function<void(QPainter&)>& draw)
 
 } // namespace
 
-std::optional<BatteryDevice> weakestDevice(const std::vector<BatteryDevice>& devices)
-{
-    const auto weakest = std::ranges::min_element(devices, {}, &BatteryDevice::level);
-    return weakest == devices.end() ? std::nullopt : std::optional(*weakest);
-}
-
 DrawnImage StatusImage::make(const std::vector<BatteryDevice>& devices, std::int64_t threshold,
                              std::optional<ColourScheme> appearance)
 {

@@ -10,10 +10,6 @@
 
 namespace voltmere {
 
-/// The device with the lowest level, the first of them where several share it; nothing for an
-/// empty list.
-std::optional<BatteryDevice> weakestDevice(const std::vector<BatteryDevice>& devices);
-
 /// The picture in the menu bar.
 class StatusImage {
 public:

@@ -13,6 +13,8 @@ void QtApplication::activate()
             window->activateWindow();
         }
     }
+    // A token counts for one activation. Qt clears the one that it used, and uses none on X11.
+    qunsetenv("XDG_ACTIVATION_TOKEN");
 }
 
 } // namespace voltmere

@@ -73,8 +73,6 @@ void HoverButton::mouseReleaseEvent(QMouseEvent* event)
 
 HoverPopUpButton::HoverPopUpButton()
 {
-    // A pop-up list, not a menu as tall as the screen.
-    setStyleSheet(QStringLiteral("QComboBox { combobox-popup: 0; }"));
 }
 
 void HoverPopUpButton::setHovering(bool nowHovering)

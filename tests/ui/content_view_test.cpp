@@ -194,12 +194,18 @@ TEST_F(ContentViewTest, RedIsTheOneOfTheDarkSchemeOnADarkDesktop)
 TEST_F(ContentViewTest, FollowsAChangeOfColours)
 {
     open();
-    appearance.scheme = ColourScheme::dark;
     model().status = "Low battery: all";
+    settle();
+    appearance.scheme = ColourScheme::dark;
     view->setPalette(paletteFor(ColourScheme::dark));
     settle();
     EXPECT_EQ(colourOf("status"), systemRed(ColourScheme::dark));
-    model().status = "fine";
+}
+
+TEST_F(ContentViewTest, TheSecondaryColourFollowsAChangeOfColours)
+{
+    open();
+    view->setPalette(paletteFor(ColourScheme::dark));
     settle();
     EXPECT_EQ(colourOf("status"), secondaryTextColour(paletteFor(ColourScheme::dark)));
 }

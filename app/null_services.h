@@ -1,15 +1,18 @@
 #pragma once
 
 #include "platform/alert_presenter.h"
+#include "platform/application.h"
 #include "platform/login_item_service.h"
 #include "platform/notification_centre.h"
+#include "platform/system_log.h"
 
 namespace voltmere {
 
-// What the program cannot do yet. Each of these keeps its promise to its callers and does nothing.
+// An outside that nothing reaches, for a demonstration, for pictures and for the terminal. Each of
+// these keeps its promise to its callers and does nothing.
 
-/// Reports that the program does not start at login, and cannot change that.
-class PendingLoginItems : public LoginItemService {
+/// Reports that the program does not start at login, and leaves it so.
+class NullLoginItems : public LoginItemService {
 public:
     Status status() const override { return Status::notRegistered; }
     std::optional<std::string> registerItem() override { return std::nullopt; }
@@ -17,7 +20,7 @@ public:
 };
 
 /// Posts no notification.
-class PendingNotifications : public NotificationCentre {
+class NullNotifications : public NotificationCentre {
 public:
     void requestAuthorisation(std::uint32_t /*options*/) override { }
     void setDelegate(NotificationCentreDelegate* /*delegate*/) override { }
@@ -26,12 +29,24 @@ public:
 };
 
 /// Shows no reminder.
-class PendingAlerts : public AlertPresenter {
+class NullAlerts : public AlertPresenter {
 public:
     std::unique_ptr<Alert> present(AlertContent /*content*/, AlertActions /*actions*/) override
     {
         return nullptr;
     }
+};
+
+/// Has no window.
+class NullApplication : public Application {
+public:
+    void activate() override { }
+};
+
+/// Forgets what is written to it.
+class NullLog : public SystemLog {
+public:
+    void write(std::string_view /*line*/) override { }
 };
 
 } // namespace voltmere

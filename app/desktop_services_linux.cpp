@@ -1,0 +1,85 @@
+#include "app/desktop_services.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusReply>
+#include <QDBusVariant>
+#include <QStringList>
+
+namespace voltmere {
+
+namespace {
+
+using Finding = std::pair<std::string, std::string>;
+
+constexpr int limit = 1000; // milliseconds
+
+QDBusMessage ask(const QDBusConnection& bus, const QString& service, const QString& path,
+                 const QString& interface, const QString& method, const QVariantList& arguments)
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(service, path, interface, method);
+    call.setArguments(arguments);
+    call.setAutoStartService(false);
+    return bus.call(call, QDBus::Block, limit);
+}
+
+bool isRunning(const QDBusConnection& bus, const QString& service)
+{
+    return bus.isConnected() && bus.interface()->isServiceRegistered(service);
+}
+
+std::string trayHost(const QDBusConnection& bus)
+{
+    const QString watcher = "org.kde.StatusNotifierWatcher";
+    if (!isRunning(bus, watcher)) {
+        return "no StatusNotifier watcher (an XEmbed tray may still be there)";
+    }
+    const QDBusReply<QDBusVariant> reply =
+        ask(bus, watcher, "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties", "Get",
+            {watcher, "IsStatusNotifierHostRegistered"});
+    return reply.isValid() && reply.value().variant().toBool()
+        ? "StatusNotifier host registered"
+        : "StatusNotifier watcher without a host";
+}
+
+std::string notificationService(const QDBusConnection& bus)
+{
+    const QString service = "org.freedesktop.Notifications";
+    if (!isRunning(bus, service)) {
+        return "not running (it may be started on demand)";
+    }
+    const QDBusMessage reply =
+        ask(bus, service, "/org/freedesktop/Notifications", service, "GetServerInformation", {});
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().size() < 3) {
+        return "running, but it does not say what it is";
+    }
+    return (reply.arguments().at(0).toString() + ' ' + reply.arguments().at(2).toString())
+        .toStdString();
+}
+
+} // namespace
+
+std::vector<Finding> describeDesktopServices()
+{
+    const QDBusConnection session = QDBusConnection::sessionBus();
+    const QDBusConnection system = QDBusConnection::systemBus();
+    const auto presence = [](bool present, const char* otherwise) {
+        return std::string(present ? "present" : otherwise);
+    };
+    return {
+        {"session bus",
+         presence(session.isConnected(),
+                  "missing: no notifications, and a second start runs twice")},
+        {"tray", trayHost(session)},
+        {"notifications", notificationService(session)},
+        {"settings portal",
+         presence(isRunning(session, "org.freedesktop.portal.Desktop"),
+                  "not running: dark or light is taken from Qt")},
+        {"running instance", presence(isRunning(session, "org.voltmere.Voltmere"), "none")},
+        {"system bus", presence(system.isConnected(), "missing: no Bluetooth names")},
+        {"BlueZ", presence(isRunning(system, "org.bluez"), "not running: no Bluetooth names")},
+    };
+}
+
+} // namespace voltmere

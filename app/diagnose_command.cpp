@@ -1,0 +1,120 @@
+#include "app/diagnose_command.h"
+
+#include "app/desktop_services.h"
+#include "app/peripherals.h"
+#include "app/settings_location.h"
+#include "app/terminal_output.h"
+#include "app/version.h"
+#include "devices/device_listing.h"
+#include "platform/posix/plain_text.h"
+
+#include <QFileInfo>
+#include <QSysInfo>
+
+namespace voltmere {
+
+namespace {
+
+/// Lines of a label and a text, as wide as a terminal shows well.
+class Report {
+public:
+    void add(const std::string& label, const std::string& text)
+    {
+        constexpr std::size_t labelWidth = 18;
+        const std::size_t padding = label.size() < labelWidth ? labelWidth - label.size() : 1;
+        lines += label + std::string(padding, ' ') + plainLine(text) + '\n';
+    }
+
+    std::string lines;
+};
+
+std::string environmentVariable(const char* name)
+{
+    return qEnvironmentVariableIsSet(name) ? qgetenv(name).toStdString() : "(not set)";
+}
+
+void addVersions(Report& report)
+{
+    report.add("voltmere", version);
+    report.add("Qt", qVersion());
+    report.add("system",
+               (QSysInfo::prettyProductName() + ", " + QSysInfo::kernelType() + ' ' +
+                QSysInfo::kernelVersion())
+                   .toStdString());
+    for (const char* const name :
+         {"XDG_CURRENT_DESKTOP", "XDG_SESSION_TYPE", "QT_QPA_PLATFORM", "LANG", "LANGUAGE"}) {
+        report.add(name, environmentVariable(name));
+    }
+}
+
+/// The user's home directory is part of the path, so it is named only on request.
+void addSettings(const CommandLine& commandLine, Report& report)
+{
+    const QFileInfo file(settingsPath());
+    const QString state = !file.exists() ? "not there, defaults are used"
+        : file.isReadable()              ? QString("%1 bytes").arg(file.size())
+                                         : "cannot be read";
+    const QString name = commandLine.verbose ? file.filePath() : file.fileName();
+    report.add("settings", (name + ": " + state).toStdString());
+}
+
+std::string valueOr(const std::optional<std::int64_t>& number, const char* otherwise)
+{
+    return number ? std::to_string(*number) : otherwise;
+}
+
+std::string outcome(const BatteryEntry& entry, const EntryVerdict& verdict)
+{
+    if (std::holds_alternative<BatteryDevice>(verdict)) {
+        return "shown";
+    }
+    return "skipped: " +
+        (entry.rejection ? *entry.rejection
+                         : std::string(description(std::get<SkipReason>(verdict))));
+}
+
+/// An entry's origin may hold its address, so entries go by number unless names were asked for.
+void addEntry(std::size_t number, const BatteryEntry& entry, const EntryVerdict& verdict,
+              bool verbose, Report& report)
+{
+    report.add("entry " + std::to_string(number),
+               "product " + valueOr(entry.product, "unknown") + ", level " +
+                   valueOr(entry.level, "none") + ": " + outcome(entry, verdict));
+    if (verbose) {
+        const auto* device = std::get_if<BatteryDevice>(&verdict);
+        report.add("",
+                   "from " + entry.origin + ", address " + entry.address.value_or("none") +
+                       ", name " + (device != nullptr ? device->name : "none"));
+    }
+}
+
+void addReading(const CommandLine& commandLine, Report& report)
+{
+    Peripherals peripherals(commandLine);
+    const PeripheralSources sources = peripherals.choose();
+    report.add("source", sources.label);
+    const NameMap names = sources.names->readNames();
+    report.add("Bluetooth names", std::to_string(names.size()));
+    const std::vector<BatteryEntry> entries = sources.batteries->readEntries();
+    const std::vector<EntryVerdict> verdicts = judgeEntries(entries, names);
+    report.add("entries", std::to_string(entries.size()));
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        addEntry(i + 1, entries[i], verdicts[i], commandLine.verbose, report);
+    }
+}
+
+} // namespace
+
+int diagnose(const CommandLine& commandLine)
+{
+    Report report;
+    addVersions(report);
+    addSettings(commandLine, report);
+    for (const auto& [service, finding] : describeDesktopServices()) {
+        report.add(service, finding);
+    }
+    addReading(commandLine, report);
+    return printAnswer(report.lines);
+}
+
+} // namespace voltmere

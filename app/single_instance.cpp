@@ -1,0 +1,69 @@
+#include "app/single_instance.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+
+#include <utility>
+
+namespace voltmere {
+
+namespace {
+
+const QString busName = QStringLiteral("org.voltmere.Voltmere");
+const QString objectPath = QStringLiteral("/org/voltmere/Voltmere");
+const QString interfaceName = QStringLiteral("org.freedesktop.Application");
+
+/// A running instance whose main thread is busy must not hold up the start that asks it.
+constexpr int activationLimit = 150; // milliseconds
+
+} // namespace
+
+SingleInstance::Role SingleInstance::start()
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        return Role::alone;
+    }
+    new ApplicationAdaptor(*this); // belongs to this object, as adaptors do
+    bus.registerObject(objectPath, this, QDBusConnection::ExportAdaptors);
+    if (bus.registerService(busName)) {
+        return Role::first;
+    }
+    QDBusMessage activate =
+        QDBusMessage::createMethodCall(busName, objectPath, interfaceName, "Activate");
+    activate << QVariantMap();
+    bus.call(activate, QDBus::Block, activationLimit);
+    return Role::later;
+}
+
+void SingleInstance::onActivation(std::function<void()> action)
+{
+    open = std::move(action);
+}
+
+ApplicationAdaptor::ApplicationAdaptor(SingleInstance& instance)
+    : QDBusAbstractAdaptor(&instance)
+    , instance(instance)
+{
+}
+
+void ApplicationAdaptor::Activate(const QVariantMap& /*platformData*/)
+{
+    if (instance.open) {
+        instance.open();
+    }
+}
+
+void ApplicationAdaptor::Open(const QStringList& /*uris*/, const QVariantMap& platformData)
+{
+    Activate(platformData);
+}
+
+void ApplicationAdaptor::ActivateAction(const QString& /*action*/,
+                                        const QVariantList& /*parameter*/,
+                                        const QVariantMap& /*platformData*/)
+{
+    // The program's desktop entry offers no actions.
+}
+
+} // namespace voltmere

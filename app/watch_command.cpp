@@ -1,0 +1,99 @@
+#include "app/watch_command.h"
+
+#include "alerting/notification_delegate.h"
+#include "app/null_services.h"
+#include "app/peripherals.h"
+#include "app/reading_report.h"
+#include "app/settings_location.h"
+#include "app/terminal_output.h"
+#include "model/battery_model.h"
+#include "model/l10n.h"
+#include "platform/posix/environment_languages.h"
+#include "platform/posix/posix_calendar.h"
+#include "platform/posix/posix_system_log.h"
+#include "platform/posix/system_clock.h"
+#include "platform/qt/qt_run_loop.h"
+#include "ui/redraw_scheduler.h"
+
+#include <QCoreApplication>
+
+#include <cstdlib>
+
+namespace voltmere {
+
+namespace {
+
+/// The model with nothing behind it but the reading, and a line on standard output in front.
+class Watch {
+public:
+    explicit Watch(const CommandLine& commandLine)
+        : format(commandLine.format)
+        , defaults(openSettings(commandLine.demo, log))
+        , peripherals(commandLine)
+        , reader(std::make_shared<DeviceReader>([this] { return peripherals.choose(); }, clock))
+        , model({*defaults, runLoop, clock, calendar, loginItems, notifications, delegate, alerts,
+                 silence, reader})
+        , redraw(model.objectWillChange, [this] { print(); })
+    {
+        BatteryModel::launchSettled = true;
+    }
+
+    int run()
+    {
+        const int status = QCoreApplication::exec();
+        if (runLoop.isBusy()) {
+            std::_Exit(status); // a reading still uses what an ordinary end would destroy
+        }
+        return status;
+    }
+
+private:
+    /// Nothing before the first reading, and no line twice.
+    void print()
+    {
+        if (!model.lastChecked.get()) {
+            return;
+        }
+        const Reading reading{peripherals.choose().label, model.devices, model.threshold};
+        const std::string line =
+            format == CommandLine::Format::waybar ? readingWaybar(reading) : readingJson(reading);
+        if (line == lastLine) {
+            return;
+        }
+        lastLine = line;
+        if (const int status = printAnswer(line + '\n'); status != 0) {
+            QCoreApplication::exit(status);
+        }
+    }
+
+    CommandLine::Format format;
+    std::string lastLine;
+    PosixSystemLog log;
+    NullLog silence;
+    SystemClock clock;
+    PosixCalendar calendar;
+    QtRunLoop runLoop;
+    std::unique_ptr<DefaultsStore> defaults;
+    NullLoginItems loginItems;
+    NullNotifications notifications;
+    NullApplication application;
+    NotificationDelegate delegate{runLoop, application};
+    NullAlerts alerts;
+    Peripherals peripherals;
+    std::shared_ptr<DeviceReader> reader;
+    BatteryModel model;
+    RedrawScheduler redraw;
+};
+
+} // namespace
+
+int watchPeripherals(const CommandLine& commandLine)
+{
+    const EnvironmentLanguages languages;
+    L10n::usePreferredLanguages(&languages);
+    const int status = Watch(commandLine).run();
+    L10n::usePreferredLanguages(nullptr);
+    return status;
+}
+
+} // namespace voltmere

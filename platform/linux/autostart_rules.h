@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/linux/autostart_session.h"
+#include "platform/linux/desktop_entry.h"
+
+#include <optional>
+#include <string>
+
+namespace voltmere {
+
+/// Why a session manager would not start an entry at login, in one clause; nothing when it would.
+///
+/// Sources: Desktop Application Autostart Specification 0.5, "Autostart File Keys"; Desktop Entry
+/// Specification 1.5, "Recognized desktop entry keys"; X-GNOME-Autostart-enabled as the settings
+/// programs of several desktops write it.
+std::optional<std::string> autostartObstacle(const DesktopEntry& entry,
+                                             const AutostartSession& session);
+
+} // namespace voltmere

@@ -1,0 +1,89 @@
+#include "platform/linux/bluez_name_source.h"
+
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusObjectPath>
+#include <QMap>
+#include <QVariantMap>
+
+#include <atomic>
+
+namespace voltmere {
+
+namespace {
+
+using Interfaces = QMap<QString, QVariantMap>;
+using ManagedObjects = QMap<QDBusObjectPath, Interfaces>;
+
+constexpr auto replySignature = "a{oa{sa{sv}}}";
+
+/// A connection to the system bus of this reading alone, since readings may overlap.
+class BusVisit {
+public:
+    BusVisit()
+        : name(QStringLiteral("voltmere-bluez-%1").arg(nextNumber++))
+        , bus(QDBusConnection::connectToBus(QDBusConnection::SystemBus, name))
+    {
+    }
+
+    ~BusVisit() { QDBusConnection::disconnectFromBus(name); }
+
+    BusVisit(const BusVisit&) = delete;
+    BusVisit& operator=(const BusVisit&) = delete;
+
+    QDBusMessage call(const QDBusMessage& message, std::chrono::milliseconds limit) const
+    {
+        return bus.call(message, QDBus::Block, static_cast<int>(limit.count()));
+    }
+
+private:
+    static std::atomic<int> nextNumber;
+
+    QString name;
+    QDBusConnection bus;
+};
+
+std::atomic<int> BusVisit::nextNumber{0};
+
+void addName(const Interfaces& interfaces, NameMap& names)
+{
+    const QVariantMap device = interfaces.value(QStringLiteral("org.bluez.Device1"));
+    const QString address = device.value(QStringLiteral("Address")).toString();
+    const QString alias = device.value(QStringLiteral("Alias")).toString();
+    const QString name = alias.isEmpty() ? device.value(QStringLiteral("Name")).toString() : alias;
+    if (!address.isEmpty() && !name.isEmpty()) {
+        names[address.toUpper().toStdString()] = name.toStdString();
+    }
+}
+
+} // namespace
+
+BluezNameSource::BluezNameSource(std::chrono::milliseconds limit)
+    : limit(limit)
+{
+}
+
+NameMap BluezNameSource::readNames()
+{
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        QStringLiteral("org.bluez"), QStringLiteral("/"),
+        QStringLiteral("org.freedesktop.DBus.ObjectManager"), QStringLiteral("GetManagedObjects"));
+    question.setAutoStartService(false);
+    return namesInReply(BusVisit().call(question, limit));
+}
+
+NameMap namesInReply(const QDBusMessage& reply)
+{
+    NameMap names;
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != replySignature) {
+        return names;
+    }
+    const auto objects = qdbus_cast<ManagedObjects>(reply.arguments().constFirst());
+    for (const Interfaces& interfaces : objects) {
+        addName(interfaces, names);
+    }
+    return names;
+}
+
+} // namespace voltmere

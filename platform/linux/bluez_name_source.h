@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/name_source.h"
+
+#include <chrono>
+
+class QDBusArgument;
+class QDBusMessage;
+
+namespace voltmere {
+
+/// Names from BlueZ, the Bluetooth service on the system bus: the alias of each device that it
+/// knows. Where there is no BlueZ or it does not answer in time, there are no names. The bus is
+/// left again after each reading, so that nothing of what BlueZ tells others wakes this program.
+/// Source: BlueZ, doc/device-api (org.bluez.Device1), and the D-Bus specification's ObjectManager.
+class BluezNameSource : public NameSource {
+public:
+    explicit BluezNameSource(std::chrono::milliseconds limit = std::chrono::seconds(3));
+
+    NameMap readNames() override;
+
+private:
+    std::chrono::milliseconds limit;
+};
+
+/// The names in BlueZ's answer to GetManagedObjects; none in an answer of any other form.
+NameMap namesInReply(const QDBusMessage& reply);
+
+} // namespace voltmere

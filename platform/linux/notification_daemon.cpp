@@ -1,0 +1,260 @@
+#include "platform/linux/notification_daemon.h"
+
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusServiceWatcher>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace voltmere {
+
+namespace {
+
+constexpr int mostUnanswered = 8;
+
+/// Some daemons never say that a notification was closed.
+constexpr std::size_t mostShown = 64;
+
+constexpr uint dismissedByUser = 2; ///< reason of NotificationClosed
+
+struct DaemonSignal {
+    const char* name;
+    const char* slot;
+};
+
+const std::array<DaemonSignal, 3> daemonSignals{{
+    {"ActivationToken", SLOT(activationToken(uint, QString))},
+    {"ActionInvoked", SLOT(actionInvoked(uint, QString))},
+    {"NotificationClosed", SLOT(notificationClosed(uint, uint))},
+}};
+
+/// Whether a reply comes from a program, and not from the bus or, when time is up, from nobody.
+bool isFromDaemon(const QDBusMessage& reply)
+{
+    return reply.service().startsWith(':');
+}
+
+std::string errorOf(const QDBusMessage& reply)
+{
+    const QString text = reply.errorName() + ": " + reply.errorMessage();
+    return reply.type() == QDBusMessage::ErrorMessage ? text.toStdString()
+                                                      : "an answer of an unknown form";
+}
+
+} // namespace
+
+NotificationDaemon::NotificationDaemon(QDBusConnection bus, SystemLog& log,
+                                       std::chrono::milliseconds replyLimit,
+                                       std::function<void()> ready)
+    : bus(std::move(bus))
+    , log(log)
+    , replyLimit(replyLimit)
+    , ready(std::move(ready))
+{
+}
+
+bool NotificationDaemon::isReady() const
+{
+    return daemon && unanswered < mostUnanswered;
+}
+
+void NotificationDaemon::contact()
+{
+    wanted = true;
+    if (daemon || asking) {
+        return;
+    }
+    if (!bus.isConnected()) {
+        log.report("there is no session bus, so notifications are not shown");
+        return;
+    }
+    watchOwner();
+    asking = true;
+    changedWhileAsking = false;
+    send(QDBusMessage::createMethodCall(notificationService, notificationPath, notificationService,
+                                        QStringLiteral("GetCapabilities")),
+         [this](const QDBusMessage& reply) { takeCapabilities(reply); });
+}
+
+void NotificationDaemon::watchOwner()
+{
+    if (ownerWatcher != nullptr) {
+        return;
+    }
+    ownerWatcher = new QDBusServiceWatcher(notificationService, bus,
+                                           QDBusServiceWatcher::WatchForOwnerChange, this);
+    connect(ownerWatcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString& /*service*/, const QString& /*oldOwner*/,
+                   const QString& newOwner) { ownerChanged(newOwner); });
+}
+
+void NotificationDaemon::ownerChanged(const QString& newOwner)
+{
+    owner = newOwner;
+    changedWhileAsking = asking;
+    if (daemon && daemon->name == newOwner) {
+        return;
+    }
+    daemon.reset();
+    shown.clear();
+    listenWhileNeeded();
+    if (wanted && !newOwner.isEmpty()) {
+        contact();
+    }
+}
+
+void NotificationDaemon::takeCapabilities(const QDBusMessage& reply)
+{
+    asking = false;
+    if (!isFromDaemon(reply) || reply.service() != owner.value_or(reply.service())) {
+        giveUpContact(reply);
+        return;
+    }
+    const QDBusPendingReply<QStringList> capabilities(reply);
+    if (capabilities.isError()) {
+        log.report("the notification service does not tell what it can do", errorOf(reply));
+    }
+    daemon = Daemon{reply.service(), capabilities.isError() ? QStringList() : capabilities.value()};
+    wanted = false;
+    if (isReady()) {
+        ready();
+    }
+}
+
+void NotificationDaemon::giveUpContact(const QDBusMessage& reply)
+{
+    if (changedWhileAsking && owner && !owner->isEmpty()) {
+        contact();
+    } else {
+        log.report("there is no notification service that answers", errorOf(reply));
+    }
+}
+
+void NotificationDaemon::show(const DesktopNotification& notification, Answered answered)
+{
+    ++unanswered;
+    listenWhileNeeded();
+    const Shown entry{0, notification.actions, std::move(answered), {}};
+    send(notifyCall(daemon->name, daemon->capabilities, notification),
+         [this, name = daemon->name, entry](const QDBusMessage& reply) {
+             takeNotificationId(name, entry, reply);
+         });
+}
+
+void NotificationDaemon::takeNotificationId(const QString& daemonName, Shown entry,
+                                            const QDBusMessage& reply)
+{
+    --unanswered;
+    const QDBusPendingReply<uint> id(reply);
+    if (id.isError()) {
+        log.report("the notification service did not show a notification", errorOf(reply));
+    } else if (daemon && daemon->name == daemonName) {
+        entry.id = id.value();
+        remember(std::move(entry));
+    }
+    listenWhileNeeded();
+    if (isReady()) {
+        ready();
+    }
+}
+
+void NotificationDaemon::remember(Shown entry)
+{
+    forget(entry.id);
+    if (shown.size() == mostShown) {
+        shown.erase(shown.begin());
+    }
+    shown.push_back(std::move(entry));
+}
+
+std::optional<NotificationDaemon::Shown> NotificationDaemon::forget(uint id)
+{
+    const auto found = std::find_if(shown.begin(), shown.end(),
+                                    [id](const Shown& entry) { return entry.id == id; });
+    if (found == shown.end()) {
+        return std::nullopt;
+    }
+    Shown entry = std::move(*found);
+    shown.erase(found);
+    listenWhileNeeded();
+    return entry;
+}
+
+void NotificationDaemon::activationToken(uint id, const QString& token)
+{
+    for (Shown& entry : shown) {
+        if (entry.id == id) {
+            entry.token = token.toUtf8();
+        }
+    }
+}
+
+void NotificationDaemon::actionInvoked(uint id, const QString& key)
+{
+    const std::optional<Shown> entry = forget(id);
+    if (!entry) {
+        return;
+    }
+    const std::string identifier = key.toStdString();
+    const bool offered = std::any_of(
+        entry->offered.begin(), entry->offered.end(),
+        [&](const NotificationAction& action) { return action.identifier == identifier; });
+    if (offered) {
+        entry->answered({identifier, entry->token});
+    } else if (identifier == defaultActionKey) {
+        entry->answered({standard_action::open, entry->token});
+    }
+}
+
+void NotificationDaemon::notificationClosed(uint id, uint reason)
+{
+    const std::optional<Shown> entry = forget(id);
+    if (entry && reason == dismissedByUser) {
+        entry->answered({standard_action::dismiss, entry->token});
+    }
+}
+
+void NotificationDaemon::listenWhileNeeded()
+{
+    const bool needed = daemon && (unanswered > 0 || !shown.empty());
+    const QString wantedName = needed ? daemon->name : QString();
+    if (wantedName == listeningTo) {
+        return;
+    }
+    if (!listeningTo.isEmpty()) {
+        listen(false);
+    }
+    listeningTo = wantedName;
+    if (!listeningTo.isEmpty()) {
+        listen(true);
+    }
+}
+
+void NotificationDaemon::listen(bool on)
+{
+    for (const DaemonSignal& signal : daemonSignals) {
+        if (on) {
+            bus.connect(listeningTo, notificationPath, notificationService, signal.name, this,
+                        signal.slot);
+        } else {
+            bus.disconnect(listeningTo, notificationPath, notificationService, signal.name, this,
+                           signal.slot);
+        }
+    }
+}
+
+void NotificationDaemon::send(const QDBusMessage& call,
+                              std::function<void(const QDBusMessage&)> replied)
+{
+    const auto* watcher =
+        new QDBusPendingCallWatcher(bus.asyncCall(call, int(replyLimit.count())), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+            [replied = std::move(replied)](QDBusPendingCallWatcher* finished) {
+                finished->deleteLater();
+                replied(finished->reply());
+            });
+}
+
+} // namespace voltmere

@@ -1,0 +1,75 @@
+#include "platform/linux/notify_call.h"
+
+#include <QVariantMap>
+
+#include <algorithm>
+
+namespace voltmere {
+
+const QString notificationService = QStringLiteral("org.freedesktop.Notifications");
+const QString notificationPath = QStringLiteral("/org/freedesktop/Notifications");
+
+namespace {
+
+/// The name of the desktop entry and of the icon.
+const QString applicationId = QStringLiteral("org.voltmere.Voltmere");
+
+constexpr uchar normalUrgency = 1;
+constexpr int daemonsOwnDuration = -1; ///< milliseconds otherwise
+
+/// The text without the control characters that neither a bus string nor markup can hold.
+QString shownText(const std::string& text)
+{
+    QString shown = QString::fromStdString(text);
+    const auto isShown = [](QChar character) {
+        return character == '\n' || character == '\t' ||
+            character.category() != QChar::Other_Control;
+    };
+    std::replace_if(
+        shown.begin(), shown.end(), [&](QChar character) { return !isShown(character); },
+        QChar(QChar::ReplacementCharacter));
+    return shown;
+}
+
+/// Keys and titles in turn, the click on the notification itself first.
+QStringList actionWords(const DesktopNotification& notification)
+{
+    // A daemon may list the click among the actions, so it gets a title that fits there.
+    QStringList words{defaultActionKey, shownText(notification.applicationName)};
+    for (const NotificationAction& action : notification.actions) {
+        words << QString::fromStdString(action.identifier) << shownText(action.title);
+    }
+    return words;
+}
+
+/// Sources: Desktop Notifications Specification 1.2, "Hints"; XDG Sound Naming Specification 0.8.
+QVariantMap hintsOf(const DesktopNotification& notification)
+{
+    QVariantMap hints{{"desktop-entry", applicationId},
+                      {"urgency", QVariant::fromValue(normalUrgency)}};
+    if (notification.sound) {
+        hints.insert("sound-name", "message-new-instant");
+    } else {
+        hints.insert("suppress-sound", true);
+    }
+    return hints;
+}
+
+} // namespace
+
+QDBusMessage notifyCall(const QString& daemon, const QStringList& capabilities,
+                        const DesktopNotification& notification)
+{
+    constexpr uint replacesNothing = 0;
+    const QString body = shownText(notification.body);
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        daemon, notificationPath, notificationService, QStringLiteral("Notify"));
+    call << shownText(notification.applicationName) << replacesNothing << applicationId
+         << shownText(notification.summary)
+         << (capabilities.contains("body-markup") ? body.toHtmlEscaped() : body)
+         << (capabilities.contains("actions") ? actionWords(notification) : QStringList())
+         << hintsOf(notification) << daemonsOwnDuration;
+    return call;
+}
+
+} // namespace voltmere

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/linux/reminder_store.h"
+
+namespace voltmere {
+
+/// What a reminders file says.
+struct ReminderDocument {
+    std::vector<Reminder> reminders;
+    int leftOut = 0; ///< entries that are not understood, repeated or too many
+    QString damage;  ///< why the file as a whole is of no use; empty when it is
+};
+
+ReminderDocument readReminders(const QByteArray& content);
+
+/// The file's content for these reminders. Their due times keep their milliseconds.
+QByteArray reminderJson(const std::vector<Reminder>& reminders);
+
+} // namespace voltmere

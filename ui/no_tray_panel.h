@@ -1,0 +1,27 @@
+#pragma once
+
+#include "model/battery_model.h"
+#include "ui/redraw_scheduler.h"
+
+#include <QWidget>
+
+#include <memory>
+
+namespace voltmere {
+
+class WrappingLabel;
+
+/// The panel as an ordinary window, on a desktop without a tray: below its content it says how to
+/// open it again.
+class NoTrayPanel : public QWidget {
+public:
+    NoTrayPanel(BatteryModel& model, std::unique_ptr<QWidget> content);
+
+private:
+    void redraw();
+
+    WrappingLabel* notice;
+    RedrawScheduler redrawScheduler;
+};
+
+} // namespace voltmere
