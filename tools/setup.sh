@@ -57,7 +57,7 @@ need_for_testing() {
   if [ "$(uname)" = Darwin ]; then
     need_brew "testing" googletest
   elif command -v apt-get >/dev/null; then
-    need "testing" libgtest-dev libgmock-dev
+    need "testing" libgtest-dev libgmock-dev dbus fonts-dejavu-core fonts-wqy-microhei tzdata
   fi
 }
 
