@@ -2,6 +2,7 @@
 
 #include "platform/appearance.h"
 #include "platform/clock.h"
+#include "platform/login_item_service.h"
 #include "platform/notification_centre.h"
 #include "platform/run_loop.h"
 #include "platform/system_log.h"
@@ -28,6 +29,9 @@ std::unique_ptr<Appearance> makeAppearance();
 /// which it takes up at once. What it is given must outlive it.
 std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& runLoop, const Clock& clock,
                                                            SystemLog& log);
+
+/// The start of the program that runs now at the user's login.
+std::unique_ptr<LoginItemService> makeLoginItemService();
 
 /// Calls `available` once, as soon as there is a place for the program's icon. The watching ends
 /// with the returned object.

@@ -1,6 +1,8 @@
 #include "app/platform_factory.h"
 
+#include "devices/utf8.h"
 #include "model/l10n.h"
+#include "platform/linux/autostart_login_item.h"
 #include "platform/linux/desktop_notifications.h"
 #include "platform/linux/portal_appearance.h"
 #include "platform/linux/tray_host_watcher.h"
@@ -18,6 +20,18 @@ bool isSet(const char* variable)
 {
     const char* const value = std::getenv(variable);
     return value != nullptr && !std::string_view(value).empty();
+}
+
+AutostartProgram thisProgram()
+{
+    // A start-up entry is UTF-8 throughout; no other path can stand in it.
+    std::string file = runningProgram();
+    if (!isValidUtf8(file)) {
+        file.clear();
+    }
+    return {.file = std::move(file),
+            .names = {{"", std::string(L10n::en().at("app.name"))},
+                      {"zh_CN", std::string(L10n::zh().at("app.name"))}}};
 }
 
 } // namespace
@@ -50,6 +64,11 @@ std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& runLoop, con
                                     .applicationName = [] { return L10n::t("app.name"); },
                                     .remindersFile = userRemindersPath()};
     return std::make_unique<DesktopNotifications>(std::move(setup), runLoop, clock, log);
+}
+
+std::unique_ptr<LoginItemService> makeLoginItemService()
+{
+    return std::make_unique<AutostartLoginItem>(thisProgram(), readAutostartSession());
 }
 
 std::unique_ptr<QObject> watchForTrayHost(std::function<void()> available)

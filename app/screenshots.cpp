@@ -98,16 +98,19 @@ QImage onBar(const QImage& picture, ColourScheme scheme)
     return bar;
 }
 
-/// Writes pictures into one directory and remembers whether all could be written.
+/// Writes pictures into one directory until one cannot be written.
 class Album {
 public:
-    explicit Album(QDir directory)
-        : directory(std::move(directory))
+    explicit Album(const QDir& directory)
+        : directory(directory)
     {
     }
 
     void add(const QString& name, const QImage& picture)
     {
+        if (!complete) {
+            return;
+        }
         const QString path = directory.filePath(name + ".png");
         if (!picture.save(path)) {
             std::fprintf(stderr,

@@ -9,6 +9,15 @@ namespace voltmere {
 
 namespace {
 
+/// A demonstration leaves the user's start-up entries alone.
+std::unique_ptr<LoginItemService> openLoginItems(bool demo)
+{
+    if (demo) {
+        return std::make_unique<NullLoginItems>();
+    }
+    return makeLoginItemService();
+}
+
 /// A demonstration leaves the user's notifications and pending reminders alone.
 std::unique_ptr<NotificationCentre> openNotifications(bool demo, RunLoop& runLoop,
                                                       const Clock& clock, SystemLog& log)
@@ -23,7 +32,7 @@ std::unique_ptr<NotificationCentre> openNotifications(bool demo, RunLoop& runLoo
 
 Services::Services(const CommandLine& commandLine)
     : defaults(openSettings(commandLine.demo, log))
-    , loginItems(std::make_unique<NullLoginItems>())
+    , loginItems(openLoginItems(commandLine.demo))
     , notificationDelegate(runLoop, application)
     , notifications(openNotifications(commandLine.demo, runLoop, clock, log))
     , appearance(makeAppearance())

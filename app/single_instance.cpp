@@ -1,6 +1,7 @@
 #include "app/single_instance.h"
 
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 
 #include <utility>
@@ -32,8 +33,15 @@ SingleInstance::Role SingleInstance::start()
     QDBusMessage activate =
         QDBusMessage::createMethodCall(busName, objectPath, interfaceName, "Activate");
     activate << QVariantMap();
-    bus.call(activate, QDBus::Block, activationLimit);
-    return Role::later;
+    const QDBusMessage reply = bus.call(activate, QDBus::Block, activationLimit);
+    if (reply.type() != QDBusMessage::ErrorMessage) {
+        return Role::later;
+    }
+    // It is busy, or has ended meanwhile, or the bus gives this name to nobody.
+    if (bus.registerService(busName)) {
+        return Role::first;
+    }
+    return bus.interface()->isServiceRegistered(busName) ? Role::later : Role::alone;
 }
 
 void SingleInstance::onActivation(std::function<void()> action)

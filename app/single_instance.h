@@ -17,7 +17,7 @@ public:
     enum class Role {
         first, ///< this process holds the name
         later, ///< another one does, and was asked to open its panel
-        alone, ///< there is no session bus to tell
+        alone, ///< there is no session bus, or none that gives out the name
     };
 
     /// Takes the name, or asks the process that has it. Waits for the bus, a few milliseconds.

@@ -16,6 +16,9 @@
 #include "ui/redraw_scheduler.h"
 
 #include <QCoreApplication>
+#include <QSocketNotifier>
+
+#include <unistd.h>
 
 #include <cstdlib>
 
@@ -40,6 +43,9 @@ public:
 
     int run()
     {
+        // A reader that has gone would else be noticed at the next change only, maybe days later.
+        const QSocketNotifier readerGone(STDOUT_FILENO, QSocketNotifier::Exception);
+        QObject::connect(&readerGone, &QSocketNotifier::activated, qApp, &QCoreApplication::quit);
         const int status = QCoreApplication::exec();
         if (runLoop.isBusy()) {
             std::_Exit(status); // a reading still uses what an ordinary end would destroy

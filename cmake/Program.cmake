@@ -24,6 +24,7 @@ add_library(voltmere_ui STATIC
   ui/elided_label.cpp
   ui/icns.cpp
   ui/image_bundle.cpp
+  ui/menu_text.cpp
   ui/no_tray_panel.cpp
   ui/panel_controller.cpp
   ui/panel_placement.cpp

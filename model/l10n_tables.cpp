@@ -94,9 +94,14 @@ const L10n::Table& L10n::en()
 const L10n::Table& L10n::ownZh()
 {
     static const Table table{
-        {"language.system", "跟随系统"}, {"language.zh", "简体中文"}, {"language.en", "English"},
-        {"menu.open", "打开"},           {"name.threshold", "阈值"},  {"name.hour", "小时"},
+        {"language.system", "跟随系统"},
+        {"language.zh", "简体中文"},
+        {"language.en", "English"},
+        {"menu.open", "打开"},
+        {"name.threshold", "阈值"},
+        {"name.hour", "小时"},
         {"name.minute", "分钟"},
+        {"panel.noTray", "此桌面没有系统托盘。再次启动本程序即可重新打开此面板。"},
     };
     return table;
 }
@@ -104,9 +109,14 @@ const L10n::Table& L10n::ownZh()
 const L10n::Table& L10n::ownEn()
 {
     static const Table table{
-        {"language.system", "System"}, {"language.zh", "简体中文"},     {"language.en", "English"},
-        {"menu.open", "Open"},         {"name.threshold", "Threshold"}, {"name.hour", "Hour"},
+        {"language.system", "System"},
+        {"language.zh", "简体中文"},
+        {"language.en", "English"},
+        {"menu.open", "Open"},
+        {"name.threshold", "Threshold"},
+        {"name.hour", "Hour"},
         {"name.minute", "Minute"},
+        {"panel.noTray", "This desktop has no tray. Start the program again to reopen this panel."},
     };
     return table;
 }

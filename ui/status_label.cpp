@@ -2,8 +2,11 @@
 
 #include "devices/device_listing.h"
 #include "model/l10n.h"
+#include "ui/display_text.h"
+#include "ui/menu_text.h"
 
 #include <QAction>
+#include <QGuiApplication>
 
 #include <utility>
 
@@ -11,25 +14,25 @@ namespace voltmere {
 
 namespace {
 
-/// A menu takes "&" for a mnemonic; doubled it shows as it stands.
-QString menuText(const std::string& text)
+QString deviceLine(const BatteryDevice& device)
 {
-    return QString::fromStdString(text).replace('&', "&&");
+    return displayText(namesWithLevels({device}, {}));
 }
 
-std::string deviceLine(const BatteryDevice& device)
+/// Every device on a line of its own, below a first line without markup: what guesses whether a
+/// tooltip is markup looks no further, so that names show as they stand.
+QString toolTipText(const QStringList& deviceLines)
 {
-    return namesWithLevels({device}, {});
+    return (QStringList(displayText(L10n::t("app.name"))) + deviceLines).join('\n');
 }
 
-/// Every device on a line of its own. Some tray hosts read markup, so none may come through.
-QString toolTipText(const std::vector<BatteryDevice>& devices)
+/// The icon's menu is native where the desktop takes it over D-Bus. macOS has native menus that
+/// read entries as Qt does.
+MenuPainter menuPainter(QMenu& menu)
 {
-    QStringList lines{QString::fromStdString(L10n::t("app.name"))};
-    for (const BatteryDevice& device : devices) {
-        lines.append(QString::fromStdString(deviceLine(device)).toHtmlEscaped());
-    }
-    return lines.join('\n');
+    return menu.platformMenu() != nullptr && QGuiApplication::platformName() != "cocoa"
+        ? MenuPainter::trayHost
+        : MenuPainter::toolkit;
 }
 
 } // namespace
@@ -54,21 +57,33 @@ void StatusLabel::redraw()
 {
     std::vector<BatteryDevice> devices = model.devices;
     sortForDisplay(devices);
+    QStringList deviceLines;
+    for (const BatteryDevice& device : devices) {
+        deviceLines.append(deviceLine(device));
+    }
     icon.setIcon(behaviour.picture(devices, model.threshold));
-    icon.setToolTip(toolTipText(devices));
-    fillMenu();
+    icon.setToolTip(toolTipText(deviceLines));
+    fillMenu(deviceLines);
 }
 
-void StatusLabel::fillMenu()
+void StatusLabel::fillMenu(const QStringList& deviceLines)
 {
+    // A menu that is open must not change under the pointer without need.
+    const QStringList lines = deviceLines +
+        QStringList{displayText(L10n::own("menu.open")), displayText(L10n::t("panel.quit"))};
+    if (lines == menuLines) {
+        return;
+    }
+    menuLines = lines;
     menu.clear();
-    for (const BatteryDevice& device : model.devices.get()) {
-        menu.addAction(menuText(deviceLine(device)))->setEnabled(false);
+    const MenuPainter painter = menuPainter(menu);
+    for (const QString& line : deviceLines) {
+        menu.addAction(menuText(line, painter))->setEnabled(false);
     }
     menu.addSeparator();
-    menu.addAction(menuText(L10n::own("menu.open")), this,
+    menu.addAction(menuText(lines.at(lines.size() - 2), painter), this,
                    [this] { behaviour.open(icon.geometry()); });
-    menu.addAction(menuText(L10n::t("panel.quit")), this, [this] { behaviour.quit(); });
+    menu.addAction(menuText(lines.constLast(), painter), this, [this] { behaviour.quit(); });
 }
 
 } // namespace voltmere

@@ -5,6 +5,7 @@
 
 #include <QIcon>
 #include <QMenu>
+#include <QStringList>
 #include <QSystemTrayIcon>
 
 #include <functional>
@@ -29,12 +30,13 @@ public:
 
 private:
     void redraw();
-    void fillMenu();
+    void fillMenu(const QStringList& deviceLines);
 
     BatteryModel& model;
     Behaviour behaviour;
     QMenu menu;
-    QSystemTrayIcon icon;
+    QStringList menuLines; ///< what the menu shows
+    QSystemTrayIcon icon{this};
     RedrawScheduler redrawScheduler;
 };
 

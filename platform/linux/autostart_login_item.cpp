@@ -36,7 +36,7 @@ bool isBlank(const std::string& text)
 bool namesOneProgram(const DesktopEntry& entry)
 {
     const auto file = entry.value("TryExec");
-    return file && entry.value("Exec") == quotedExecArgument(*file);
+    return file && entry.value("Exec") == execStarting(*file);
 }
 
 } // namespace
@@ -82,7 +82,7 @@ std::optional<std::string> AutostartLoginItem::registerItem()
     const std::string wanted =
         isBlank(present.text) ? entryFor(program.file) : renewed(present.text);
     if (wanted != present.text) {
-        if (const auto failure = write(wanted)) {
+        if (auto failure = write(wanted)) {
             return failure;
         }
     }
@@ -145,7 +145,7 @@ std::string AutostartLoginItem::entryFor(const std::string& file) const
     for (const auto& [locale, name] : program.names) {
         entry.setValue(locale.empty() ? "Name" : "Name[" + locale + ']', name);
     }
-    entry.setValue("Exec", quotedExecArgument(file));
+    entry.setValue("Exec", execStarting(file));
     entry.setValue("TryExec", file);
     entry.setValue("Icon", "org.voltmere.Voltmere");
     entry.setValue("Terminal", "false");
@@ -176,7 +176,7 @@ std::string AutostartLoginItem::renewed(const std::string& text) const
         entry.setValue(enabledKey, "true");
     }
     if (entry.value("Exec").value_or("").empty() || namesOneProgram(entry)) {
-        entry.setValue("Exec", quotedExecArgument(program.file));
+        entry.setValue("Exec", execStarting(program.file));
         entry.setValue("TryExec", program.file);
     }
     for (const std::string_view key : {"Type", "Name"}) {

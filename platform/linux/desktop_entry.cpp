@@ -110,6 +110,24 @@ std::string escaped(std::string_view text)
     return written;
 }
 
+std::string quotedExecArgument(std::string_view argument)
+{
+    constexpr std::string_view reserved = " \t\r\n\"'\\><~|&;$*?#()`";
+    constexpr std::string_view escapedInQuotes = "\"`$\\";
+    const bool quoted =
+        argument.empty() || argument.find_first_of(reserved) != std::string_view::npos;
+    std::string written;
+    for (const char character : argument) {
+        if (escapedInQuotes.find(character) != std::string_view::npos) {
+            written += '\\';
+        } else if (character == '%') {
+            written += '%';
+        }
+        written += character;
+    }
+    return quoted ? '"' + written + '"' : written;
+}
+
 } // namespace
 
 DesktopEntry::DesktopEntry(std::string_view text)
@@ -186,9 +204,8 @@ void DesktopEntry::setValue(std::string_view key, std::string_view newValue)
 
 void DesktopEntry::remove(std::string_view key)
 {
-    const auto found = linesWith(key);
-    for (auto index = found.rbegin(); index != found.rend(); ++index) {
-        lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(*index));
+    for (auto found = linesWith(key); !found.empty(); found = linesWith(key)) {
+        lines.erase(lines.begin() + static_cast<std::ptrdiff_t>(found.back()));
     }
 }
 
@@ -249,22 +266,10 @@ void DesktopEntry::append(const std::string& line)
                  line + std::string(lineEnd(above)));
 }
 
-std::string quotedExecArgument(std::string_view argument)
+std::string execStarting(std::string_view program)
 {
-    constexpr std::string_view reserved = " \t\n\"'\\><~|&;$*?#()`";
-    constexpr std::string_view escapedInQuotes = "\"`$\\";
-    const bool quoted =
-        argument.empty() || argument.find_first_of(reserved) != std::string_view::npos;
-    std::string written;
-    for (const char character : argument) {
-        if (escapedInQuotes.find(character) != std::string_view::npos) {
-            written += '\\';
-        } else if (character == '%') {
-            written += '%';
-        }
-        written += character;
-    }
-    return quoted ? '"' + written + '"' : written;
+    const bool needsStarter = program.find_first_of("%=") != std::string_view::npos;
+    return (needsStarter ? "nice -n 0 " : "") + quotedExecArgument(program);
 }
 
 } // namespace voltmere

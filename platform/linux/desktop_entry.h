@@ -50,10 +50,14 @@ private:
     std::vector<std::string> lines; ///< each with its line end
 };
 
-/// One argument as it stands in the value of "Exec", quoted where it must be. It is not yet
-/// escaped as every string is; DesktopEntry::setValue does that.
+/// The value of "Exec" that starts a program without arguments, not yet escaped as every string is;
+/// DesktopEntry::setValue does that.
+///
+/// The program's own path may not hold an equal sign, and a percent sign must be doubled, but GLib
+/// and systemd look for the program under the doubled name and refuse the entry. Such a path is
+/// therefore handed as an argument to a program that does nothing but start it: nice -n 0.
 ///
 /// Source: Desktop Entry Specification 1.5, "The Exec key".
-std::string quotedExecArgument(std::string_view argument);
+std::string execStarting(std::string_view program);
 
 } // namespace voltmere

@@ -197,6 +197,7 @@ void NotificationDaemon::actionInvoked(uint id, const QString& key)
     if (!entry) {
         return;
     }
+    close(id);
     const std::string identifier = key.toStdString();
     const bool offered = std::any_of(
         entry->offered.begin(), entry->offered.end(),
@@ -206,6 +207,17 @@ void NotificationDaemon::actionInvoked(uint id, const QString& key)
     } else if (identifier == defaultActionKey) {
         entry->answered({standard_action::open, entry->token});
     }
+}
+
+void NotificationDaemon::close(uint id)
+{
+    // Some daemons leave a notification on the screen after its action, where a second choice would
+    // have no effect. One that is gone already is an error to nobody.
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        daemon->name, notificationPath, notificationService, QStringLiteral("CloseNotification"));
+    call << id;
+    call.setAutoStartService(false);
+    bus.send(call);
 }
 
 void NotificationDaemon::notificationClosed(uint id, uint reason)

@@ -80,6 +80,7 @@ private:
     void takeNotificationId(const QString& daemonName, Shown entry, const QDBusMessage& reply);
     void remember(Shown entry);
     std::optional<Shown> forget(uint id);
+    void close(uint id);
     void listenWhileNeeded();
     void listen(bool on);
     void send(const QDBusMessage& call, std::function<void(const QDBusMessage&)> replied);

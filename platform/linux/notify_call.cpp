@@ -34,8 +34,8 @@ QString shownText(const std::string& text)
 /// Keys and titles in turn, the click on the notification itself first.
 QStringList actionWords(const DesktopNotification& notification)
 {
-    // A daemon may list the click among the actions, so it gets a title that fits there.
-    QStringList words{defaultActionKey, shownText(notification.applicationName)};
+    // Daemons that show titles make no button of an empty one. GLib sends the same.
+    QStringList words{defaultActionKey, QString()};
     for (const NotificationAction& action : notification.actions) {
         words << QString::fromStdString(action.identifier) << shownText(action.title);
     }

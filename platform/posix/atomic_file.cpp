@@ -174,26 +174,22 @@ std::error_code replaceTextFile(const fs::path& path, std::string_view text)
 
 std::error_code makePrivateDirectory(const fs::path& directory)
 {
-    std::error_code error;
-    if (fs::is_directory(directory, error)) {
-        return {};
-    }
-    if (directory.has_relative_path()) {
-        error = makePrivateDirectory(directory.parent_path());
-        if (error) {
-            return error;
+    fs::path made;
+    for (const fs::path& part : directory) {
+        made /= part;
+        std::error_code error;
+        if (fs::is_directory(made, error) || ::mkdir(made.c_str(), privateDirectoryMode) == 0) {
+            continue;
+        }
+        const std::error_code failure = lastError();
+        // Another program may have made it meanwhile; what else is there is in the way.
+        if (!fs::is_directory(made, error)) {
+            return failure == std::errc::file_exists
+                ? std::make_error_code(std::errc::not_a_directory)
+                : failure;
         }
     }
-    if (::mkdir(directory.c_str(), privateDirectoryMode) == 0) {
-        return {};
-    }
-    const std::error_code failure = lastError();
-    if (failure != std::errc::file_exists) {
-        return failure;
-    }
-    // Another program may have made it meanwhile; what else is there is in the way.
-    return fs::is_directory(directory, error) ? std::error_code()
-                                              : std::make_error_code(std::errc::not_a_directory);
+    return {};
 }
 
 } // namespace voltmere

@@ -2,9 +2,9 @@
 
 #include "snooze/window/action_target.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
-#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -57,6 +57,15 @@ void HighlightButton::initStyleOption(QStyleOptionButton* option) const
     }
 }
 
+void HighlightButton::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+    } else {
+        QPushButton::keyPressEvent(event);
+    }
+}
+
 void HoverButton::setHovering(bool nowHovering)
 {
     hovering = nowHovering;
@@ -72,7 +81,10 @@ void HoverButton::mouseReleaseEvent(QMouseEvent* event)
 }
 
 HoverPopUpButton::HoverPopUpButton()
+    : SettingPicker(nullptr)
 {
+    // Its width is given, so that nothing need be measured.
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
 }
 
 void HoverPopUpButton::setHovering(bool nowHovering)
@@ -83,7 +95,7 @@ void HoverPopUpButton::setHovering(bool nowHovering)
 
 void HoverPopUpButton::paintEvent(QPaintEvent* event)
 {
-    QComboBox::paintEvent(event);
+    SettingPicker::paintEvent(event);
     if (!hovering) {
         return;
     }
@@ -97,12 +109,6 @@ void HoverPopUpButton::paintEvent(QPaintEvent* event)
     painter.drawRoundedRect(
         QRectF(rect()).adjusted(overlayInset, overlayInset, -overlayInset, -overlayInset), radius,
         radius);
-}
-
-void HoverPopUpButton::wheelEvent(QWheelEvent* event)
-{
-    // The reminder appears unasked: a wheel that happens to be over it must not change the time.
-    event->ignore();
 }
 
 NativeButtonHover::NativeButtonHover(HighlightButton* button)

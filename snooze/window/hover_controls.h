@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QComboBox>
+#include "ui/setting_picker.h"
+
 #include <QPointer>
 #include <QPushButton>
 
@@ -18,7 +19,8 @@ public:
     virtual void setHovering(bool hovering) = 0;
 };
 
-/// A push button whose pressed look can be put on without pressing it.
+/// A push button whose pressed look can be put on without pressing it. It is never the window's
+/// default: the Return key presses it only while it has the focus.
 class HighlightButton : public QPushButton {
 public:
     explicit HighlightButton(const QString& title);
@@ -31,6 +33,7 @@ public:
 
 protected:
     void initStyleOption(QStyleOptionButton* option) const override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     bool highlighted = false;
@@ -51,7 +54,7 @@ private:
 };
 
 /// A pop-up button that a translucent rounded overlay covers while the pointer is over it.
-class HoverPopUpButton : public QComboBox, public HoverHighlighting {
+class HoverPopUpButton : public SettingPicker, public HoverHighlighting {
 public:
     HoverPopUpButton();
 
@@ -59,7 +62,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
 
 private:
     bool hovering = false;

@@ -48,7 +48,7 @@ SnoozeAlertWindow::SnoozeAlertWindow(const AlertContent& content, AlertActions g
     addIcon(*column);
     HighlightButton* const cancel = makeCancelButton(displayText(content.cancelTitle));
     column->addWidget(makeAccessory(content), 0, Qt::AlignHCenter);
-    column->addWidget(cancel);
+    column->addWidget(cancel, 0, Qt::AlignHCenter);
     setTabOrder(hoverItems.back().view, cancel);
     colourDetail();
 }
@@ -78,6 +78,7 @@ void SnoozeAlertWindow::orderOut()
 
 void SnoozeAlertWindow::bringToFront()
 {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
     activateWindow();
@@ -99,15 +100,15 @@ void SnoozeAlertWindow::changeEvent(QEvent* event)
 
 void SnoozeAlertWindow::closeEvent(QCloseEvent* event)
 {
-    event->ignore();
     reject();
+    event->accept();
 }
 
 void SnoozeAlertWindow::addIcon(QBoxLayout& column)
 {
     if (const auto image = AppIconAsset::appImage(iconSide)) {
         auto* const icon = new PictureView(
-            iconSide, [image](const QColor&) { return image; }, this);
+            iconSide, [picture = *image](const QColor&) { return picture; }, this);
         column.addWidget(icon, 0, Qt::AlignHCenter);
     }
 }
@@ -171,6 +172,7 @@ HighlightButton* SnoozeAlertWindow::makeCancelButton(const QString& title)
 {
     auto* const cancel = new HighlightButton(title);
     cancel->setFont(font());
+    cancel->setFixedSize(alertGeometry::width, alertGeometry::rowHeight);
     cancel->setTarget(keepTarget([this] { reject(); }));
     nativeHover = std::make_unique<NativeButtonHover>(cancel);
     addHoverItem(cancel, nativeHover.get());

@@ -61,10 +61,15 @@ constexpr Text texts[] = {
 };
 
 constexpr Text ownTexts[] = {
-    {"language.system", "跟随系统", "System"}, {"language.zh", "简体中文", "简体中文"},
-    {"language.en", "English", "English"},     {"menu.open", "打开", "Open"},
-    {"name.threshold", "阈值", "Threshold"},   {"name.hour", "小时", "Hour"},
+    {"language.system", "跟随系统", "System"},
+    {"language.zh", "简体中文", "简体中文"},
+    {"language.en", "English", "English"},
+    {"menu.open", "打开", "Open"},
+    {"name.threshold", "阈值", "Threshold"},
+    {"name.hour", "小时", "Hour"},
     {"name.minute", "分钟", "Minute"},
+    {"panel.noTray", "此桌面没有系统托盘。再次启动本程序即可重新打开此面板。",
+     "This desktop has no tray. Start the program again to reopen this panel."},
 };
 
 std::vector<std::string_view> keysOf(const L10n::Table& table)

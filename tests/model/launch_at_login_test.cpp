@@ -7,6 +7,8 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::MatchesRegex;
+using testing::SizeIs;
 using Status = LoginItemService::Status;
 
 class LaunchAtLoginTest : public testing::Test {
@@ -252,6 +254,69 @@ TEST_F(LaunchAtLoginTest, AfterASyncTheSwitchWorksAgain)
 
     EXPECT_EQ(world.loginItems.registrations, 1);
     EXPECT_TRUE(model.launchAtLogin);
+}
+
+TEST_F(LaunchAtLoginTest, AFailedRegistrationPostsANotificationAtOnceAndLeavesTheSwitchOff)
+{
+    world.loginItems.failure = "Operation not permitted";
+    BatteryModel& model = world.start();
+
+    model.launchAtLogin = true;
+
+    ASSERT_THAT(world.notifications.requests, SizeIs(1));
+    const NotificationRequest& request = world.notifications.requests[0];
+    EXPECT_THAT(request.identifier, MatchesRegex("launch-fail-[0-9A-F-]{36}"));
+    EXPECT_EQ(request.content,
+              (NotificationContent{"Launch at login", "Operation not permitted", false, ""}));
+    EXPECT_EQ(request.delay, std::nullopt);
+    EXPECT_FALSE(model.launchAtLogin);
+}
+
+TEST_F(LaunchAtLoginTest, AFailedUnregistrationPostsANotificationToo)
+{
+    BatteryModel& model = startRegistered();
+    world.loginItems.failure = "Disk full";
+
+    model.launchAtLogin = false;
+
+    ASSERT_THAT(world.notifications.requests, SizeIs(1));
+    EXPECT_EQ(world.notifications.requests[0].content.body, "Disk full");
+}
+
+TEST_F(LaunchAtLoginTest, TwoFailuresInARowPostTwoNotificationsWithDifferentIdentifiers)
+{
+    world.loginItems.failure = "Operation not permitted";
+    BatteryModel& model = world.start();
+
+    model.launchAtLogin = true;
+    model.launchAtLogin = true;
+
+    ASSERT_THAT(world.notifications.requests, SizeIs(2));
+    EXPECT_NE(world.notifications.requests[0].identifier,
+              world.notifications.requests[1].identifier);
+}
+
+TEST_F(LaunchAtLoginTest, TheNotificationOfAFailureIsTitledInTheLanguageOfTheMoment)
+{
+    world.loginItems.failure = "100%s %@ %n {}";
+    BatteryModel& model = world.start();
+    model.language = "zh";
+
+    model.launchAtLogin = true;
+
+    EXPECT_EQ(world.notifications.requests.at(0).content.title, "开机自动启动");
+    EXPECT_EQ(world.notifications.requests.at(0).content.body, "100%s %@ %n {}");
+}
+
+TEST_F(LaunchAtLoginTest, ASuccessPostsNoNotification)
+{
+    world.loginItems.afterRegistration = Status::requiresApproval;
+    BatteryModel& model = world.start();
+
+    model.launchAtLogin = true;
+    model.launchAtLogin = false;
+
+    EXPECT_THAT(world.notifications.requests, IsEmpty());
 }
 
 TEST_F(LaunchAtLoginTest, TheSwitchIsNotASetting)

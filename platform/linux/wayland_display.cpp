@@ -1,0 +1,42 @@
+#include "platform/linux/wayland_display.h"
+
+#include "platform/posix/file_descriptor.h"
+
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+namespace voltmere {
+
+namespace {
+
+std::string socketPath()
+{
+    const char* const display = std::getenv("WAYLAND_DISPLAY");
+    const char* const directory = std::getenv("XDG_RUNTIME_DIR");
+    if (display == nullptr || *display == '/') {
+        return display == nullptr ? "" : display;
+    }
+    return directory == nullptr ? "" : std::string(directory) + '/' + display;
+}
+
+} // namespace
+
+bool canReachWaylandDisplay()
+{
+    const std::string path = socketPath();
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    if (path.empty() || path.size() >= sizeof address.sun_path) {
+        return false;
+    }
+    std::memcpy(address.sun_path, path.data(), path.size());
+    const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    return socket &&
+        ::connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+}
+
+} // namespace voltmere
