@@ -7,6 +7,8 @@
 #include "ui/tray_image.h"
 
 #include <QApplication>
+#include <QEvent>
+#include <QWidget>
 
 #include <cstdlib>
 #include <utility>
@@ -85,6 +87,11 @@ void VoltmereApp::showIcon()
 void VoltmereApp::followAppearance()
 {
     applyPalette(services.appearance->bestMatch());
+    // The desktop's own palette may have changed before the scheme was known: red differs still.
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        QEvent change(QEvent::PaletteChange);
+        QApplication::sendEvent(window, &change);
+    }
 }
 
 std::unique_ptr<QWidget> VoltmereApp::makePanel()
