@@ -52,8 +52,9 @@ void addSettings(const CommandLine& commandLine, Report& report)
 {
     const QFileInfo file(settingsPath());
     const QString state = !file.exists() ? "not there, defaults are used"
-        : file.isReadable()              ? QString("%1 bytes").arg(file.size())
-                                         : "cannot be read";
+        : !file.isFile()                 ? "not a file, defaults are used"
+        : !file.isReadable()             ? "cannot be read"
+                                         : QString("%1 bytes").arg(file.size());
     const QString name = commandLine.verbose ? file.filePath() : file.fileName();
     report.add("settings", (name + ": " + state).toStdString());
 }

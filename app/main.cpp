@@ -40,7 +40,7 @@ int reportUsageError(const UsageError& error)
 
 int reportNoDisplay(const std::string& problem)
 {
-    std::fprintf(stderr, "voltmere: %s\n", problem.c_str());
+    std::fprintf(stderr, "voltmere: %s\n", voltmere::plainLine(problem).c_str());
     return exitCannotRun;
 }
 

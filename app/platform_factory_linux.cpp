@@ -6,6 +6,7 @@
 #include "platform/linux/desktop_notifications.h"
 #include "platform/linux/portal_appearance.h"
 #include "platform/linux/tray_host_watcher.h"
+#include "platform/linux/wayland_display.h"
 #include "platform/linux/x_display.h"
 
 #include <cstdlib>
@@ -38,8 +39,12 @@ AutostartProgram thisProgram()
 
 std::optional<std::string> displayProblem()
 {
-    if (isSet("QT_QPA_PLATFORM") || isSet("WAYLAND_DISPLAY")) {
+    if (isSet("QT_QPA_PLATFORM") || (isSet("WAYLAND_DISPLAY") && canReachWaylandDisplay())) {
         return std::nullopt;
+    }
+    if (!isSet("DISPLAY") && isSet("WAYLAND_DISPLAY")) {
+        return "the display '" + std::string(std::getenv("WAYLAND_DISPLAY")) +
+            "' cannot be reached; check WAYLAND_DISPLAY and XDG_RUNTIME_DIR, or use --list";
     }
     if (!isSet("DISPLAY")) {
         return "there is no display (neither WAYLAND_DISPLAY nor DISPLAY is set); start it in a "

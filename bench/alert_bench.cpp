@@ -6,8 +6,11 @@
 //   alert_bench --first message-box      times each, since every run is a process of its own
 //   alert_bench --memory                 memory and timers after many reminders
 //
-// Draws on Qt's offscreen platform unless QT_QPA_PLATFORM says something else.
+// Draws on Qt's offscreen platform unless QT_QPA_PLATFORM says something else. There is no window
+// system there, which is most of what a message box costs: compare the two on a desktop
+// (QT_QPA_PLATFORM=xcb).
 
+#include "bench/paint_watch.h"
 #include "platform/qt/qt_pointer.h"
 #include "platform/qt/qt_run_loop.h"
 #include "snooze/snooze_alert.h"
@@ -32,33 +35,6 @@ namespace voltmere {
 namespace {
 
 using Milliseconds = std::chrono::duration<double, std::milli>;
-
-/// Notices when a window has been painted for the first time.
-class PaintWatch : public QObject {
-public:
-    PaintWatch() { qApp->installEventFilter(this); }
-
-    /// Lets the event loop turn until a window has been painted.
-    void wait()
-    {
-        while (!painted) {
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        }
-    }
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override
-    {
-        if (event->type() == QEvent::Paint && watched->isWidgetType() &&
-            static_cast<QWidget*>(watched)->isWindow()) {
-            painted = true;
-        }
-        return false;
-    }
-
-private:
-    bool painted = false;
-};
 
 class LightAppearance : public Appearance {
 public:
@@ -133,6 +109,11 @@ BENCHMARK(alertUntilPainted)->UseManualTime()->Unit(benchmark::kMillisecond);
 /// Prints how the two compare below what each took.
 class RatioReporter : public benchmark::ConsoleReporter {
 public:
+    RatioReporter()
+        : ConsoleReporter(OO_Tabular)
+    {
+    }
+
     void ReportRuns(const std::vector<Run>& runs) override
     {
         ConsoleReporter::ReportRuns(runs);

@@ -55,6 +55,7 @@ else()
     platform/linux/reminder_store.cpp
     platform/linux/tray_host_watcher.cpp
     platform/linux/wake_timer.cpp
+    platform/linux/wayland_display.cpp
     platform/linux/x_display.cpp)
   target_link_libraries(voltmere_ui PRIVATE PkgConfig::XCB)
 endif()

@@ -80,6 +80,68 @@ TEST(CommandLineTest, SysfsWithTheDirectoryAsTheNextWordOrBehindAnEqualsSign)
     EXPECT_EQ(accepted({"--sysfs", "/some/dir"}).toolsDirectory, std::nullopt);
 }
 
+TEST(CommandLineTest, Watch)
+{
+    EXPECT_EQ(accepted({"--watch"}).action, Action::watch);
+    EXPECT_EQ(accepted({"--watch"}).format, CommandLine::Format::voltmere);
+    EXPECT_EQ(accepted({"--watch", "--format", "waybar"}).format, CommandLine::Format::waybar);
+    EXPECT_EQ(accepted({"--format=waybar", "--watch", "--demo"}).format,
+              CommandLine::Format::waybar);
+}
+
+TEST(CommandLineTest, AFormatGoesWithWatchAndIsOneThatIsKnown)
+{
+    EXPECT_EQ(rejected({"--format", "waybar"}), "--format goes with --watch.");
+    EXPECT_EQ(rejected({"--list", "--format", "waybar"}), "--format goes with --watch.");
+    EXPECT_EQ(rejected({"--watch", "--format", "polybar"}), "--format knows only 'waybar'.");
+    EXPECT_EQ(rejected({"--watch", "--format", ""}), "--format knows only 'waybar'.");
+    EXPECT_EQ(rejected({"--watch", "--format", "Waybar"}), "--format knows only 'waybar'.");
+    EXPECT_THAT(rejected({"--watch", "--format"}), testing::HasSubstr("format"));
+    EXPECT_EQ(rejected({"--watch", "--json"}), "--json goes with --list.");
+}
+
+TEST(CommandLineTest, Diagnose)
+{
+    EXPECT_EQ(accepted({"--diagnose"}).action, Action::diagnose);
+    EXPECT_FALSE(accepted({"--diagnose"}).verbose);
+    EXPECT_TRUE(accepted({"--verbose", "--diagnose"}).verbose);
+    EXPECT_EQ(accepted({"--diagnose", "--sysfs", "a"}).sysfsRoot, "a");
+    EXPECT_EQ(rejected({"--verbose"}), "--verbose goes with --diagnose.");
+    EXPECT_EQ(rejected({"--list", "--verbose"}), "--verbose goes with --diagnose.");
+}
+
+TEST(CommandLineTest, Panel)
+{
+    EXPECT_TRUE(accepted({"--panel"}).openPanel);
+    EXPECT_EQ(accepted({"--panel"}).action, Action::menuBar);
+    EXPECT_FALSE(accepted({}).openPanel);
+    EXPECT_TRUE(accepted({"--demo", "--panel"}).openPanel);
+}
+
+TEST(CommandLineTest, Screenshots)
+{
+    EXPECT_EQ(accepted({"--screenshots", "some dir"}).action, Action::screenshots);
+    EXPECT_EQ(accepted({"--screenshots", "some dir"}).screenshotsDirectory, "some dir");
+    EXPECT_TRUE(accepted({"--screenshots=x", "--demo"}).demo);
+    EXPECT_EQ(rejected({"--screenshots", ""}), "--screenshots needs a directory.");
+    EXPECT_THAT(rejected({"--screenshots"}), testing::HasSubstr("screenshots"));
+}
+
+TEST(CommandLineTest, OneThingIsDoneAtATime)
+{
+    const QList<QStringList> actions{
+        {"--list"}, {"--watch"}, {"--diagnose"}, {"--panel"}, {"--screenshots", "x"}};
+    for (const QStringList& one : actions) {
+        for (const QStringList& other : actions) {
+            if (one != other) {
+                EXPECT_EQ(rejected(one + other),
+                          "Only one of --list, --watch, --diagnose, --panel and --screenshots can "
+                          "be done at a time.");
+            }
+        }
+    }
+}
+
 TEST(CommandLineTest, HelpAndVersion)
 {
     EXPECT_EQ(accepted({"--help"}).action, Action::showHelp);
@@ -150,8 +212,9 @@ TEST(CommandLineTest, TheUsageTextNamesEveryOption)
 {
     const std::string usage = usageText().toStdString();
 
-    for (const char* const option :
-         {"--list", "--json", "--demo", "--tools <dir>", "--sysfs <dir>", "--help", "--version"}) {
+    for (const char* const option : {"--list", "--json", "--watch", "--format <bar>", "--diagnose",
+                                     "--verbose", "--panel", "--screenshots <dir>", "--demo",
+                                     "--tools <dir>", "--sysfs <dir>", "--help", "--version"}) {
         EXPECT_THAT(usage, testing::HasSubstr(option));
     }
 }

@@ -1,15 +1,12 @@
 // Runs the built program. The tools and the kernel's entries that it reads are synthetic.
 
+#include "tests/app/program_fixture.h"
 #include "tests/platform/sysfs_fixture.h"
-#include "tests/platform/temporary_directory.h"
 
 #include <gmock/gmock.h>
 
 #include <QDir>
 #include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QProcess>
 
 #include <algorithm>
 
@@ -20,87 +17,11 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
-struct Outcome {
-    int status;
-    std::string output;
-    std::string errors;
-};
-
-std::string registryEntry(int product, int level, const std::string& address)
-{
-    return "+-o AppleDeviceManagementHIDEventService  <class "
-           "AppleDeviceManagementHIDEventService>\n"
-           "    {\n      \"SerialNumber\" = \"" +
-        address + "\"\n      \"BatteryPercent\" = " + std::to_string(level) +
-        "\n      \"ProductID\" = " + std::to_string(product) + "\n    }\n";
-}
-
-std::string printing(const std::string& text)
-{
-    return "#!/bin/sh\ncat <<'END'\n" + text + "END\n";
-}
-
-class ListCommandTest : public testing::Test {
+class ListCommandTest : public ProgramTest {
 protected:
-    void SetUp() override { std::filesystem::create_directories(home()); }
-
-    std::filesystem::path home() const { return directory / "home"; }
-    std::filesystem::path configuration() const { return directory / "configuration"; }
-    std::filesystem::path tools() const { return directory / "tools"; }
-    std::filesystem::path settings() const
-    {
-        return configuration() / "voltmere" / "settings.json";
-    }
-
-    /// Runs the program where it sees the user that the test made up, and no one else's.
-    Outcome run(const QStringList& words, const std::string& outputFile = {})
-    {
-        QProcessEnvironment environment;
-        for (const char* const name : {"PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS"}) {
-            if (qEnvironmentVariableIsSet(name)) {
-                environment.insert(name, qEnvironmentVariable(name));
-            }
-        }
-        environment.insert("HOME", QString::fromStdString(home()));
-        environment.insert("XDG_CONFIG_HOME", QString::fromStdString(configuration()));
-        environment.insert("TZ", "UTC");
-        environment.insert("LC_ALL", QString::fromStdString(locale));
-        QProcess program;
-        program.setProcessEnvironment(environment);
-        if (!outputFile.empty()) {
-            program.setStandardOutputFile(QString::fromStdString(outputFile));
-        }
-        program.start(VOLTMERE_PROGRAM, words);
-        EXPECT_TRUE(program.waitForFinished(60'000)) << words.join(' ').toStdString();
-        EXPECT_EQ(program.exitStatus(), QProcess::NormalExit);
-        return {program.exitCode(), program.readAllStandardOutput().toStdString(),
-                program.readAllStandardError().toStdString()};
-    }
-
     Outcome listWithTools(const QStringList& more = {})
     {
         return run(QStringList{"--list", "--tools", QString::fromStdString(tools())} + more);
-    }
-
-    void makeTools()
-    {
-        writeProgram(tools() / "ioreg",
-                     printing(registryEntry(804, 45, "02-00-5e-00-53-03") +
-                              registryEntry(619, 100, "02-00-5e-00-53-02") +
-                              registryEntry(803, 14, "02-00-5e-00-53-01") +
-                              registryEntry(612, 50, "02-00-5e-00-53-04")));
-        writeProgram(tools() / "system_profiler",
-                     printing("Bluetooth:\n\n      Connected:\n          Mouse of Ann:\n"
-                              "              Address: 02:00:5E:00:53:01\n"));
-    }
-
-    static QJsonObject parsed(const std::string& json)
-    {
-        QJsonParseError error;
-        const QJsonDocument document =
-            QJsonDocument::fromJson(QByteArray::fromStdString(json), &error);
-        EXPECT_EQ(error.error, QJsonParseError::NoError) << json;
-        return document.object();
     }
 
     static QStringList names(const QJsonObject& reading)
@@ -111,9 +32,6 @@ protected:
         }
         return names;
     }
-
-    TemporaryDirectory directory;
-    std::string locale = "C.UTF-8";
 };
 
 TEST_F(ListCommandTest, PrintsATable)

@@ -55,9 +55,8 @@ TEST_F(DesktopNotificationsTest, ANotificationOfACategoryOffersItsActions)
 {
     showChoice();
 
-    EXPECT_EQ(
-        daemon.shown[0].actions,
-        QStringList({"default", "", "LATER", "Later", "FRONT", QString("To the front…")}));
+    EXPECT_EQ(daemon.shown[0].actions,
+              QStringList({"default", "", "LATER", "Later", "FRONT", QString("To the front…")}));
 }
 
 TEST_F(DesktopNotificationsTest, NewCategoriesReplaceTheOldOnesForWhatIsShownNext)
