@@ -23,7 +23,7 @@ int listPeripherals(const CommandLine& commandLine)
 
     const SystemClock clock;
     Peripherals peripherals(commandLine);
-    const PeripheralSources sources = peripherals.choose();
+    PeripheralSources sources = peripherals.choose();
     DeviceReader reader([&sources] { return sources; }, clock);
     const Reading reading{sources.label, reader.readDevices(false),
                           settings->integer("threshold").value_or(defaultThreshold)};

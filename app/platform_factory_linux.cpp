@@ -10,17 +10,18 @@
 #include "platform/linux/x_display.h"
 
 #include <cstdlib>
-#include <string_view>
+#include <string>
 #include <utility>
 
 namespace voltmere {
 
 namespace {
 
-bool isSet(const char* variable)
+/// Empty also when there is none.
+std::string environmentVariable(const char* name)
 {
-    const char* const value = std::getenv(variable);
-    return value != nullptr && !std::string_view(value).empty();
+    const char* const value = std::getenv(name);
+    return value == nullptr ? "" : value;
 }
 
 AutostartProgram thisProgram()
@@ -39,19 +40,22 @@ AutostartProgram thisProgram()
 
 std::optional<std::string> displayProblem()
 {
-    if (isSet("QT_QPA_PLATFORM") || (isSet("WAYLAND_DISPLAY") && canReachWaylandDisplay())) {
+    const std::string compositor = environmentVariable("WAYLAND_DISPLAY");
+    const std::string display = environmentVariable("DISPLAY");
+    if (!environmentVariable("QT_QPA_PLATFORM").empty() ||
+        (!compositor.empty() && canReachWaylandDisplay())) {
         return std::nullopt;
     }
-    if (!isSet("DISPLAY") && isSet("WAYLAND_DISPLAY")) {
-        return "the display '" + std::string(std::getenv("WAYLAND_DISPLAY")) +
+    if (display.empty() && !compositor.empty()) {
+        return "the display '" + compositor +
             "' cannot be reached; check WAYLAND_DISPLAY and XDG_RUNTIME_DIR, or use --list";
     }
-    if (!isSet("DISPLAY")) {
+    if (display.empty()) {
         return "there is no display (neither WAYLAND_DISPLAY nor DISPLAY is set); start it in a "
                "desktop session, or use --list";
     }
     if (!canOpenXDisplay()) {
-        return "the display '" + std::string(std::getenv("DISPLAY")) +
+        return "the display '" + display +
             "' cannot be opened; check DISPLAY and XAUTHORITY, or use --list";
     }
     return std::nullopt;

@@ -23,8 +23,8 @@ public:
     /// Takes the name, or asks the process that has it. Waits for the bus, a few milliseconds.
     Role start();
 
-    /// Calls `open` whenever a later start asks for the panel.
-    void onActivation(std::function<void()> open);
+    /// Calls `action` whenever a later start asks for the panel.
+    void onActivation(std::function<void()> action);
 
 private:
     friend class ApplicationAdaptor;

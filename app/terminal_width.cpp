@@ -2,8 +2,8 @@
 
 #include "devices/utf8.h"
 
-#include <locale.h>
-#include <wchar.h>
+#include <clocale>
+#include <cwchar>
 
 namespace voltmere {
 

@@ -84,7 +84,7 @@ void VoltmereApp::showIcon()
                                .quit = &QCoreApplication::quit});
 }
 
-void VoltmereApp::followAppearance()
+void VoltmereApp::followAppearance() const
 {
     applyPalette(services.appearance->bestMatch());
     // The desktop's own palette may have changed before the scheme was known: red differs still.

@@ -29,7 +29,7 @@ private:
     BatteryModel& sharedModel();
     void showIcon();
     void giveUpOnTray();
-    void followAppearance();
+    void followAppearance() const;
     std::unique_ptr<QWidget> makePanel();
 
     Services services;

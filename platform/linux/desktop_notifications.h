@@ -48,7 +48,7 @@ public:
 private:
     struct Waiting {
         NotificationRequest request;
-        std::uint32_t presentation;
+        std::uint32_t presentation = 0;
     };
 
     void present(NotificationRequest request);

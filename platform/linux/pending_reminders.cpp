@@ -15,9 +15,9 @@ Seconds usableDelay(double delay)
 
 } // namespace
 
-PendingReminders::PendingReminders(ReminderStore given, RunLoop& runLoop, const Clock& clock,
-                                   SystemLog& log, Due due)
-    : store(std::move(given))
+PendingReminders::PendingReminders(ReminderStore reminderStore, RunLoop& runLoop,
+                                   const Clock& clock, SystemLog& log, Due due)
+    : store(std::move(reminderStore))
     , runLoop(runLoop)
     , clock(clock)
     , log(log)

@@ -21,8 +21,8 @@ public:
 
     /// Takes up what the store holds. `due` is called once for each, from the run loop, and the
     /// reminder stays in the store until it is forgotten.
-    PendingReminders(ReminderStore store, RunLoop& runLoop, const Clock& clock, SystemLog& log,
-                     Due due);
+    PendingReminders(ReminderStore reminderStore, RunLoop& runLoop, const Clock& clock,
+                     SystemLog& log, Due due);
 
     /// A request with the identifier of a pending one replaces it. Its delay, none counting as
     /// zero, is at most `longestReminderDelay`.

@@ -80,8 +80,9 @@ struct HidId {
 std::optional<HidId> parseHidId(std::string_view text)
 {
     const std::size_t first = text.find(':');
-    const std::size_t second = first == text.npos ? text.npos : text.find(':', first + 1);
-    if (second == text.npos) {
+    const std::size_t second =
+        first == std::string_view::npos ? std::string_view::npos : text.find(':', first + 1);
+    if (second == std::string_view::npos) {
         return std::nullopt;
     }
     const auto vendor = wholeNumber(text.substr(first + 1, second - first - 1), 16);

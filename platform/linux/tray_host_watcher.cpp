@@ -104,9 +104,8 @@ void TrayHostWatcher::askBus()
             [this](QDBusPendingCallWatcher* finished) {
                 const QDBusPendingReply<QDBusVariant> reply = *finished;
                 finished->deleteLater();
-                if (reply.isValid() && reply.value().variant().toBool()) {
-                    report();
-                } else if (selectionHasOwner()) {
+                const bool hasHost = reply.isValid() && reply.value().variant().toBool();
+                if (hasHost || selectionHasOwner()) {
                     report();
                 }
             });

@@ -35,8 +35,9 @@ bool canReachWaylandDisplay()
     }
     std::memcpy(address.sun_path, path.data(), path.size());
     const FileDescriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    return socket &&
-        ::connect(socket.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
+    // A pointer to the general form of an address is what the socket functions take.
+    const auto* const general = static_cast<const sockaddr*>(static_cast<const void*>(&address));
+    return socket && ::connect(socket.get(), general, sizeof address) == 0;
 }
 
 } // namespace voltmere

@@ -13,7 +13,7 @@ namespace {
 
 QAnyStringView viewOf(std::string_view key)
 {
-    return QAnyStringView(QUtf8StringView(key.data(), static_cast<qsizetype>(key.size())));
+    return QUtf8StringView(key.data(), static_cast<qsizetype>(key.size()));
 }
 
 QVariant valueOf(const QSettings& settings, std::string_view key)
