@@ -78,10 +78,14 @@ void VoltmereApp::showIcon()
     panel.setOrdinaryWindow(false);
     label = std::make_unique<StatusLabel>(
         sharedModel(),
-        StatusLabel::Behaviour{.picture = makeTrayIcon,
-                               .toggle = [this](const QRect& icon) { panel.toggle(icon); },
-                               .open = [this](const QRect& icon) { panel.open(icon); },
-                               .quit = &QCoreApplication::quit});
+        StatusLabel::Behaviour{
+            .picture =
+                [maker = TrayIconMaker()](const auto& devices, auto threshold) mutable {
+                    return maker.make(devices, threshold);
+                },
+            .toggle = [this](const QRect& icon) { panel.toggle(icon); },
+            .open = [this](const QRect& icon) { panel.open(icon); },
+            .quit = &QCoreApplication::quit});
 }
 
 void VoltmereApp::followAppearance() const

@@ -61,9 +61,26 @@ void StatusLabel::redraw()
     for (const BatteryDevice& device : devices) {
         deviceLines.append(deviceLine(device));
     }
-    icon.setIcon(behaviour.picture(devices, model.threshold));
-    icon.setToolTip(toolTipText(deviceLines));
+    showPicture(behaviour.picture(devices, model.threshold));
+    showToolTip(toolTipText(deviceLines));
     fillMenu(deviceLines);
+}
+
+// Whatever is set is sent to the desktop, which then asks for all of the icon. Most redraws change
+// nothing of it.
+
+void StatusLabel::showPicture(const QIcon& picture)
+{
+    if (picture.cacheKey() != icon.icon().cacheKey()) {
+        icon.setIcon(picture);
+    }
+}
+
+void StatusLabel::showToolTip(const QString& text)
+{
+    if (text != icon.toolTip()) {
+        icon.setToolTip(text);
+    }
 }
 
 void StatusLabel::fillMenu(const QStringList& deviceLines)

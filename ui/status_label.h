@@ -18,7 +18,8 @@ class StatusLabel : public QObject {
 public:
     /// What the icon does and looks like.
     struct Behaviour {
-        /// The icon for a list of devices in display order and a threshold in percent.
+        /// The icon for a list of devices in display order and a threshold in percent. One with
+        /// the cache key of the icon before is taken to be that icon.
         std::function<QIcon(const std::vector<BatteryDevice>&, std::int64_t threshold)> picture;
         std::function<void(const QRect& icon)> toggle; ///< a click; the place may be empty
         std::function<void(const QRect& icon)> open;
@@ -30,6 +31,8 @@ public:
 
 private:
     void redraw();
+    void showPicture(const QIcon& picture);
+    void showToolTip(const QString& text);
     void fillMenu(const QStringList& deviceLines);
 
     BatteryModel& model;

@@ -111,4 +111,17 @@ QIcon makeTrayIcon(const std::vector<BatteryDevice>& devices, std::int64_t thres
     return icon;
 }
 
+QIcon TrayIconMaker::make(const std::vector<BatteryDevice>& devices, std::int64_t threshold)
+{
+    std::optional<Look> look;
+    if (const auto device = weakestDevice(devices)) {
+        look = Look{device->level, isLow(*device, threshold)};
+    }
+    if (last.isNull() || look != lastLook) {
+        lastLook = look;
+        last = makeTrayIcon(devices, threshold);
+    }
+    return last;
+}
+
 } // namespace voltmere

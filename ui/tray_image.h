@@ -6,6 +6,7 @@
 #include <QImage>
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace voltmere {
@@ -18,5 +19,24 @@ QImage trayImage(const std::vector<BatteryDevice>& devices, std::int64_t thresho
 
 /// That picture in the sizes of usual panels, in pixels, at one and two pixels to a point.
 QIcon makeTrayIcon(const std::vector<BatteryDevice>& devices, std::int64_t threshold);
+
+/// Makes one tray icon after the other, and gives the last one again where the next would look the
+/// same: what has the same cache key need not be sent to the desktop once more.
+class TrayIconMaker {
+public:
+    QIcon make(const std::vector<BatteryDevice>& devices, std::int64_t threshold);
+
+private:
+    /// What a tray picture shows.
+    struct Look {
+        std::int64_t level; ///< percent
+        bool low;
+
+        bool operator==(const Look&) const = default;
+    };
+
+    std::optional<Look> lastLook; ///< nothing for the icon of no device
+    QIcon last;
+};
 
 } // namespace voltmere

@@ -91,6 +91,30 @@ TEST(TrayIcon, HasThePictureOfEachSize)
     }
 }
 
+TEST(TrayIconMaker, GivesTheSameIconWhileItLooksTheSame)
+{
+    TrayIconMaker maker;
+    const auto key = [&maker](const std::vector<BatteryDevice>& devices, std::int64_t limit) {
+        return maker.make(devices, limit).cacheKey();
+    };
+    const qint64 first = key({deviceAt(42)}, 20);
+
+    EXPECT_EQ(key({deviceAt(42)}, 20), first);
+    EXPECT_EQ(key({deviceAt(42), deviceAt(90)}, 41), first);
+    EXPECT_NE(key({deviceAt(41)}, 20), first);
+    EXPECT_NE(key({deviceAt(42)}, 42), first);
+}
+
+TEST(TrayIconMaker, DrawsAnewWhatLooksDifferent)
+{
+    TrayIconMaker maker;
+    for (const std::vector<BatteryDevice>& devices :
+         {std::vector<BatteryDevice>{}, {deviceAt(42)}, {deviceAt(20)}, {}}) {
+        const QImage shown = maker.make(devices, threshold).pixmap(QSize(22, 22), 1.0).toImage();
+        EXPECT_TRUE(shown == trayImage(devices, threshold, 22));
+    }
+}
+
 TEST(TrayImage, IsRedAtTheThresholdAndNotAboveIt)
 {
     for (const int side : sides) {
