@@ -26,7 +26,7 @@ QDBusMessage ask(const QDBusConnection& bus, const QString& service, const QStri
 
 bool isRunning(const QDBusConnection& bus, const QString& service)
 {
-    return bus.isConnected() && bus.interface()->isServiceRegistered(service);
+    return bus.interface()->isServiceRegistered(service);
 }
 
 std::string trayHost(const QDBusConnection& bus)
@@ -58,28 +58,50 @@ std::string notificationService(const QDBusConnection& bus)
         .toStdString();
 }
 
+std::string presence(bool present, const char* otherwise)
+{
+    return present ? "present" : otherwise;
+}
+
+void addSession(const QDBusConnection& bus, std::vector<Finding>& findings)
+{
+    if (!bus.isConnected()) {
+        findings.emplace_back("session bus",
+                              "missing: no notifications, no StatusNotifier tray, dark or light is "
+                              "taken from Qt, and a second start runs a second time");
+        return;
+    }
+    findings.insert(
+        findings.end(),
+        {{"session bus", "present"},
+         {"tray", trayHost(bus)},
+         {"notifications", notificationService(bus)},
+         {"settings portal",
+          presence(isRunning(bus, "org.freedesktop.portal.Desktop"),
+                   "not running: dark or light is taken from Qt")},
+         {"running instance", presence(isRunning(bus, "org.voltmere.Voltmere"), "none")}});
+}
+
+void addSystem(const QDBusConnection& bus, std::vector<Finding>& findings)
+{
+    if (!bus.isConnected()) {
+        findings.emplace_back("system bus", "missing: no Bluetooth names");
+        return;
+    }
+    findings.insert(
+        findings.end(),
+        {{"system bus", "present"},
+         {"BlueZ", presence(isRunning(bus, "org.bluez"), "not running: no Bluetooth names")}});
+}
+
 } // namespace
 
 std::vector<Finding> describeDesktopServices()
 {
-    const QDBusConnection session = QDBusConnection::sessionBus();
-    const QDBusConnection system = QDBusConnection::systemBus();
-    const auto presence = [](bool present, const char* otherwise) {
-        return std::string(present ? "present" : otherwise);
-    };
-    return {
-        {"session bus",
-         presence(session.isConnected(),
-                  "missing: no notifications, and a second start runs twice")},
-        {"tray", trayHost(session)},
-        {"notifications", notificationService(session)},
-        {"settings portal",
-         presence(isRunning(session, "org.freedesktop.portal.Desktop"),
-                  "not running: dark or light is taken from Qt")},
-        {"running instance", presence(isRunning(session, "org.voltmere.Voltmere"), "none")},
-        {"system bus", presence(system.isConnected(), "missing: no Bluetooth names")},
-        {"BlueZ", presence(isRunning(system, "org.bluez"), "not running: no Bluetooth names")},
-    };
+    std::vector<Finding> findings;
+    addSession(QDBusConnection::sessionBus(), findings);
+    addSystem(QDBusConnection::systemBus(), findings);
+    return findings;
 }
 
 } // namespace voltmere

@@ -9,6 +9,7 @@
 #include "app/voltmere_app.h"
 #include "app/watch_command.h"
 #include "platform/posix/plain_text.h"
+#include "platform/posix/posix_system_log.h"
 
 #include <QApplication>
 
@@ -69,8 +70,15 @@ int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setDesktopFileName("org.voltmere.Voltmere");
     voltmere::SingleInstance instance;
-    if (!commandLine.demo && instance.start() == voltmere::SingleInstance::Role::later) {
-        return 0;
+    if (!commandLine.demo) {
+        const auto role = instance.start();
+        if (role == voltmere::SingleInstance::Role::later) {
+            return 0;
+        }
+        if (role == voltmere::SingleInstance::Role::alone) {
+            voltmere::PosixSystemLog().write("Voltmere: there is no session bus: no notifications, "
+                                             "and a second start runs a second time");
+        }
     }
     voltmere::VoltmereApp program(commandLine);
     instance.onActivation([&program] { program.openPanel(); });

@@ -9,6 +9,8 @@
 #include "platform/linux/wayland_display.h"
 #include "platform/linux/x_display.h"
 
+#include <QIcon>
+
 #include <cstdlib>
 #include <string>
 #include <utility>
@@ -34,6 +36,14 @@ AutostartProgram thisProgram()
     return {.file = std::move(file),
             .names = {{"", std::string(L10n::en().at("app.name"))},
                       {"zh_CN", std::string(L10n::zh().at("app.name"))}}};
+}
+
+/// A program that is not installed has no icon in the theme; the second name every theme has
+/// (Icon Naming Specification 0.8.90, "Status icons").
+std::string applicationIcon()
+{
+    constexpr const char* own = "org.voltmere.Voltmere";
+    return QIcon::hasThemeIcon(own) ? own : "battery-low";
 }
 
 } // namespace
@@ -71,6 +81,7 @@ std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& runLoop, con
 {
     DesktopNotificationsSetup setup{.bus = QDBusConnection::sessionBus(),
                                     .applicationName = [] { return L10n::t("app.name"); },
+                                    .applicationIcon = &applicationIcon,
                                     .remindersFile = userRemindersPath()};
     return std::make_unique<DesktopNotifications>(std::move(setup), runLoop, clock, log);
 }

@@ -41,7 +41,7 @@ int VoltmereApp::run()
     sharedModel();
     delegate.applicationDidFinishLaunching();
     if (opensPanel) {
-        panel.open();
+        openPanel();
     }
     const int status = QApplication::exec();
     if (services.runLoop.isBusy()) {
@@ -61,7 +61,7 @@ BatteryModel& VoltmereApp::sharedModel()
 
 void VoltmereApp::openPanel()
 {
-    panel.open();
+    panel.open(label ? label->place() : QRect());
 }
 
 void VoltmereApp::giveUpOnTray()

@@ -13,14 +13,16 @@ NoTrayPanel::NoTrayPanel(BatteryModel& model, std::unique_ptr<QWidget> content)
     , redrawScheduler(model.objectWillChange, [this] { redraw(); })
 {
     notice->setObjectName("noTray");
-    notice->setContentsMargins(panelMetrics::padding, 0, panelMetrics::padding,
-                               panelMetrics::padding);
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->setSizeConstraint(QLayout::SetFixedSize);
     column->addWidget(content.release());
-    column->addWidget(notice);
+    auto* const margin = new QVBoxLayout;
+    margin->setContentsMargins(panelMetrics::padding, 0, panelMetrics::padding,
+                               panelMetrics::padding);
+    margin->addWidget(notice);
+    column->addLayout(margin);
     redraw();
 }
 

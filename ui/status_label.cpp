@@ -45,12 +45,17 @@ StatusLabel::StatusLabel(BatteryModel& model, Behaviour givenBehaviour)
     connect(&icon, &QSystemTrayIcon::activated, this,
             [this](QSystemTrayIcon::ActivationReason reason) {
                 if (reason == QSystemTrayIcon::Trigger) {
-                    behaviour.toggle(icon.geometry());
+                    behaviour.toggle(place());
                 }
             });
     icon.setContextMenu(&menu);
     redraw();
     icon.show();
+}
+
+QRect StatusLabel::place() const
+{
+    return icon.geometry();
 }
 
 void StatusLabel::redraw()
@@ -99,7 +104,7 @@ void StatusLabel::fillMenu(const QStringList& deviceLines)
     }
     menu.addSeparator();
     menu.addAction(menuText(lines.at(lines.size() - 2), painter), this,
-                   [this] { behaviour.open(icon.geometry()); });
+                   [this] { behaviour.open(place()); });
     menu.addAction(menuText(lines.constLast(), painter), this, [this] { behaviour.quit(); });
 }
 

@@ -29,6 +29,9 @@ public:
     /// Puts the icon into the menu bar or tray, which must be there.
     StatusLabel(BatteryModel& model, Behaviour behaviour);
 
+    /// Where the icon is on the screen; empty where the tray does not tell.
+    QRect place() const;
+
 private:
     void redraw();
     void showPicture(const QIcon& picture);

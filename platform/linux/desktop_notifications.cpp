@@ -27,6 +27,7 @@ void leaveActivationToken(const QByteArray& token)
 DesktopNotifications::DesktopNotifications(DesktopNotificationsSetup setup, RunLoop& runLoop,
                                            const Clock& clock, SystemLog& log)
     : applicationName(std::move(setup.applicationName))
+    , applicationIcon(std::move(setup.applicationIcon))
     , log(log)
     , daemon(std::move(setup.bus), log, setup.replyLimit, [this] { showQueued(); })
     , reminders({setup.remindersFile, log}, runLoop, clock, log,
@@ -98,7 +99,10 @@ void DesktopNotifications::show(const Waiting& waiting)
     // Forgotten before it is shown: an end of the program in between loses the reminder, the other
     // order would show it twice. Until then the file keeps it, if need be for the next start.
     reminders.forget(waiting.request.identifier);
-    const DesktopNotification notification{applicationName(), content.title, content.body,
+    const DesktopNotification notification{applicationName(),
+                                           applicationIcon(),
+                                           content.title,
+                                           content.body,
                                            content.defaultSound &&
                                                (waiting.presentation & presentation::sound) != 0,
                                            actionsOf(content.category)};

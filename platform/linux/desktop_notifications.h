@@ -20,6 +20,7 @@ namespace voltmere {
 struct DesktopNotificationsSetup {
     QDBusConnection bus;                          ///< where the daemon is
     std::function<std::string()> applicationName; ///< as people read it, in their language
+    std::function<std::string()> applicationIcon; ///< its name in the icon theme
     QString remindersFile;                        ///< where delayed requests outlive the program
     std::chrono::milliseconds replyLimit{25'000}; ///< as long as a bus waits for a service to start
 };
@@ -59,6 +60,7 @@ private:
     std::vector<NotificationAction> actionsOf(const std::string& category) const;
 
     const std::function<std::string()> applicationName;
+    const std::function<std::string()> applicationIcon;
     OnceLog log;
     NotificationCentreDelegate* delegate = nullptr;
     std::vector<NotificationCategory> categories;

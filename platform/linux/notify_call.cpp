@@ -11,7 +11,7 @@ const QString notificationPath = QStringLiteral("/org/freedesktop/Notifications"
 
 namespace {
 
-/// The name of the desktop entry and of the icon.
+/// The name of the desktop entry.
 const QString applicationId = QStringLiteral("org.voltmere.Voltmere");
 
 constexpr uchar normalUrgency = 1;
@@ -64,8 +64,8 @@ QDBusMessage notifyCall(const QString& daemon, const QStringList& capabilities,
     const QString body = shownText(notification.body);
     QDBusMessage call = QDBusMessage::createMethodCall(
         daemon, notificationPath, notificationService, QStringLiteral("Notify"));
-    call << shownText(notification.applicationName) << replacesNothing << applicationId
-         << shownText(notification.summary)
+    call << shownText(notification.applicationName) << replacesNothing
+         << QString::fromStdString(notification.icon) << shownText(notification.summary)
          << (capabilities.contains("body-markup") ? body.toHtmlEscaped() : body)
          << (capabilities.contains("actions") ? actionWords(notification) : QStringList())
          << hintsOf(notification) << daemonsOwnDuration;

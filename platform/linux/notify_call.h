@@ -13,6 +13,7 @@ namespace voltmere {
 /// One notification as it is handed to the desktop's daemon. All texts are plain UTF-8.
 struct DesktopNotification {
     std::string applicationName; ///< as people read it
+    std::string icon;            ///< its name in the icon theme
     std::string summary;
     std::string body;
     bool sound = false;

@@ -6,6 +6,7 @@
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <QGuiApplication>
+#include <QMetaType>
 #include <QPalette>
 
 #include <utility>
@@ -44,6 +45,9 @@ QVariant unwrapped(QVariant value)
 PortalAppearance::PortalAppearance()
     : startingScheme(schemeOf(QGuiApplication::palette()))
 {
+    // A signal is connected by the names of its types, and the bus library makes this one known
+    // with its first message only.
+    qRegisterMetaType<QDBusVariant>();
     QDBusConnection::sessionBus().connect(
         portalService, portalPath, settingsInterface, QStringLiteral("SettingChanged"),
         {appearanceSpace}, QString(), this, SLOT(settingChanged(QString, QString, QDBusVariant)));

@@ -96,8 +96,8 @@ void ReminderStore::setAside(const QString& damage)
     const QString fate = keptInPlace
         ? "it cannot be moved, so reminders end with the program until it is mended or removed"
         : "it is kept as " + keptAs;
-    log.report("the reminders file " + path.toStdString() + " is damaged",
-               (damage + ": " + fate).toStdString());
+    log.report("the reminders file " + path.toStdString() + " is damaged; " + fate.toStdString(),
+               damage.toStdString());
 }
 
 QString userRemindersPath()

@@ -57,8 +57,8 @@ TEST_F(DiagnoseCommandTest, SaysWhatWasFound)
     for (const char* const line :
          {"voltmere +[0-9]+\\.[0-9]+\\.[0-9]+\n", "Qt +6\\.", "source +tools\n",
           "Bluetooth names +1\n", "entries +4\n", "settings +settings.json: not there",
-          "session bus +missing", "tray +", "notifications +", "BlueZ +",
-          "entry 1 +product 804, level 45: shown\n", "entry 3 +product 803, level 14: shown\n",
+          "session bus +missing", "system bus +missing", "entry 1 +product 804, level 45: shown\n",
+          "entry 3 +product 803, level 14: shown\n",
           "entry 4 +product 612, level 50: skipped: product is not in the catalogue\n"}) {
         EXPECT_THAT(outcome.output, ContainsRegex(line));
     }
@@ -172,6 +172,16 @@ TEST_F(DiagnoseCommandTest, ADirectoryInThePlaceOfTheSettingsFileIsSaid)
     std::filesystem::create_directories(settings());
 
     EXPECT_THAT(diagnoseTools().output, ContainsRegex("settings +settings.json: not a file"));
+}
+
+TEST_F(DiagnoseCommandTest, WithoutABusNothingIsSaidOfTheServicesOnIt)
+{
+    const std::string report = diagnoseTools().output;
+
+    for (const char* const service :
+         {"tray", "notifications", "settings portal", "running instance", "BlueZ"}) {
+        EXPECT_THAT(report, Not(ContainsRegex("\n" + std::string(service) + " +")));
+    }
 }
 
 TEST_F(DiagnoseCommandTest, TheDesktopsServicesAreNamed)

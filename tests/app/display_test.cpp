@@ -71,6 +71,23 @@ TEST_F(DisplayTest, ControlCharactersDoNotReachTheTerminal)
     EXPECT_THAT(problem(), testing::Not(HasSubstr("\x1B")));
 }
 
+TEST_F(DisplayTest, WithoutASessionBusTheProgramRunsAndSaysWhatDoesNotWork)
+{
+    variables["QT_QPA_PLATFORM"] = "offscreen";
+    QProcess program;
+    start(program, {"--sysfs", QString::fromStdString(home())});
+
+    program.setReadChannel(QProcess::StandardError);
+    std::string said;
+    while (!said.ends_with('\n') && program.waitForReadyRead(60'000)) {
+        said += program.readAllStandardError().toStdString();
+    }
+    EXPECT_THAT(said, HasSubstr("there is no session bus: no notifications"));
+    EXPECT_EQ(program.state(), QProcess::Running);
+    program.kill();
+    EXPECT_TRUE(program.waitForFinished(60'000));
+}
+
 TEST_F(DisplayTest, AnswersNeedNone)
 {
     for (const char* const word : {"--list", "--help", "--version", "--diagnose"}) {

@@ -37,7 +37,7 @@ TEST_F(DesktopNotificationsTest, ARequestWithoutADelayIsShownAtOnce)
     EXPECT_EQ(daemon.shown[0].applicationName, "Program");
     EXPECT_EQ(daemon.shown[0].summary, "Title");
     EXPECT_EQ(daemon.shown[0].body, "A &amp; B");
-    EXPECT_EQ(daemon.shown[0].icon, "org.voltmere.Voltmere");
+    EXPECT_EQ(daemon.shown[0].icon, "program-icon");
     EXPECT_EQ(daemon.shown[0].actions, QStringList({"default", ""}));
     EXPECT_THAT(log.lines, IsEmpty());
 }

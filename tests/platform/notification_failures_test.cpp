@@ -75,7 +75,8 @@ TEST_F(NotificationFailuresTest, NotificationsWithoutADaemonDoNotPileUp)
 TEST_F(NotificationFailuresTest, WithoutABusTheLogSaysSoOnceAndNothingIsShown)
 {
     const QDBusConnection nowhere = QDBusConnection::connectToBus("unix:path=/nowhere", "nowhere");
-    DesktopNotifications alone({nowhere, [] { return "Program"; }, "/nowhere/reminders.json"},
+    DesktopNotifications alone({nowhere, [] { return "Program"; }, [] { return "program-icon"; },
+                                "/nowhere/reminders.json"},
                                runLoop, clock, log);
     alone.setDelegate(&delegate);
     alone.add(request("First"));

@@ -71,6 +71,7 @@ protected:
         centre.reset();
         centre = std::make_unique<DesktopNotifications>(
             DesktopNotificationsSetup{client, [this] { return applicationName; },
+                                      [] { return "program-icon"; },
                                       QString::fromStdString(remindersFile), replyLimit},
             runLoop, clock, log);
         centre->setDelegate(&delegate);

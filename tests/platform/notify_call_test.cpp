@@ -11,7 +11,8 @@ const QStringList everything{"actions", "body", "body-markup"};
 
 DesktopNotification sample()
 {
-    return {"Program", "Title", "Body", false, {{"A", "First", false}, {"B", "Second", true}}};
+    return {"Program", "program-icon", "Title",
+            "Body",    false,          {{"A", "First", false}, {"B", "Second", true}}};
 }
 
 QVariantList argumentsFor(const DesktopNotification& notification,
@@ -39,7 +40,7 @@ TEST(NotifyCall, GoesToTheOwnerOfTheNameInTheFormThatTheStandardGives)
     ASSERT_EQ(arguments.size(), 8);
     EXPECT_EQ(arguments[0], QVariant("Program"));
     EXPECT_EQ(arguments[1], QVariant(0U));
-    EXPECT_EQ(arguments[2], QVariant("org.voltmere.Voltmere"));
+    EXPECT_EQ(arguments[2], QVariant("program-icon"));
     EXPECT_EQ(arguments[3], QVariant("Title"));
     EXPECT_EQ(arguments[4], QVariant("Body"));
     EXPECT_EQ(arguments[7], QVariant(-1));

@@ -1,0 +1,30 @@
+// A program of its own: which types the bus library knows depends on what the process did before.
+
+#include "platform/linux/portal_appearance.h"
+
+#include "platform/fake_bus_service.h"
+#include "platform/session_bus.h"
+
+#include <QDBusVariant>
+#include <QTest>
+
+namespace voltmere {
+namespace {
+
+TEST(PortalSignalTest, ASwitchIsFollowedInAProgramThatUsesTheBusForNothingElse)
+{
+    const PortalAppearance appearance;
+    ASSERT_EQ(appearance.bestMatch(), ColourScheme::light);
+
+    FakeBusService portal(sessionBus().connect(), "/org/freedesktop/portal/desktop",
+                          [](const QDBusMessage&) { return std::nullopt; });
+    portal.appear("org.freedesktop.portal.Desktop");
+    portal.emitSignal(
+        "org.freedesktop.portal.Settings", "SettingChanged",
+        {"org.freedesktop.appearance", "color-scheme", QVariant::fromValue(QDBusVariant(1U))});
+
+    EXPECT_TRUE(QTest::qWaitFor([&] { return appearance.bestMatch() == ColourScheme::dark; }));
+}
+
+} // namespace
+} // namespace voltmere
