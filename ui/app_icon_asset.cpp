@@ -108,6 +108,13 @@ std::optional<DrawnImage> AppIconAsset::appImage(int side)
     return appImageFrom(findInProgram, side);
 }
 
+QIcon AppIconAsset::windowIcon()
+{
+    constexpr int side = 48; // pixels; desktops scale it to what they need
+    const auto image = appImage(side);
+    return image ? QIcon(image->pixmap(1.0)) : QIcon();
+}
+
 DrawnImage AppIconAsset::statusImageFrom(const ImageBundle& bundle, const QIcon& applicationIcon)
 {
     if (auto image = statusIcon(bundle)) {

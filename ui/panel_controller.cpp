@@ -1,5 +1,6 @@
 #include "ui/panel_controller.h"
 
+#include "ui/app_icon_asset.h"
 #include "ui/panel_placement.h"
 
 #include <QApplication>
@@ -58,6 +59,7 @@ void PanelController::open(const QRect& icon)
         panel = makePanel().release();
         panel->setWindowFlags(ordinaryWindow ? ordinaryFlags : panelFlags);
         panel->setAttribute(Qt::WA_DeleteOnClose);
+        panel->setWindowIcon(AppIconAsset::windowIcon());
         panel->installEventFilter(this);
         if (!ordinaryWindow) {
             place(icon);

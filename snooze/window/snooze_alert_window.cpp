@@ -36,6 +36,7 @@ SnoozeAlertWindow::SnoozeAlertWindow(const AlertContent& content, AlertActions g
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowStaysOnTopHint |
                    Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     const QString title = displayText(content.title);
+    setWindowIcon(AppIconAsset::windowIcon());
     setWindowTitle(displayText(content.applicationName) + " — " + title);
     setAccessibleName(title);
     setAccessibleDescription(displayText(content.detail));

@@ -75,6 +75,13 @@ TEST_F(PanelControllerTest, ThePanelIsBuiltWhenItOpensAndNotBefore)
     EXPECT_TRUE(panel()->isVisible());
 }
 
+TEST_F(PanelControllerTest, ThePanelHasTheProgramsIconForTheTaskList)
+{
+    controller->open(iconAtTop);
+
+    EXPECT_EQ(panel()->windowIcon().availableSizes(), QList<QSize>{QSize(48, 48)});
+}
+
 TEST_F(PanelControllerTest, ThePanelIsDestroyedWhenItCloses)
 {
     controller->open(iconAtTop);

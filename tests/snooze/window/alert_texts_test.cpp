@@ -158,6 +158,11 @@ TEST_F(AlertTextsTest, TheWindowsTitleNamesTheProgramAndTheMatter)
     EXPECT_EQ(showOneLow().window.windowTitle(), "Cellsentry — Magic Mouse battery alert");
 }
 
+TEST_F(AlertTextsTest, TheWindowHasTheProgramsIcon)
+{
+    EXPECT_FALSE(showOneLow().window.windowIcon().isNull());
+}
+
 TEST_F(AlertTextsTest, AScreenReaderFindsADialogWithNamedControls)
 {
     const AlertView view = showOneLow();
