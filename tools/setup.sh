@@ -57,7 +57,8 @@ need_for_testing() {
   if [ "$(uname)" = Darwin ]; then
     need_brew "testing" googletest
   elif command -v apt-get >/dev/null; then
-    need "testing" libgtest-dev libgmock-dev dbus fonts-dejavu-core fonts-wqy-microhei tzdata
+    need "testing" libgtest-dev libgmock-dev dbus fonts-dejavu-core fonts-wqy-microhei tzdata \
+      appstream desktop-file-utils
   fi
 }
 
