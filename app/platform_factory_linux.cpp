@@ -32,7 +32,7 @@ AutostartProgram thisProgram()
     }
     return {.file = std::move(file),
             .names = {{"", std::string(L10n::en().at("app.name"))},
-                      {"zh_CN", std::string(L10n::zh().at("app.name"))}}};
+                      {"zh", std::string(L10n::zh().at("app.name"))}}};
 }
 
 } // namespace
