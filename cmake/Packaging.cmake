@@ -1,5 +1,5 @@
-# What a Linux system gets beside the program, and the packages: "cpack -G DEB" makes the Debian
-# package, "cpack --config CPackSourceConfig.cmake" the source archive.
+# What a Linux system gets beside the program, and the packages: the target "package" makes the
+# Debian package, "package_source" the source archive.
 
 set(CPACK_PACKAGE_VENDOR "The Voltmere authors")
 set(CPACK_PACKAGE_CONTACT "The Voltmere authors <maintainers@voltmere.example>")
@@ -48,7 +48,6 @@ install(FILES ${made}/changelog.gz ${made}/changelog.Debian.gz
         DESTINATION ${CMAKE_INSTALL_DOCDIR})
 
 set(CPACK_GENERATOR DEB)
-set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS # whatever the umask of who packs
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
