@@ -63,6 +63,7 @@ the terminal and by status bars as well.")
 # What the program links is computed. The plugins that Qt loads on X11 come with these libraries:
 # the platform, PNG and the input methods with libqt6gui6, SVG with libqt6svg6.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_DEPENDS hicolor-icon-theme)
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
     "bluez, default-dbus-session-bus | dbus-session-bus, qt6-wayland")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "fonts-wqy-microhei | fonts-noto-cjk, notification-daemon")
