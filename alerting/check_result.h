@@ -43,6 +43,7 @@ struct AlertPayload {
     bool operator==(const AlertPayload&) const = default;
 };
 
+/// The payload for the devices of the last reading, at `threshold` percent.
 AlertPayload makeAlertPayload(const std::vector<BatteryDevice>& devices, std::int64_t threshold);
 
 } // namespace voltmere

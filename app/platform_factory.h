@@ -23,6 +23,7 @@ namespace voltmere {
 /// application object: Qt ends the process where it finds no display.
 std::optional<std::string> displayProblem();
 
+/// Whether the desktop is dark or light. Needs an application object.
 std::unique_ptr<Appearance> makeAppearance();
 
 /// The desktop's notifications under the program's own name, with the user's pending reminders,

@@ -35,7 +35,7 @@ AutostartProgram thisProgram()
     }
     return {.file = std::move(file),
             .names = {{"", std::string(L10n::en().at("app.name"))},
-                      {"zh_CN", std::string(L10n::zh().at("app.name"))}}};
+                      {"zh", std::string(L10n::zh().at("app.name"))}}};
 }
 
 /// A program that is not installed has no icon in the theme; the second name every theme has

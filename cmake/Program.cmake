@@ -4,6 +4,7 @@ find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus Svg)
 configure_file(app/version.h.in generated/app/version.h @ONLY)
 
 add_library(voltmere_ui STATIC
+  platform/qt/damaged_file.cpp
   platform/qt/json_settings.cpp
   platform/qt/qt_application.cpp
   platform/qt/qt_defaults.cpp

@@ -39,10 +39,11 @@ std::string L10n::own(std::string_view key)
 
 bool L10n::usesChinese()
 {
-    if (setting == rawValue(AppLanguage::zh)) {
-        return true;
+    const AppLanguage chosen = appLanguage(setting).value_or(AppLanguage::system);
+    if (chosen != AppLanguage::system) {
+        return chosen == AppLanguage::zh;
     }
-    if (setting == rawValue(AppLanguage::en) || preferredLanguages == nullptr) {
+    if (preferredLanguages == nullptr) {
         return false;
     }
     const auto tags = preferredLanguages->tags();

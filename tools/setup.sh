@@ -46,7 +46,7 @@ need_for_building() {
   if [ "$(uname)" = Darwin ]; then
     need_brew "building" qt cmake ninja
   elif command -v apt-get >/dev/null; then
-    need "building" g++ cmake ninja-build qt6-base-dev libqt6svg6-dev libgl1-mesa-dev \
+    need "building" g++ cmake ninja-build qt6-base-dev qt6-svg-dev libgl1-mesa-dev \
       libxcb1-dev pkg-config
   else
     echo "This script knows apt-get and Homebrew only; the packages to install are in README.md." >&2
@@ -57,7 +57,8 @@ need_for_testing() {
   if [ "$(uname)" = Darwin ]; then
     need_brew "testing" googletest
   elif command -v apt-get >/dev/null; then
-    need "testing" libgtest-dev libgmock-dev dbus fonts-dejavu-core fonts-wqy-microhei tzdata
+    need "testing" libgtest-dev libgmock-dev dbus fonts-dejavu-core fonts-wqy-microhei tzdata \
+      appstream desktop-file-utils
   fi
 }
 

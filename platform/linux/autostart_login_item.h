@@ -16,7 +16,7 @@ struct AutostartProgram {
     /// The absolute path of the file to start, in UTF-8; empty when it cannot be told.
     std::string file;
 
-    /// The program's name for each locale such as "zh_CN". The first one is for all others, and its
+    /// The program's name for each locale such as "zh". The first one is for all others, and its
     /// locale is empty.
     std::vector<std::pair<std::string, std::string>> names;
 };

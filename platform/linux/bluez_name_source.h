@@ -4,7 +4,6 @@
 
 #include <chrono>
 
-class QDBusArgument;
 class QDBusMessage;
 
 namespace voltmere {

@@ -11,6 +11,7 @@ struct ReminderDocument {
     QString damage;  ///< why the file as a whole is of no use; empty when it is
 };
 
+/// Reads the content of a reminders file; empty content holds nothing, and is no damage.
 ReminderDocument readReminders(const QByteArray& content);
 
 /// The file's content for these reminders. Their due times keep their milliseconds.

@@ -1,8 +1,8 @@
 #include "platform/linux/reminder_store.h"
 
 #include "platform/linux/reminder_json.h"
+#include "platform/qt/damaged_file.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -56,12 +56,12 @@ std::vector<Reminder> ReminderStore::load()
     }
     const std::optional<QByteArray> content = contentOf(path);
     if (!content) {
-        setAside("it is no file that can be read");
+        handleDamage("it is no file that can be read");
         return {};
     }
     const ReminderDocument document = readReminders(*content);
     if (!document.damage.isEmpty()) {
-        setAside(document.damage);
+        handleDamage(document.damage);
     }
     if (document.leftOut > 0) {
         log.report("some reminders are not understood and left out",
@@ -88,14 +88,13 @@ bool ReminderStore::write(const QByteArray& content)
         file.write(content) == content.size() && file.commit();
 }
 
-void ReminderStore::setAside(const QString& damage)
+void ReminderStore::handleDamage(const QString& damage)
 {
-    const QString time = QDateTime::currentDateTimeUtc().toString("yyyyMMdd'T'HHmmss.zzz'Z'");
-    const QString keptAs = path + ".damaged-" + time;
-    keptInPlace = !QFile::rename(path, keptAs);
-    const QString fate = keptInPlace
-        ? "it cannot be moved, so reminders end with the program until it is mended or removed"
-        : "it is kept as " + keptAs;
+    const std::optional<QString> keptAs = setAside(path);
+    keptInPlace = !keptAs;
+    const QString fate = keptAs
+        ? "it is kept as " + *keptAs
+        : "it cannot be moved, so reminders end with the program until it is mended or removed";
     log.report("the reminders file " + path.toStdString() + " is damaged; " + fate.toStdString(),
                damage.toStdString());
 }

@@ -40,7 +40,7 @@ public:
     void save(const std::vector<Reminder>& reminders);
 
 private:
-    void setAside(const QString& damage);
+    void handleDamage(const QString& damage);
     bool write(const QByteArray& content);
 
     const QString path;

@@ -9,7 +9,7 @@
 namespace voltmere {
 
 /// Tells when the desktop has a place for tray icons: a StatusNotifier host on the session bus, or
-/// the owner of the X selection _NET_SYSTEM_TRAY_S<n>.
+/// the owner of the X selection _NET_SYSTEM_TRAY_S0.
 ///
 /// Qt decides between the two once, at the first use of QSystemTrayIcon, and an icon made before
 /// any host is there never shows. So the icon must not be made before this says so.

@@ -1,7 +1,6 @@
+#include "platform/qt/damaged_file.h"
 #include "platform/qt/qt_defaults.h"
 
-#include <QDateTime>
-#include <QFile>
 #include <QFileDevice>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -27,18 +26,15 @@ QString fileNameOf(const QIODevice& device)
     return file == nullptr ? QString() : file->fileName();
 }
 
-/// Moves a damaged file beside itself, so that the next write starts a new one.
-void setAside(const QString& path, const QString& damage)
+void handleDamage(const QString& path, const QString& damage)
 {
-    const QString time = QDateTime::currentDateTimeUtc().toString("yyyyMMdd'T'HHmmss.zzz'Z'");
-    const QString keptAs = path + ".damaged-" + time;
-    const bool moved = QFile::rename(path, keptAs);
-    if (!moved) {
+    const std::optional<QString> keptAs = setAside(path);
+    if (!keptAs) {
         keptInPlace().insert(path);
     }
     if (damageLog != nullptr) {
-        const QString fate = moved
-            ? "it is kept as " + keptAs
+        const QString fate = keptAs
+            ? "it is kept as " + *keptAs
             : "it cannot be moved, so settings are not saved until it is mended or removed";
         const QString line = "Voltmere: the settings file " + path + " is damaged (" + damage +
             "): the defaults are used, " + fate;
@@ -57,7 +53,7 @@ bool readJson(QIODevice& device, QSettings::SettingsMap& map)
         keptInPlace().remove(path);
     } else if (!keptInPlace().contains(path)) {
         const bool parsed = error.error == QJsonParseError::NoError;
-        setAside(path, parsed ? QString("it is not a JSON object") : error.errorString());
+        handleDamage(path, parsed ? QString("it is not a JSON object") : error.errorString());
     }
     return true;
 }
