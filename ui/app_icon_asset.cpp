@@ -108,6 +108,13 @@ std::optional<DrawnImage> AppIconAsset::appImage(int side)
     return appImageFrom(findInProgram, side);
 }
 
+QIcon AppIconAsset::windowIcon()
+{
+    constexpr int largestSide = 64;
+    const auto image = appImage(largestSide);
+    return image ? QIcon(image->pixmap(1.0)) : QIcon();
+}
+
 DrawnImage AppIconAsset::statusImageFrom(const ImageBundle& bundle, const QIcon& applicationIcon)
 {
     if (auto image = statusIcon(bundle)) {

@@ -18,6 +18,10 @@ public:
     /// The application icon as a square of `side` points; nothing where the program has none.
     static std::optional<DrawnImage> appImage(int side);
 
+    /// The application icon for a window's title bar and for lists of windows; null where the
+    /// program has none.
+    static QIcon windowIcon();
+
     /// statusImage() from the pictures of `bundle`: StatusIcon as PNG or else as ICNS, then AppIcon
     /// as ICNS, then `applicationIcon`, which may be null and then draws nothing.
     static DrawnImage statusImageFrom(const ImageBundle& bundle, const QIcon& applicationIcon);

@@ -1,6 +1,7 @@
 #include "ui/no_tray_panel.h"
 
 #include "model/l10n.h"
+#include "ui/app_icon_asset.h"
 #include "ui/panel_metrics.h"
 #include "ui/wrapping_label.h"
 
@@ -12,6 +13,7 @@ NoTrayPanel::NoTrayPanel(BatteryModel& model, std::unique_ptr<QWidget> content)
     : notice(new WrappingLabel(this))
     , redrawScheduler(model.objectWillChange, [this] { redraw(); })
 {
+    setWindowIcon(AppIconAsset::windowIcon());
     notice->setObjectName("noTray");
     notice->setContentsMargins(panelMetrics::padding, 0, panelMetrics::padding,
                                panelMetrics::padding);

@@ -37,6 +37,7 @@ SnoozeAlertWindow::SnoozeAlertWindow(const AlertContent& content, AlertActions g
                    Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     const QString title = displayText(content.title);
     setWindowTitle(displayText(content.applicationName) + " — " + title);
+    setWindowIcon(AppIconAsset::windowIcon());
     setAccessibleName(title);
     setAccessibleDescription(displayText(content.detail));
     setFont(alertFont(font()));

@@ -42,6 +42,7 @@ TEST_F(NoTrayPanelTest, ShowsThePanelAndBelowItHowToOpenItAgain)
     EXPECT_EQ(notice().textFormat(), Qt::PlainText);
     EXPECT_GE(notice().geometry().top(), content->geometry().bottom());
     EXPECT_EQ(window->windowTitle(), "Cellsentry");
+    EXPECT_FALSE(window->windowIcon().isNull());
 }
 
 TEST_F(NoTrayPanelTest, IsAsWideAsThePanelAndShowsTheWholeNotice)

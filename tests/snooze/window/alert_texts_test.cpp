@@ -156,6 +156,7 @@ TEST_F(AlertTextsTest, TheChosenTimeIsPreselected)
 TEST_F(AlertTextsTest, TheWindowsTitleNamesTheProgramAndTheMatter)
 {
     EXPECT_EQ(showOneLow().window.windowTitle(), "Cellsentry — Magic Mouse battery alert");
+    EXPECT_FALSE(showOneLow().window.windowIcon().isNull());
 }
 
 TEST_F(AlertTextsTest, AScreenReaderFindsADialogWithNamedControls)
