@@ -22,15 +22,16 @@ std::optional<std::string> ueventValue(std::string_view uevent, std::string_view
     return std::nullopt;
 }
 
+/// A number without a sign that fits 63 bits.
 std::optional<std::int64_t> wholeNumber(std::string_view text, int base)
 {
-    std::int64_t number = 0;
+    std::uint64_t number = 0;
     const auto [after, error] =
         std::from_chars(text.data(), text.data() + text.size(), number, base);
-    if (error != std::errc{} || after != text.data() + text.size()) {
+    if (error != std::errc{} || after != text.data() + text.size() || number > INT64_MAX) {
         return std::nullopt;
     }
-    return number;
+    return static_cast<std::int64_t>(number);
 }
 
 /// Takes the second and third number of an identifier such as 0005:0000004C:00000269.
@@ -43,7 +44,7 @@ void takeHidId(std::string_view text, HidUevent& device)
     }
     const auto vendor = wholeNumber(text.substr(first + 1, second - first - 1), 16);
     const auto product = wholeNumber(text.substr(second + 1), 16);
-    if (vendor && product && *vendor >= 0 && *product >= 0) {
+    if (vendor && product) {
         device.vendor = vendor;
         device.product = product;
     }
@@ -70,8 +71,7 @@ std::optional<std::int64_t> parseCapacity(std::string_view text)
     while (text.ends_with('\n')) {
         text.remove_suffix(1);
     }
-    const auto level = wholeNumber(text, 10);
-    return level && *level >= 0 ? level : std::nullopt;
+    return wholeNumber(text, 10);
 }
 
 } // namespace voltmere
