@@ -72,7 +72,7 @@ std::vector<std::string> split(const std::string& text, const std::string& separ
     std::vector<std::string> pieces{""};
     std::size_t place = 0;
     while (place < text.size()) {
-        if (text.substr(place, separator.size()) == separator) {
+        if (text.compare(place, separator.size(), separator) == 0) {
             pieces.emplace_back();
             place += separator.size();
         } else {

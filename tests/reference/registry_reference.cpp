@@ -35,7 +35,7 @@ std::vector<CatalogueLine> catalogue()
 std::optional<std::string> behind(const std::string& pattern, const std::string& text)
 {
     for (std::size_t place = 0; place < text.size(); ++place) {
-        if (text.substr(place, pattern.size()) == pattern) {
+        if (text.compare(place, pattern.size(), pattern) == 0) {
             return text.substr(place + pattern.size());
         }
     }
