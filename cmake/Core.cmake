@@ -43,6 +43,7 @@ else()
     platform/linux/autostart_rules.cpp
     platform/linux/autostart_session.cpp
     platform/linux/desktop_entry.cpp
+    platform/linux/hid_uevent.cpp
     platform/linux/large_pipe.cpp
     platform/linux/spawn_flags.cpp
     platform/linux/sysfs_battery_source.cpp

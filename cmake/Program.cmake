@@ -6,6 +6,7 @@ configure_file(app/version.h.in generated/app/version.h @ONLY)
 add_library(voltmere_ui STATIC
   platform/qt/damaged_file.cpp
   platform/qt/json_settings.cpp
+  platform/qt/private_directory.cpp
   platform/qt/qt_application.cpp
   platform/qt/qt_defaults.cpp
   platform/qt/qt_pointer.cpp

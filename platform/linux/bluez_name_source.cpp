@@ -13,9 +13,6 @@ namespace voltmere {
 
 namespace {
 
-using Interfaces = QMap<QString, QVariantMap>;
-using ManagedObjects = QMap<QDBusObjectPath, Interfaces>;
-
 constexpr auto replySignature = "a{oa{sa{sv}}}";
 
 /// A connection to the system bus of this reading alone, since readings may overlap.
@@ -46,7 +43,7 @@ private:
 
 std::atomic<int> BusVisit::nextNumber{0};
 
-void addName(const Interfaces& interfaces, NameMap& names)
+void addName(const BluezInterfaces& interfaces, NameMap& names)
 {
     const QVariantMap device = interfaces.value(QStringLiteral("org.bluez.Device1"));
     const QString address = device.value(QStringLiteral("Address")).toString();
@@ -73,17 +70,21 @@ NameMap BluezNameSource::readNames()
     return namesInReply(BusVisit().call(question, limit));
 }
 
-NameMap namesInReply(const QDBusMessage& reply)
+NameMap namesOf(const BluezObjects& objects)
 {
     NameMap names;
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != replySignature) {
-        return names;
-    }
-    const auto objects = qdbus_cast<ManagedObjects>(reply.arguments().constFirst());
-    for (const Interfaces& interfaces : objects) {
+    for (const BluezInterfaces& interfaces : objects) {
         addName(interfaces, names);
     }
     return names;
+}
+
+NameMap namesInReply(const QDBusMessage& reply)
+{
+    if (reply.type() != QDBusMessage::ReplyMessage || reply.signature() != replySignature) {
+        return {};
+    }
+    return namesOf(qdbus_cast<BluezObjects>(reply.arguments().constFirst()));
 }
 
 } // namespace voltmere

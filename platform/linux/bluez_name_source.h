@@ -2,6 +2,10 @@
 
 #include "platform/name_source.h"
 
+#include <QDBusObjectPath>
+#include <QMap>
+#include <QVariantMap>
+
 #include <chrono>
 
 class QDBusMessage;
@@ -21,6 +25,13 @@ public:
 private:
     std::chrono::milliseconds limit;
 };
+
+/// The properties of an object's interfaces, by the interface's name.
+using BluezInterfaces = QMap<QString, QVariantMap>;
+using BluezObjects = QMap<QDBusObjectPath, BluezInterfaces>;
+
+/// The names of the devices among BlueZ's objects. Properties of an unexpected type are none.
+NameMap namesOf(const BluezObjects& objects);
 
 /// The names in BlueZ's answer to GetManagedObjects; none in an answer of any other form.
 NameMap namesInReply(const QDBusMessage& reply);

@@ -27,7 +27,11 @@ std::string_view lineEnd(std::string_view line)
     if (line.ends_with("\r\n")) {
         return "\r\n";
     }
-    return line.ends_with('\n') ? "\n" : "";
+    if (line.ends_with('\n')) {
+        return "\n";
+    }
+    // The last line of a text that broke off between the two.
+    return line.ends_with('\r') ? "\r" : "";
 }
 
 std::string_view trimmedLeft(std::string_view text)
@@ -259,7 +263,7 @@ void DesktopEntry::append(const std::string& line)
         --place;
     }
     std::string& above = lines[place - 1];
-    if (lineEnd(above).empty()) {
+    if (!above.ends_with('\n')) {
         above += '\n';
     }
     lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(place),

@@ -2,6 +2,7 @@
 
 #include "platform/linux/reminder_json.h"
 #include "platform/qt/damaged_file.h"
+#include "platform/qt/private_directory.h"
 
 #include <QDir>
 #include <QFile>
@@ -32,13 +33,6 @@ std::optional<QByteArray> contentOf(const QString& path)
     }
     const QByteArray content = file.read(largestFile + 1);
     return content.size() > largestFile ? std::nullopt : std::optional(content);
-}
-
-bool makePrivateDirectory(const QString& path)
-{
-    constexpr QFile::Permissions ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
-    return QFileInfo(path).isDir() ||
-        (QDir().mkpath(QFileInfo(path).path()) && QDir().mkdir(path, ownerOnly));
 }
 
 } // namespace
@@ -83,9 +77,10 @@ void ReminderStore::save(const std::vector<Reminder>& reminders)
 bool ReminderStore::write(const QByteArray& content)
 {
     QSaveFile file(path);
+    // Flushed first, since a commit goes through although the disk took only half of the rest.
     return file.open(QIODevice::WriteOnly) &&
         file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
-        file.write(content) == content.size() && file.commit();
+        file.write(content) == content.size() && file.flush() && file.commit();
 }
 
 void ReminderStore::handleDamage(const QString& damage)

@@ -1,5 +1,6 @@
 #include "platform/linux/sysfs_battery_source.h"
 
+#include "platform/linux/hid_uevent.h"
 #include "platform/posix/file_descriptor.h"
 
 #include <fcntl.h>
@@ -7,7 +8,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <charconv>
 #include <string_view>
 #include <utility>
 
@@ -46,58 +46,6 @@ std::optional<std::string> readAttribute(const fs::path& path)
     return std::string(buffer.data(), size);
 }
 
-/// The value of one `KEY=value` line of a uevent.
-std::optional<std::string> ueventValue(std::string_view uevent, std::string_view key)
-{
-    while (!uevent.empty()) {
-        const std::size_t end = std::min(uevent.find('\n'), uevent.size());
-        const std::string_view line = uevent.substr(0, end);
-        if (line.starts_with(key) && line.substr(key.size()).starts_with('=')) {
-            return std::string(line.substr(key.size() + 1));
-        }
-        uevent.remove_prefix(std::min(end + 1, uevent.size()));
-    }
-    return std::nullopt;
-}
-
-std::optional<std::int64_t> wholeNumber(std::string_view text, int base)
-{
-    std::int64_t number = 0;
-    const auto [after, error] =
-        std::from_chars(text.data(), text.data() + text.size(), number, base);
-    if (error != std::errc{} || after != text.data() + text.size()) {
-        return std::nullopt;
-    }
-    return number;
-}
-
-/// The second and third number of an identifier such as 0005:0000004C:00000269.
-struct HidId {
-    std::int64_t vendor;
-    std::int64_t product;
-};
-
-std::optional<HidId> parseHidId(std::string_view text)
-{
-    const std::size_t first = text.find(':');
-    const std::size_t second =
-        first == std::string_view::npos ? std::string_view::npos : text.find(':', first + 1);
-    if (second == std::string_view::npos) {
-        return std::nullopt;
-    }
-    const auto vendor = wholeNumber(text.substr(first + 1, second - first - 1), 16);
-    const auto product = wholeNumber(text.substr(second + 1), 16);
-    if (!vendor || !product) {
-        return std::nullopt;
-    }
-    return HidId{*vendor, *product};
-}
-
-std::optional<std::string> nonEmpty(std::optional<std::string> text)
-{
-    return text && !text->empty() ? std::move(text) : std::nullopt;
-}
-
 /// The address in a directory name: hid-<address>-battery, with -<report> behind it on newer
 /// kernels.
 std::string addressInName(std::string_view name)
@@ -106,34 +54,23 @@ std::string addressInName(std::string_view name)
     return std::string(name.substr(entryPrefix.size(), end - entryPrefix.size()));
 }
 
-std::optional<std::int64_t> readLevel(const fs::path& directory)
-{
-    std::string text = readAttribute(directory / "capacity").value_or("");
-    while (text.ends_with('\n')) {
-        text.pop_back();
-    }
-    const auto level = wholeNumber(text, 10);
-    return level && *level >= 0 ? level : std::nullopt;
-}
-
 BatteryEntry readEntry(const fs::path& directory)
 {
     BatteryEntry entry;
     entry.origin = directory.filename().string();
-    const std::string uevent = readAttribute(directory / "device" / "uevent").value_or("");
-    const auto id = parseHidId(ueventValue(uevent, "HID_ID").value_or(""));
-    if (!id) {
+    HidUevent device = parseHidUevent(readAttribute(directory / "device" / "uevent").value_or(""));
+    if (!device.product) {
         entry.rejection = "its HID_ID cannot be read";
         return entry;
     }
-    entry.product = id->product;
-    if (std::find(appleVendors.begin(), appleVendors.end(), id->vendor) == appleVendors.end()) {
+    entry.product = device.product;
+    if (std::find(appleVendors.begin(), appleVendors.end(), device.vendor) == appleVendors.end()) {
         entry.rejection = "another maker's device";
         return entry;
     }
-    entry.level = readLevel(directory);
-    entry.address = nonEmpty(ueventValue(uevent, "HID_UNIQ")).value_or(addressInName(entry.origin));
-    entry.givenName = nonEmpty(ueventValue(uevent, "HID_NAME"));
+    entry.level = parseCapacity(readAttribute(directory / "capacity").value_or(""));
+    entry.address = std::move(device.address).value_or(addressInName(entry.origin));
+    entry.givenName = std::move(device.name);
     return entry;
 }
 

@@ -63,8 +63,11 @@ bool writeJson(QIODevice& device, const QSettings::SettingsMap& map)
     if (keptInPlace().contains(fileNameOf(device))) {
         return false;
     }
+    auto* const file = qobject_cast<QFileDevice*>(&device);
     const QByteArray content = QJsonDocument(QJsonObject::fromVariantMap(map)).toJson();
-    return device.write(content) == content.size();
+    // Flushed here, where a full disk can still be told of.
+    return file != nullptr && file->setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
+        file->write(content) == content.size() && file->flush();
 }
 
 } // namespace

@@ -1,7 +1,9 @@
 #include "platform/qt/qt_defaults.h"
 
 #include "platform/exact_number.h"
+#include "platform/qt/private_directory.h"
 
+#include <QFileInfo>
 #include <QMetaType>
 #include <QVariant>
 
@@ -59,11 +61,18 @@ std::optional<std::string> QtDefaults::text(std::string_view key) const
 
 void QtDefaults::setInteger(std::string_view key, std::int64_t value)
 {
-    settings->setValue(viewOf(key).toString(), QVariant::fromValue<qlonglong>(value));
+    write(key, QVariant::fromValue<qlonglong>(value));
 }
 
 void QtDefaults::setBoolean(std::string_view key, bool value)
 {
+    write(key, value);
+}
+
+void QtDefaults::write(std::string_view key, const QVariant& value)
+{
+    // QSettings itself would make it for all to read.
+    makePrivateDirectory(QFileInfo(settings->fileName()).path());
     settings->setValue(viewOf(key).toString(), value);
 }
 

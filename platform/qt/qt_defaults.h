@@ -21,13 +21,15 @@ public:
     void setBoolean(std::string_view key, bool value) override;
 
 private:
+    void write(std::string_view key, const QVariant& value);
+
     std::unique_ptr<QSettings> settings;
 };
 
 /// Opens the settings file at `path`, one JSON object. The file need not exist. It is locked while
-/// it is written and replaced in one step. A file that is no JSON object is set aside beside itself
-/// as `<name>.damaged-<time>`, with a line in `log`, and counts as empty. `log` must outlive all
-/// use of the file.
+/// it is written and replaced in one step, for its user alone (0600). A file that is no JSON object
+/// is set aside beside itself as `<name>.damaged-<time>`, with a line in `log`, and counts as
+/// empty. `log` must outlive all use of the file.
 std::unique_ptr<QSettings> openJsonSettings(const QString& path, SystemLog& log);
 
 } // namespace voltmere

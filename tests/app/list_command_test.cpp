@@ -361,5 +361,20 @@ TEST_F(ListCommandTest, OutputThatCannotBeWrittenIsAnErrorAndSaysSo)
 
 #endif
 
+TEST_F(ListCommandTest, WithoutAHomeThereIsAReadingAllTheSame)
+{
+    makeTools();
+    for (const char* const nowhere : {"", "/nonexistent/home", "relative"}) {
+        SCOPED_TRACE(nowhere);
+        variables = {{"HOME", nowhere}, {"XDG_CONFIG_HOME", nowhere}, {"XDG_RUNTIME_DIR", ""}};
+        const Outcome outcome =
+            run({"--list", "--json", "--tools", QString::fromStdString(tools())});
+
+        EXPECT_EQ(outcome.status, 0);
+        EXPECT_EQ(parsed(outcome.output)["devices"].toArray().size(), 3);
+        EXPECT_EQ(parsed(outcome.output)["threshold"], 20);
+    }
+}
+
 } // namespace
 } // namespace voltmere

@@ -452,5 +452,21 @@ INSTANTIATE_TEST_SUITE_P(
         AddressCase{"TextBeyondAsciiIsKept", textProperty("SerialNumber", "鼠标"), "鼠标"}),
     [](const auto& row) { return row.param.what; });
 
+TEST(RegistryParser, AMillionBlocksAreReadInOneGo)
+{
+    std::string text;
+    for (int block = 1; block <= 1'000'000; ++block) {
+        text += "\n    {";
+        if (block % 1000 == 0) {
+            text += percent55 + "\n" + product803;
+        }
+    }
+
+    const auto entries = parseRegistry(text);
+
+    EXPECT_THAT(entries, SizeIs(1000));
+    EXPECT_THAT(entries.back(), hasLevelAndProduct(55, 803));
+}
+
 } // namespace
 } // namespace voltmere

@@ -156,7 +156,9 @@ private:
 
     void moveTo(Seconds time)
     {
-        clock.present += std::chrono::duration_cast<Instant::duration>(time - uptime);
+        // Both ends are rounded, so that no error adds up over many steps.
+        clock.present += std::chrono::round<Instant::duration>(time) -
+            std::chrono::round<Instant::duration>(uptime);
         uptime = time;
     }
 

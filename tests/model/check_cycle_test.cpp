@@ -867,5 +867,43 @@ TEST_F(CheckCycleTest, TheTimerReadsNothingOnceTheModelIsGone)
     EXPECT_EQ(readings(), 1);
 }
 
+TEST_F(CheckCycleTest, GoesOnWhereTheClockStandsAt1970OrAt2100)
+{
+    for (const int year : {1970, 2100}) {
+        SCOPED_TRACE(year);
+        ModelWorld odd;
+        odd.clock.present = universalTime(year, 1, 1, 22, 20);
+        odd.setLevels({{803, 50}});
+        BatteryModel& model = odd.start();
+        odd.runLoop.settle();
+        EXPECT_THAT(model.lastChecked.get(), Optional(universalTime(year, 1, 1, 22, 20)));
+
+        odd.setLevels({{803, 10}});
+        odd.runLoop.advance(minutes(20));
+        ASSERT_THAT(odd.alerts.shown, SizeIs(1));
+        odd.alerts.shown[0]->actions.chooseTime(7, 45);
+        odd.runLoop.advance(hours(9));
+        EXPECT_THAT(odd.alerts.shown, SizeIs(1));
+        odd.runLoop.advance(minutes(30));
+        EXPECT_THAT(odd.alerts.shown, SizeIs(2));
+        odd.model.reset();
+    }
+}
+
+TEST_F(CheckCycleTest, AClockThatJumpsFrom1970To2100KeepsTicking)
+{
+    world.clock.present = universalTime(1970, 1, 1);
+    world.setLevels({{803, 50}});
+    const BatteryModel& model = world.start();
+    world.runLoop.advance(minutes(5));
+    const int readings = world.batteries.readings;
+
+    world.clock.present = universalTime(2100, 1, 1);
+    world.runLoop.advance(minutes(5));
+
+    EXPECT_EQ(world.batteries.readings, readings + 1);
+    EXPECT_THAT(model.lastChecked.get(), Optional(universalTime(2100, 1, 1, 0, 5)));
+}
+
 } // namespace
 } // namespace voltmere

@@ -10,6 +10,7 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::Optional;
 
 TEST(DesktopEntryTest, ReadsTheKeysOfItsGroupOnly)
 {
@@ -163,6 +164,16 @@ TEST(DesktopEntryTest, ANewKeyTakesTheLineEndAboveIt)
     EXPECT_EQ(carriageReturns.text(), "[Desktop Entry]\r\nName=x\r\nHidden=true\r\n");
     EXPECT_EQ(unended.text(), "[Desktop Entry]\nName=x\nHidden=true\n");
     EXPECT_EQ(groupAlone.text(), "[Desktop Entry]\nHidden=true\n");
+}
+
+TEST(DesktopEntryTest, ATextThatBreaksOffWithinItsLineEndKeepsItsValues)
+{
+    DesktopEntry entry("[Desktop Entry]\r\nName=x\r");
+    EXPECT_THAT(entry.value("Name"), Optional(std::string("x")));
+
+    entry.setValue("Hidden", "true");
+
+    EXPECT_EQ(entry.text(), "[Desktop Entry]\r\nName=x\r\nHidden=true\r\n");
 }
 
 TEST(DesktopEntryTest, ARemovedKeyGoesWithItsLines)

@@ -1,6 +1,7 @@
 #include "platform/qt/qt_defaults.h"
 
 #include "tests/fakes/recording_log.h"
+#include "tests/platform/obstructed_file_system.h"
 
 #include <gmock/gmock.h>
 
@@ -10,6 +11,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTemporaryDir>
+
+#include <sys/stat.h>
 
 #include <cstdint>
 
@@ -39,6 +42,13 @@ protected:
         QFile file(path);
         EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
         return file.readAll();
+    }
+
+    static mode_t modeOf(const QString& path)
+    {
+        struct stat status { };
+        EXPECT_EQ(::stat(path.toLocal8Bit().constData(), &status), 0) << path.toStdString();
+        return status.st_mode & 07777;
     }
 
     QJsonObject saved() const
@@ -304,6 +314,29 @@ TEST_F(JsonSettingsTest, DamageThatCannotBeSetAsideIsNotOverwritten)
     }
 
     EXPECT_EQ(contentOf(longPath), damaged);
+}
+
+TEST_F(JsonSettingsTest, ANewFileAndItsDirectoryBelongToTheUserAlone)
+{
+    const mode_t previous = ::umask(0);
+    const QString nested = directory.filePath("voltmere/settings.json");
+    QtDefaults(openJsonSettings(nested, log)).setInteger("threshold", 40);
+    ::umask(previous);
+
+    EXPECT_EQ(modeOf(nested), 0600U);
+    EXPECT_EQ(modeOf(directory.filePath("voltmere")), 0700U);
+}
+
+TEST_F(JsonSettingsTest, AFullDiskLeavesTheOldFile)
+{
+    const QByteArray before = "{\"threshold\": 20, \"padding\": \"" + QByteArray(64, 'x') + "\"}";
+    put(before);
+    {
+        const FileSizeLimit fullDisk(16);
+        open().setInteger("threshold", 40);
+    }
+    EXPECT_EQ(contentOf(path()), before);
+    EXPECT_EQ(QDir(directory.path()).entryList(QDir::Files), QStringList{"settings.json"});
 }
 
 } // namespace

@@ -235,5 +235,23 @@ TEST_F(PortalAppearanceTest, APortalThatStartsLaterIsHeard)
     EXPECT_EQ(changes, 1);
 }
 
+TEST_F(PortalAppearanceTest, AFloodOfChangesLeavesTheLastOne)
+{
+    setPalette(Qt::black, Qt::white);
+    startPortal(0U);
+    startProgram();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !portal->calls.empty(); }));
+    catchUp();
+    for (int sent = 0; sent < 10'000; ++sent) {
+        portal->emitSignal(settingsInterface, "SettingChanged",
+                           {appearanceSpace, schemeKey,
+                            QVariant::fromValue(QDBusVariant(sent % 2 == 0 ? 1U : 2U))});
+    }
+    announce(appearanceSpace, schemeKey, 1U);
+
+    EXPECT_TRUE(becomes(ColourScheme::dark));
+    EXPECT_EQ(changes, 10'001);
+}
+
 } // namespace
 } // namespace voltmere

@@ -220,5 +220,23 @@ TEST_F(PosixCalendarTest, OneDayLaterMovesAClockTimeThatSummerTimeSkips)
                 Optional(universalTime(2026, 3, 29, 1, 30)));
 }
 
+TEST_F(PosixCalendarTest, AZoneWhoseFileIsMissingCountsAsUniversalTime)
+{
+    for (const char* const missing : {":/nonexistent/zone", "Nowhere/City", ":"}) {
+        ZoneGuard::set(missing);
+        EXPECT_EQ(shownAt(universalTime(2026, 7, 1, 12, 34)), std::tuple(2026, 7, 1, 12, 34))
+            << missing;
+        EXPECT_THAT(calendar.instantOf({2026, 7, 1, 12, 34}),
+                    Optional(universalTime(2026, 7, 1, 12, 34)));
+    }
+}
+
+TEST_F(PosixCalendarTest, KnowsSummerTimeInTheYear2100)
+{
+    ZoneGuard::set(zones::centralEurope);
+    EXPECT_EQ(shownAt(universalTime(2100, 7, 1, 12)), std::tuple(2100, 7, 1, 14, 0));
+    EXPECT_THAT(calendar.instantOf({2100, 1, 1, 1, 0}), Optional(universalTime(2100, 1, 1)));
+}
+
 } // namespace
 } // namespace voltmere

@@ -1,6 +1,7 @@
 #include "platform/linux/reminder_store.h"
 
 #include "fakes/recording_log.h"
+#include "platform/obstructed_file_system.h"
 #include "platform/temporary_directory.h"
 
 #include <gmock/gmock.h>
@@ -276,6 +277,17 @@ TEST_F(UserRemindersPathTest, IsInTheUsualStateDirectoryWithoutAnAbsolutePath)
     }
     qunsetenv("XDG_STATE_HOME");
     EXPECT_EQ(userRemindersPath(), "/home/ann/.local/state/voltmere/reminders.json");
+}
+
+TEST_F(ReminderStoreTest, AFullDiskLeavesTheOldFile)
+{
+    store().save({sample()});
+    {
+        const FileSizeLimit fullDisk(16);
+        store().save({});
+    }
+    EXPECT_THAT(load(), ElementsAre(sample()));
+    EXPECT_THAT(log.lines, SizeIs(1));
 }
 
 } // namespace

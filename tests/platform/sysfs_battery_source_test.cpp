@@ -176,7 +176,8 @@ TEST_F(SysfsBatterySourceTest, AUeventWithoutAUsableIdentifierIsRejected)
           "HID_ID=0005:0000004C:\n", "HID_ID=0005::00000269\n", "HID_ID=0005:0000004C:0000026G\n",
           "HID_ID=0005:0000004C:00000269 \n", "HID_IDS=0005:0000004C:00000269\n",
           "XHID_ID=0005:0000004C:00000269\n", "HID_ID=::::\n", "\x01\x02\xFF\xFE=\n",
-          "HID_ID=0005:FFFFFFFFFFFFFFFFFFFF:00000269\n"}) {
+          "HID_ID=0005:FFFFFFFFFFFFFFFFFFFF:00000269\n", "HID_ID=0005:0000004C:-269\n",
+          "HID_ID=0005:0000004C:-0\n", "HID_ID=0005:-4C:00000269\n"}) {
         fixture.setUevent(name, uevent);
         const BatteryEntry entry = readOnly();
         EXPECT_TRUE(entry.rejection.has_value()) << uevent;

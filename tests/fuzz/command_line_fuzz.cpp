@@ -1,0 +1,55 @@
+#include "app/command_line.h"
+#include "fuzz/fuzz_target.h"
+#include "platform/posix/plain_text.h"
+#include "reference/reference_text.h"
+
+namespace voltmere {
+
+namespace {
+
+void checkCommandLine(const CommandLine& line)
+{
+    using Action = CommandLine::Action;
+    if (line.action == Action::showHelp || line.action == Action::showVersion) {
+        return;
+    }
+    const int sources =
+        (line.demo ? 1 : 0) + (line.toolsDirectory ? 1 : 0) + (line.sysfsRoot ? 1 : 0);
+    fuzz::require(sources <= 1, "one place to read from");
+    fuzz::require(!line.toolsDirectory || !line.toolsDirectory->isEmpty(),
+                  "the tools have a place");
+    fuzz::require(!line.sysfsRoot || !line.sysfsRoot->isEmpty(), "sysfs has a place");
+    fuzz::require(!line.json || line.action == Action::list, "--json goes with --list");
+    fuzz::require(!line.verbose || line.action == Action::diagnose,
+                  "--verbose goes with --diagnose");
+    fuzz::require(line.format == CommandLine::Format::voltmere || line.action == Action::watch,
+                  "--format goes with --watch");
+    fuzz::require(!line.openPanel || line.action == Action::menuBar, "--panel starts the program");
+    fuzz::require((line.action == Action::screenshots) == !line.screenshotsDirectory.isEmpty(),
+                  "pictures have a place");
+}
+
+} // namespace
+
+/// Each line of the input is one word behind the program's name.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    fuzz::Pieces pieces(data, size);
+    QStringList words{"voltmere"};
+    while (!pieces.empty() && words.size() < 20) {
+        words += QString::fromLocal8Bit(QByteArray::fromStdString(pieces.line()));
+    }
+    const auto result = parseCommandLine(words);
+    if (const auto* error = std::get_if<UsageError>(&result)) {
+        const std::string message = plainLine(error->message.toStdString());
+        fuzz::require(!message.empty(), "an error is explained");
+        fuzz::require(reference::decoded(message).has_value(), "the explanation is UTF-8");
+    } else {
+        checkCommandLine(std::get<CommandLine>(result));
+    }
+    fuzz::require(parseCommandLine(words).index() == result.index(),
+                  "the answer is always the same");
+    return 0;
+}
+
+} // namespace voltmere
