@@ -9,6 +9,7 @@
 #include "app/voltmere_app.h"
 #include "app/watch_command.h"
 #include "platform/posix/plain_text.h"
+#include "platform/qt/ending_signals.h"
 
 #include <QApplication>
 
@@ -72,6 +73,7 @@ int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
     if (!commandLine.demo && instance.start() == voltmere::SingleInstance::Role::later) {
         return 0;
     }
+    const voltmere::EndingSignals endingSignals(&QCoreApplication::quit);
     voltmere::VoltmereApp program(commandLine);
     instance.onActivation([&program] { program.openPanel(); });
     return program.run();

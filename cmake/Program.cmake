@@ -4,6 +4,7 @@ find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus Svg)
 configure_file(app/version.h.in generated/app/version.h @ONLY)
 
 add_library(voltmere_ui STATIC
+  platform/qt/ending_signals.cpp
   platform/qt/json_settings.cpp
   platform/qt/qt_application.cpp
   platform/qt/qt_defaults.cpp
@@ -15,6 +16,7 @@ add_library(voltmere_ui STATIC
   snooze/window/snooze_alert_presenter.cpp
   snooze/window/snooze_alert_window.cpp
   ui/app_icon_asset.cpp
+  ui/assistive_names.cpp
   ui/content_view.cpp
   ui/device_list.cpp
   ui/device_row.cpp

@@ -1,5 +1,6 @@
 #include "ui/panel_controller.h"
 
+#include "ui/assistive_names.h"
 #include "ui/panel_placement.h"
 
 #include <QApplication>
@@ -59,6 +60,7 @@ void PanelController::open(const QRect& icon)
         panel->setWindowFlags(ordinaryWindow ? ordinaryFlags : panelFlags);
         panel->setAttribute(Qt::WA_DeleteOnClose);
         panel->installEventFilter(this);
+        announceAsWindow(*panel);
         if (!ordinaryWindow) {
             place(icon);
         }
