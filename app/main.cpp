@@ -10,6 +10,7 @@
 #include "app/watch_command.h"
 #include "platform/posix/plain_text.h"
 #include "platform/posix/posix_system_log.h"
+#include "platform/qt/ending_signals.h"
 
 #include <QApplication>
 
@@ -80,6 +81,7 @@ int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
                                              "and a second start runs a second time");
         }
     }
+    const voltmere::EndingSignals endingSignals(&QCoreApplication::quit);
     voltmere::VoltmereApp program(commandLine);
     instance.onActivation([&program] { program.openPanel(); });
     return program.run();

@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QPixmapCache>
 #include <QWidget>
 
 #include <cstdlib>
@@ -19,6 +20,10 @@ namespace {
 
 /// At login the panel of the desktop may start after the programs. Later than this there is none.
 constexpr Seconds longestTrayStart{15};
+
+/// Qt keeps every picture that an icon was ever asked for, up to this limit, by default 10 MiB. The
+/// icon is drawn anew at each reading, so a small limit is what the old pictures may take.
+constexpr int pictureCacheLimit = 256; // KiB
 
 } // namespace
 
@@ -34,6 +39,7 @@ VoltmereApp::~VoltmereApp() = default;
 
 int VoltmereApp::run()
 {
+    QPixmapCache::setCacheLimit(pictureCacheLimit);
     followAppearance();
     services.appearance->onChange([this] { followAppearance(); });
     trayDeadline = services.runLoop.scheduleOnce(longestTrayStart, [this] { giveUpOnTray(); });

@@ -5,6 +5,7 @@ configure_file(app/version.h.in generated/app/version.h @ONLY)
 
 add_library(voltmere_ui STATIC
   platform/qt/damaged_file.cpp
+  platform/qt/ending_signals.cpp
   platform/qt/json_settings.cpp
   platform/qt/private_directory.cpp
   platform/qt/qt_application.cpp
@@ -17,6 +18,7 @@ add_library(voltmere_ui STATIC
   snooze/window/snooze_alert_presenter.cpp
   snooze/window/snooze_alert_window.cpp
   ui/app_icon_asset.cpp
+  ui/assistive_names.cpp
   ui/content_view.cpp
   ui/device_list.cpp
   ui/device_row.cpp

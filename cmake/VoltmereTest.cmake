@@ -5,10 +5,7 @@
 # Tests run without a display, in the C locale and in UTC unless they set something else.
 function(voltmere_test)
   cmake_parse_arguments(PARSE_ARGV 0 TEST "" "NAME;LABEL" "SOURCES;LIBRARIES")
-  set(labels unit ui desktop soak fuzz macos)
-  if(NOT TEST_LABEL IN_LIST labels)
-    message(FATAL_ERROR "voltmere_test(${TEST_NAME}): LABEL is '${TEST_LABEL}', not one of ${labels}")
-  endif()
+  voltmere_check_label(${TEST_NAME} "${TEST_LABEL}")
   add_executable(${TEST_NAME} ${TEST_SOURCES})
   voltmere_target(${TEST_NAME})
   target_include_directories(${TEST_NAME} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
@@ -18,4 +15,31 @@ function(voltmere_test)
     LABELS ${TEST_LABEL}
     TIMEOUT 300
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LANGUAGE=;TZ=UTC")
+endfunction()
+
+# Registers a story, the script NAME_story.py of the same folder, that uses the installed program on a
+# desktop of its own:
+#
+#   voltmere_story(NAME name LABEL desktop|soak)
+#
+# A story that fails leaves a picture of the screen in the build directory. The interpreter is the
+# distribution's, because the packages that the stories need are its own.
+function(voltmere_story)
+  cmake_parse_arguments(PARSE_ARGV 0 TEST "" "NAME;LABEL" "")
+  voltmere_check_label(${TEST_NAME} "${TEST_LABEL}")
+  add_test(NAME ${TEST_NAME}_story
+    COMMAND /usr/bin/python3 -B ${CMAKE_CURRENT_SOURCE_DIR}/${TEST_NAME}_story.py)
+  set(directory ${CMAKE_CURRENT_BINARY_DIR})
+  set_tests_properties(${TEST_NAME}_story PROPERTIES
+    LABELS ${TEST_LABEL}
+    TIMEOUT 300
+    FIXTURES_REQUIRED desktop_installation
+    ENVIRONMENT "VOLTMERE_PROGRAM=${directory}/installed/bin/voltmere;VOLTMERE_PICTURES=${directory}/pictures")
+endfunction()
+
+function(voltmere_check_label name label)
+  set(labels unit ui desktop soak fuzz macos)
+  if(NOT label IN_LIST labels)
+    message(FATAL_ERROR "The label of the test ${name} is '${label}', not one of ${labels}")
+  endif()
 endfunction()

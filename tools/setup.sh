@@ -58,7 +58,9 @@ need_for_testing() {
     need_brew "testing" googletest
   elif command -v apt-get >/dev/null; then
     need "testing" libgtest-dev libgmock-dev dbus fonts-dejavu-core fonts-wqy-microhei tzdata \
-      appstream desktop-file-utils
+      appstream desktop-file-utils at-spi2-core dbus-bin dbus-daemon dunst gir1.2-atspi-2.0 \
+      imagemagick libfaketime libx11-6 openbox python3 python3-dbusmock python3-gi trayer util-linux \
+      x11-utils xdotool xfce4-panel xfconf xvfb
   fi
 }
 

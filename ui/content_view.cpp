@@ -3,6 +3,7 @@
 #include "model/app_language.h"
 #include "model/l10n.h"
 #include "ui/app_icon_asset.h"
+#include "ui/assistive_names.h"
 #include "ui/colours.h"
 #include "ui/device_list.h"
 #include "ui/display_text.h"
@@ -78,7 +79,7 @@ ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
     column->addStrut(panelMetrics::width - 2 * padding);
     column->setSizeConstraint(QLayout::SetFixedSize);
 
-    // The order of the rows is also the order of the Tab key.
+    // The order in which the controls are made is that of the Tab key and of a screen reader.
     addHeader(*column);
     column->addWidget(new Divider(this));
     addDevices(*column);
@@ -161,13 +162,12 @@ void ContentView::addThreshold(QVBoxLayout& column)
 
 void ContentView::addCheckTime(QVBoxLayout& column)
 {
-    auto* const colon = new QLabel(":", this);
-    colon->setObjectName("timeSeparator");
-
     QHBoxLayout* const row = makeRow(column);
     row->addWidget(makeText("checkTimeLabel", "panel.checkTime"));
     row->addStretch();
     row->addWidget(makeTimePicker("checkHour", "name.hour", 1, hoursPerDay, model.checkHour));
+    auto* const colon = new QLabel(":", this);
+    colon->setObjectName("timeSeparator");
     row->addWidget(colon);
     row->addWidget(makeTimePicker("checkMinute", "name.minute", minuteStep, minutesPerHour,
                                   model.checkMinute));
@@ -237,7 +237,12 @@ QCheckBox* ContentView::makeToggle(const char* objectName, std::string_view key,
 {
     auto* const box = new QCheckBox(this);
     box->setObjectName(objectName);
-    connect(box, &QCheckBox::clicked, this, [&setting](bool checked) { setting = checked; });
+    // Assistive technology toggles without a click, and so does a redraw, which must not write.
+    connect(box, &QCheckBox::toggled, this, [&setting](bool checked) {
+        if (checked != setting) {
+            setting = checked;
+        }
+    });
     onRedraw([box, key, &setting] {
         box->setText(translated(key));
         box->setChecked(setting);
@@ -245,20 +250,12 @@ QCheckBox* ContentView::makeToggle(const char* objectName, std::string_view key,
     return box;
 }
 
-/// A picker that assistive technology calls by `name`: by its accessible name or, where a picker's
-/// name is taken to be its selection (Qt on Linux), by the label that belongs to it.
+/// A picker that assistive technology calls by `name`.
 SettingPicker* ContentView::makePicker(const char* objectName, Text name)
 {
     auto* const picker = new SettingPicker(this);
     picker->setObjectName(objectName);
-    auto* const label = new QLabel(this);
-    label->setTextFormat(Qt::PlainText);
-    label->setBuddy(picker);
-    label->hide();
-    onRedraw([picker, label, name = std::move(name)] {
-        picker->setAccessibleName(displayText(name()));
-        label->setText(picker->accessibleName());
-    });
+    onRedraw([picker, name = std::move(name)] { namePicker(*picker, displayText(name())); });
     return picker;
 }
 

@@ -12,11 +12,11 @@ namespace voltmere {
 
 DeviceRow::DeviceRow(const BatteryDevice& device, QWidget* parent)
     : QWidget(parent)
+    , name(new ElidedLabel(this))
     , level(new QLabel(this))
 {
     setObjectName(QString("device-%1").arg(device.id));
     auto* const symbol = makeSymbolView(QString::fromStdString(device.symbol), this);
-    auto* const name = new ElidedLabel(this);
     name->setObjectName("deviceName");
     name->setFont(headlineFont(font()));
     name->setFullText(displayText(device.name));

@@ -11,6 +11,8 @@ class QLabel;
 
 namespace voltmere {
 
+class ElidedLabel;
+
 /// One peripheral in the panel: its symbol, its name and, at the end of the row, its level.
 class DeviceRow : public QWidget {
 public:
@@ -20,6 +22,8 @@ public:
     void colourLevel(std::optional<QColor> colour);
 
 private:
+    // Made in the order in which a screen reader reads them.
+    ElidedLabel* name;
     QLabel* level;
 };
 

@@ -1,6 +1,7 @@
 #include "ui/panel_controller.h"
 
 #include "ui/app_icon_asset.h"
+#include "ui/assistive_names.h"
 #include "ui/panel_placement.h"
 
 #include <QApplication>
@@ -61,6 +62,7 @@ void PanelController::open(const QRect& icon)
         panel->setAttribute(Qt::WA_DeleteOnClose);
         panel->setWindowIcon(AppIconAsset::windowIcon());
         panel->installEventFilter(this);
+        announceAsWindow(*panel);
         if (!ordinaryWindow) {
             place(icon);
         }

@@ -1,10 +1,17 @@
-#include "platform/qt/damaged_file.h"
 #include "platform/qt/qt_defaults.h"
 
+#include "platform/posix/file_descriptor.h"
+#include "platform/qt/damaged_file.h"
+
+#include <QFile>
 #include <QFileDevice>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSet>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
 
 namespace voltmere {
 
@@ -70,11 +77,26 @@ bool writeJson(QIODevice& device, const QSettings::SettingsMap& map)
         file->write(content) == content.size() && file->flush();
 }
 
+/// A program that was killed between making the lock file and writing its own name into it leaves a
+/// lock that nobody is known to hold, and the next save waits half a minute for it, with everything
+/// else. The system's lock on the file tells that its maker is gone.
+void removeAbandonedLock(const QString& path)
+{
+    const QByteArray lock = QFile::encodeName(path + ".lock");
+    const FileDescriptor file(::open(lock.constData(), O_RDWR | O_CLOEXEC | O_NONBLOCK));
+    struct stat status { };
+    if (file && ::fstat(file.get(), &status) == 0 && S_ISREG(status.st_mode) &&
+        status.st_size == 0 && ::flock(file.get(), LOCK_EX | LOCK_NB) == 0) {
+        ::unlink(lock.constData());
+    }
+}
+
 } // namespace
 
 std::unique_ptr<QSettings> openJsonSettings(const QString& path, SystemLog& log)
 {
     damageLog = &log;
+    removeAbandonedLock(path);
     static const QSettings::Format json =
         QSettings::registerFormat("json", readJson, writeJson, Qt::CaseSensitive);
     return std::make_unique<QSettings>(path, json);

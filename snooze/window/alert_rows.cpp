@@ -2,6 +2,7 @@
 
 #include "model/l10n.h"
 #include "snooze/snooze_alert.h"
+#include "ui/assistive_names.h"
 #include "ui/display_text.h"
 
 #include <QFontMetrics>
@@ -20,12 +21,10 @@ constexpr int hoursPerDay = 24;
 constexpr int minutesPerHour = 60;
 
 /// A pop-up of two-digit numbers from 0 up to `end`, of which one is selected.
-HoverPopUpButton* makePopUp(int step, int end, int selected, std::string_view nameKey,
-                            const QFont& font)
+HoverPopUpButton* makePopUp(int step, int end, int selected, const QFont& font)
 {
     auto* const popUp = new HoverPopUpButton;
     popUp->setFont(font);
-    popUp->setAccessibleName(QString::fromStdString(L10n::own(nameKey)));
     for (int value = 0; value < end; value += step) {
         popUp->addItem(QStringLiteral("%1").arg(value, 2, 10, QLatin1Char('0')));
     }
@@ -68,8 +67,8 @@ QLabel* makeAlertLabel(const QString& text, const QFont& font, QWidget* parent)
 }
 
 CustomTimeRow::CustomTimeRow(const AlertContent& content, int width, int height, const QFont& font)
-    : hour(makePopUp(1, hoursPerDay, content.preselectedHour, "name.hour", font))
-    , minute(makePopUp(minuteStep, minutesPerHour, content.preselectedMinute, "name.minute", font))
+    : hour(makePopUp(1, hoursPerDay, content.preselectedHour, font))
+    , minute(makePopUp(minuteStep, minutesPerHour, content.preselectedMinute, font))
     , confirm(makeConfirmButton(displayText(content.confirmTitle), font))
 {
     auto* const caption = makeAlertLabel(displayText(content.customTimeCaption), font, this);
@@ -88,6 +87,8 @@ CustomTimeRow::CustomTimeRow(const AlertContent& content, int width, int height,
     row->addSpacing(alertGeometry::spacing);
     row->addWidget(confirm);
     row->addStretch();
+    namePicker(*hour, QString::fromStdString(L10n::own("name.hour")));
+    namePicker(*minute, QString::fromStdString(L10n::own("name.minute")));
     for (QWidget* control : {static_cast<QWidget*>(hour), static_cast<QWidget*>(minute),
                              static_cast<QWidget*>(confirm)}) {
         control->setFixedHeight(height);

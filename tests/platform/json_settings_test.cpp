@@ -12,6 +12,7 @@
 #include <QJsonObject>
 #include <QTemporaryDir>
 
+#include <sys/file.h>
 #include <sys/stat.h>
 
 #include <cstdint>
@@ -232,6 +233,40 @@ TEST_F(JsonSettingsTest, KeysOfAnotherWriterAreKept)
     first = open();
 
     EXPECT_EQ(saved(), (QJsonObject{{"threshold", 50}, {"language", "en"}, {"enabled", false}}));
+}
+
+TEST_F(JsonSettingsTest, ALockOfAProgramThatWasKilledWhileMakingItIsRemoved)
+{
+    QFile lock(path() + ".lock");
+    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+    lock.close();
+
+    open();
+
+    EXPECT_FALSE(lock.exists());
+}
+
+TEST_F(JsonSettingsTest, ALockThatIsHeldStays)
+{
+    QFile lock(path() + ".lock");
+    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+    ASSERT_EQ(::flock(lock.handle(), LOCK_EX), 0);
+
+    open();
+
+    EXPECT_TRUE(lock.exists());
+}
+
+TEST_F(JsonSettingsTest, ALockThatNamesItsHolderStays)
+{
+    QFile lock(path() + ".lock");
+    ASSERT_TRUE(lock.open(QIODevice::WriteOnly));
+    lock.write("1\n");
+    lock.close();
+
+    open();
+
+    EXPECT_TRUE(lock.exists());
 }
 
 TEST_F(JsonSettingsTest, AnEmptyFileIsNoDamage)

@@ -85,6 +85,15 @@ TEST_F(PanelChoicesTest, EachToggleWritesItsSettingOnceAndSaves)
     EXPECT_EQ(world.defaults.boolean("instant"), false);
 }
 
+TEST_F(PanelChoicesTest, AToggleByAssistiveTechnologyCountsAsMuchAsAClick)
+{
+    openAndCountWrites();
+    auto* const toggle = QAccessible::queryAccessibleInterface(&find("dailyCheck"));
+    toggle->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_FALSE(model().enabled);
+    EXPECT_EQ(writes, 1);
+}
+
 TEST_F(PanelChoicesTest, TheLoginToggleRegistersAndUnregisters)
 {
     openAndCountWrites();

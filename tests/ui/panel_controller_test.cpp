@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QAccessible>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QGuiApplication>
@@ -44,6 +45,11 @@ protected:
     {
         controller->open(iconAtTop);
         ASSERT_TRUE(QTest::qWaitForWindowActive(panel()));
+    }
+
+    QAccessible::Role role() const
+    {
+        return QAccessible::queryAccessibleInterface(panel())->role();
     }
 
     /// Gives the keyboard to another window.
@@ -100,6 +106,12 @@ TEST_F(PanelControllerTest, EachOpeningBuildsANewPanel)
     EXPECT_THAT(built, SizeIs(4));
     EXPECT_TRUE(QTest::qWaitFor([this] { return living() == 1; }));
     EXPECT_TRUE(controller->isOpen());
+}
+
+TEST_F(PanelControllerTest, AScreenReaderFindsAWindow)
+{
+    controller->open(iconAtTop);
+    EXPECT_EQ(role(), QAccessible::Window);
 }
 
 TEST_F(PanelControllerTest, OpeningAnOpenPanelKeepsIt)

@@ -95,7 +95,7 @@ TEST_F(AlertGeometryTest, ThePopUpsAre52WideAndTheColonIs3FromBothWhileOtherGaps
         const LanguageGuard guard(setting);
         const AlertView view = showOneLow();
         const auto labels = view.rows().back()->findChildren<QLabel*>();
-        ASSERT_EQ(labels.size(), 2);
+        ASSERT_GE(labels.size(), 2); // the pop-ups have hidden ones
         const QRect caption = labels[0]->geometry();
         const QRect colon = labels[1]->geometry();
         ASSERT_EQ(labels[1]->text(), ":");

@@ -33,6 +33,14 @@ protected:
         return view.rows().back()->findChildren<QLabel*>().front()->text().toStdString();
     }
 
+    /// What a screen reader says that a picker is for.
+    static std::string labelOf(QWidget& picker)
+    {
+        auto* const control = QAccessible::queryAccessibleInterface(&picker);
+        const auto labels = control->relations(QAccessible::Label);
+        return labels.isEmpty() ? "" : labels.front().first->text(QAccessible::Name).toStdString();
+    }
+
     AlertView showNamed(const std::string& name)
     {
         BatteryDevice device = mouse(12);
@@ -171,12 +179,12 @@ TEST_F(AlertTextsTest, AScreenReaderFindsADialogWithNamedControls)
     EXPECT_EQ(dialog->role(), QAccessible::Dialog);
     EXPECT_EQ(dialog->text(QAccessible::Name), "Magic Mouse battery alert");
     EXPECT_EQ(dialog->text(QAccessible::Description), "Battery at 12%. Please charge.");
-    EXPECT_EQ(view.hour().accessibleName(), "Hour");
-    EXPECT_EQ(view.minute().accessibleName(), "Minute");
+    EXPECT_EQ(labelOf(view.hour()), "Hour");
+    EXPECT_EQ(labelOf(view.minute()), "Minute");
     const LanguageGuard guard("zh");
     const AlertView chinese = showOneLow();
-    EXPECT_EQ(chinese.hour().accessibleName(), "小时");
-    EXPECT_EQ(chinese.minute().accessibleName(), "分钟");
+    EXPECT_EQ(labelOf(chinese.hour()), "小时");
+    EXPECT_EQ(labelOf(chinese.minute()), "分钟");
 }
 
 TEST_F(AlertTextsTest, MarkupAndAmpersandsInANameAreShownAsTheyStand)
