@@ -2,12 +2,12 @@
 function(voltmere_target target)
   target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/generated)
   target_compile_options(${target} PRIVATE
-    -Wall -Wextra -Wpedantic -Wconversion -Wshadow=local -Wnon-virtual-dtor -Wold-style-cast
-    -Woverloaded-virtual -fstack-protector-strong
+    -Wall -Wextra -Wpedantic -Wconversion -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual
+    -fstack-protector-strong
     $<$<CONFIG:Release,RelWithDebInfo>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
-  if(CMAKE_CXX_COMPILER_ID MATCHES Clang)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
     # Clang's only form of this warning also fires for members, which constructors here mirror.
-    target_compile_options(${target} PRIVATE -Wno-shadow)
+    target_compile_options(${target} PRIVATE -Wshadow=local)
   endif()
   if(VOLTMERE_SANITIZE)
     target_compile_options(${target} PRIVATE
