@@ -68,12 +68,12 @@ int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setDesktopFileName("org.voltmere.Voltmere");
-    voltmere::SingleInstance instance;
-    if (!commandLine.demo && instance.start() == voltmere::SingleInstance::Role::later) {
+    const auto instance = voltmere::makeSingleInstance();
+    if (!commandLine.demo && instance->start() == voltmere::SingleInstance::Role::later) {
         return 0;
     }
     voltmere::VoltmereApp program(commandLine);
-    instance.onActivation([&program] { program.openPanel(); });
+    instance->onActivation([&program] { program.openPanel(); });
     return program.run();
 }
 

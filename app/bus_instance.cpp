@@ -1,4 +1,4 @@
-#include "app/single_instance.h"
+#include "app/bus_instance.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -19,7 +19,7 @@ constexpr int activationLimit = 150; // milliseconds
 
 } // namespace
 
-SingleInstance::Role SingleInstance::start()
+SingleInstance::Role BusInstance::start()
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
@@ -44,12 +44,12 @@ SingleInstance::Role SingleInstance::start()
     return bus.interface()->isServiceRegistered(busName) ? Role::later : Role::alone;
 }
 
-void SingleInstance::onActivation(std::function<void()> action)
+void BusInstance::onActivation(std::function<void()> action)
 {
     open = std::move(action);
 }
 
-ApplicationAdaptor::ApplicationAdaptor(SingleInstance& instance)
+ApplicationAdaptor::ApplicationAdaptor(BusInstance& instance)
     : QDBusAbstractAdaptor(&instance)
     , instance(instance)
 {
