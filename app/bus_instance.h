@@ -11,8 +11,8 @@
 namespace voltmere {
 
 /// One instance over the session bus: the first holds the name org.voltmere.Voltmere, and a later
-/// start asks it to open its panel. The name goes with the process that holds it, however that ends.
-/// Source: Desktop Entry Specification, "D-Bus Activation" (org.freedesktop.Application).
+/// start asks it to open its panel. The name goes with the process that holds it, however that
+/// ends. Source: Desktop Entry Specification, "D-Bus Activation" (org.freedesktop.Application).
 class BusInstance : public QObject, public SingleInstance {
 public:
     /// Takes the name, or asks the process that has it. Waits for the bus, a few milliseconds.
