@@ -1,13 +1,13 @@
 #include "app/list_command.h"
 
 #include "app/peripherals.h"
+#include "app/platform_factory.h"
 #include "app/reading_report.h"
 #include "app/settings_location.h"
 #include "app/terminal_output.h"
 #include "devices/device_reader.h"
 #include "model/l10n.h"
 #include "model/setting_defaults.h"
-#include "platform/posix/environment_languages.h"
 #include "platform/posix/posix_system_log.h"
 #include "platform/posix/system_clock.h"
 
@@ -17,8 +17,8 @@ int listPeripherals(const CommandLine& commandLine)
 {
     PosixSystemLog log;
     const auto settings = openSettings(commandLine.demo, log);
-    const EnvironmentLanguages languages;
-    L10n::usePreferredLanguages(&languages);
+    const auto languages = makePreferredLanguages();
+    L10n::usePreferredLanguages(languages.get());
     L10n::loadSetting(*settings);
 
     const SystemClock clock;

@@ -9,7 +9,6 @@
 #include "app/voltmere_app.h"
 #include "app/watch_command.h"
 #include "platform/posix/plain_text.h"
-#include "platform/posix/posix_system_log.h"
 #include "platform/qt/ending_signals.h"
 
 #include <QApplication>
@@ -70,20 +69,14 @@ int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setDesktopFileName("org.voltmere.Voltmere");
-    voltmere::SingleInstance instance;
-    if (!commandLine.demo) {
-        const auto role = instance.start();
-        if (role == voltmere::SingleInstance::Role::later) {
-            return 0;
-        }
-        if (role == voltmere::SingleInstance::Role::alone) {
-            voltmere::PosixSystemLog().write("Voltmere: there is no session bus: no notifications, "
-                                             "and a second start runs a second time");
-        }
+    const auto log = voltmere::makeSystemLog();
+    const auto instance = voltmere::makeSingleInstance(*log);
+    if (!commandLine.demo && instance->start() == voltmere::SingleInstance::Role::later) {
+        return 0;
     }
     const voltmere::EndingSignals endingSignals(&QCoreApplication::quit);
     voltmere::VoltmereApp program(commandLine);
-    instance.onActivation([&program] { program.openPanel(); });
+    instance->onActivation([&program] { program.openPanel(); });
     return program.run();
 }
 

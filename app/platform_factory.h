@@ -1,11 +1,16 @@
 #pragma once
 
+#include "app/single_instance.h"
+#include "model/battery_model.h"
 #include "platform/appearance.h"
+#include "platform/application.h"
 #include "platform/clock.h"
 #include "platform/login_item_service.h"
 #include "platform/notification_centre.h"
+#include "platform/preferred_languages.h"
 #include "platform/run_loop.h"
 #include "platform/system_log.h"
+#include "ui/program_icon.h"
 
 #include <functional>
 #include <memory>
@@ -13,6 +18,8 @@
 #include <string>
 
 class QObject;
+class QRect;
+class QWidget;
 
 namespace voltmere {
 
@@ -23,8 +30,17 @@ namespace voltmere {
 /// application object: Qt ends the process where it finds no display.
 std::optional<std::string> displayProblem();
 
+/// `log`, which must outlive it, is told what does not work without it.
+std::unique_ptr<SingleInstance> makeSingleInstance(SystemLog& log);
+
 /// Whether the desktop is dark or light. Needs an application object.
 std::unique_ptr<Appearance> makeAppearance();
+
+std::unique_ptr<Application> makeApplication();
+
+std::unique_ptr<PreferredLanguages> makePreferredLanguages();
+
+std::unique_ptr<SystemLog> makeSystemLog();
 
 /// The desktop's notifications under the program's own name, with the user's pending reminders,
 /// which it takes up at once. What it is given must outlive it.
@@ -37,5 +53,19 @@ std::unique_ptr<LoginItemService> makeLoginItemService();
 /// Calls `available` once, as soon as there is a place for the program's icon. The watching ends
 /// with the returned object.
 std::unique_ptr<QObject> watchForTrayHost(std::function<void()> available);
+
+/// What the program's icon does. `icon` is its place on the desktop, empty where that is not known.
+struct IconActions {
+    std::function<void(const QRect& icon)> toggle; ///< a click
+    std::function<void(const QRect& icon)> open;
+    std::function<void()> quit;
+};
+
+/// The program's icon in the menu bar or tray, which must be there. It follows the model.
+std::unique_ptr<ProgramIcon> makeIcon(BatteryModel& model, const Appearance& appearance,
+                                      IconActions actions);
+
+/// Keeps a window that is on screen over ordinary windows, where Qt's flag for that does not do.
+void keepAfloat(QWidget& window);
 
 } // namespace voltmere

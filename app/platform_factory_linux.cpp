@@ -1,5 +1,6 @@
 #include "app/platform_factory.h"
 
+#include "app/bus_instance.h"
 #include "devices/utf8.h"
 #include "model/l10n.h"
 #include "platform/linux/autostart_login_item.h"
@@ -8,6 +9,11 @@
 #include "platform/linux/tray_host_watcher.h"
 #include "platform/linux/wayland_display.h"
 #include "platform/linux/x_display.h"
+#include "platform/posix/environment_languages.h"
+#include "platform/posix/posix_system_log.h"
+#include "platform/qt/qt_application.h"
+#include "ui/status_label.h"
+#include "ui/tray_image.h"
 
 #include <QIcon>
 
@@ -71,9 +77,29 @@ std::optional<std::string> displayProblem()
     return std::nullopt;
 }
 
+std::unique_ptr<SingleInstance> makeSingleInstance(SystemLog& log)
+{
+    return std::make_unique<BusInstance>(log);
+}
+
 std::unique_ptr<Appearance> makeAppearance()
 {
     return std::make_unique<PortalAppearance>();
+}
+
+std::unique_ptr<Application> makeApplication()
+{
+    return std::make_unique<QtApplication>();
+}
+
+std::unique_ptr<PreferredLanguages> makePreferredLanguages()
+{
+    return std::make_unique<EnvironmentLanguages>();
+}
+
+std::unique_ptr<SystemLog> makeSystemLog()
+{
+    return std::make_unique<PosixSystemLog>();
 }
 
 std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& runLoop, const Clock& clock,
@@ -94,6 +120,25 @@ std::unique_ptr<LoginItemService> makeLoginItemService()
 std::unique_ptr<QObject> watchForTrayHost(std::function<void()> available)
 {
     return std::make_unique<TrayHostWatcher>(std::move(available));
+}
+
+std::unique_ptr<ProgramIcon> makeIcon(BatteryModel& model, const Appearance& /*appearance*/,
+                                      IconActions actions)
+{
+    return std::make_unique<StatusLabel>(
+        model,
+        StatusLabel::Behaviour{
+            .picture =
+                [maker = TrayIconMaker()](const auto& devices, auto threshold) mutable {
+                    return maker.make(devices, threshold);
+                },
+            .toggle = std::move(actions.toggle),
+            .open = std::move(actions.open),
+            .quit = std::move(actions.quit)});
+}
+
+void keepAfloat(QWidget& /*window*/)
+{
 }
 
 } // namespace voltmere

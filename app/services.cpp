@@ -31,16 +31,19 @@ std::unique_ptr<NotificationCentre> openNotifications(bool demo, RunLoop& runLoo
 } // namespace
 
 Services::Services(const CommandLine& commandLine)
-    : defaults(openSettings(commandLine.demo, log))
+    : log(makeSystemLog())
+    , languages(makePreferredLanguages())
+    , defaults(openSettings(commandLine.demo, *log))
     , loginItems(openLoginItems(commandLine.demo))
-    , notificationDelegate(runLoop, application)
-    , notifications(openNotifications(commandLine.demo, runLoop, clock, log))
+    , application(makeApplication())
+    , notificationDelegate(runLoop, *application)
+    , notifications(openNotifications(commandLine.demo, runLoop, clock, *log))
     , appearance(makeAppearance())
-    , alerts(*appearance, pointer, runLoop)
+    , alerts(*appearance, pointer, runLoop, keepAfloat)
     , peripherals(commandLine)
     , reader(std::make_shared<DeviceReader>([this] { return peripherals.choose(); }, clock))
 {
-    L10n::usePreferredLanguages(&languages);
+    L10n::usePreferredLanguages(languages.get());
 }
 
 Services::~Services()
@@ -51,7 +54,7 @@ Services::~Services()
 ModelServices Services::forModel()
 {
     return {*defaults, runLoop, clock, calendar, *loginItems, *notifications, notificationDelegate,
-            alerts,    log,     reader};
+            alerts,    *log,    reader};
 }
 
 } // namespace voltmere

@@ -5,16 +5,16 @@
 #include "app/peripherals.h"
 #include "model/battery_model.h"
 #include "platform/appearance.h"
+#include "platform/application.h"
 #include "platform/defaults_store.h"
 #include "platform/login_item_service.h"
 #include "platform/notification_centre.h"
-#include "platform/posix/environment_languages.h"
 #include "platform/posix/posix_calendar.h"
-#include "platform/posix/posix_system_log.h"
 #include "platform/posix/system_clock.h"
-#include "platform/qt/qt_application.h"
+#include "platform/preferred_languages.h"
 #include "platform/qt/qt_pointer.h"
 #include "platform/qt/qt_run_loop.h"
+#include "platform/system_log.h"
 #include "snooze/window/snooze_alert_presenter.h"
 
 #include <memory>
@@ -35,12 +35,12 @@ public:
 
     SystemClock clock;
     PosixCalendar calendar;
-    PosixSystemLog log;
+    std::unique_ptr<SystemLog> log;
     QtRunLoop runLoop;
-    EnvironmentLanguages languages;
+    std::unique_ptr<PreferredLanguages> languages;
     std::unique_ptr<DefaultsStore> defaults;
     std::unique_ptr<LoginItemService> loginItems;
-    QtApplication application;
+    std::unique_ptr<Application> application;
     NotificationDelegate notificationDelegate;
     std::unique_ptr<NotificationCentre> notifications;
     QtPointer pointer;

@@ -9,7 +9,9 @@
 
 namespace voltmere {
 
-/// The file that holds the user's settings on Linux: voltmere/settings.json in $XDG_CONFIG_HOME.
+/// The file that holds the user's settings: voltmere/settings.json in $XDG_CONFIG_HOME on Linux,
+/// the property list of the program's defaults domain on macOS, which only the system itself
+/// writes.
 QString settingsPath();
 
 /// The user's settings, or settings that nobody keeps for a demonstration. `log` must outlive them.

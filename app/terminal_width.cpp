@@ -4,16 +4,30 @@
 
 #include <clocale>
 #include <cwchar>
+#if __has_include(<xlocale.h>)
+#include <xlocale.h> // where macOS declares what POSIX has in locale.h
+#endif
 
 namespace voltmere {
 
 namespace {
 
+/// A locale whose characters are Unicode; null where there is none. Not every system has the first.
+locale_t makeUnicodeLocale()
+{
+    for (const char* const name : {"C.UTF-8", "en_US.UTF-8"}) {
+        if (const locale_t locale = ::newlocale(LC_CTYPE_MASK, name, locale_t{})) {
+            return locale;
+        }
+    }
+    return {};
+}
+
 /// Makes the thread's characters Unicode for a moment, whatever the user's locale is.
 class UnicodeLocale {
 public:
     UnicodeLocale()
-        : unicode(::newlocale(LC_CTYPE_MASK, "C.UTF-8", locale_t{}))
+        : unicode(makeUnicodeLocale())
         , previous(unicode == locale_t{} ? locale_t{} : ::uselocale(unicode))
     {
     }

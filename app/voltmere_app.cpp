@@ -4,7 +4,6 @@
 #include "ui/content_view.h"
 #include "ui/no_tray_panel.h"
 #include "ui/theme.h"
-#include "ui/tray_image.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -67,13 +66,13 @@ BatteryModel& VoltmereApp::sharedModel()
 
 void VoltmereApp::openPanel()
 {
-    panel.open(label ? label->place() : QRect());
+    panel.open(icon ? icon->place() : QRect());
 }
 
 void VoltmereApp::giveUpOnTray()
 {
-    services.log.write("Voltmere: this desktop has no tray yet; the panel opens as a window, and "
-                       "whenever the program is started again");
+    services.log->write("Voltmere: this desktop has no tray yet; the panel opens as a window, and "
+                        "whenever the program is started again");
     panel.setOrdinaryWindow(true);
     panel.open();
 }
@@ -82,16 +81,10 @@ void VoltmereApp::showIcon()
 {
     trayDeadline.reset();
     panel.setOrdinaryWindow(false);
-    label = std::make_unique<StatusLabel>(
-        sharedModel(),
-        StatusLabel::Behaviour{
-            .picture =
-                [maker = TrayIconMaker()](const auto& devices, auto threshold) mutable {
-                    return maker.make(devices, threshold);
-                },
-            .toggle = [this](const QRect& icon) { panel.toggle(icon); },
-            .open = [this](const QRect& icon) { panel.open(icon); },
-            .quit = &QCoreApplication::quit});
+    icon = makeIcon(sharedModel(), *services.appearance,
+                    {.toggle = [this](const QRect& place) { panel.toggle(place); },
+                     .open = [this](const QRect& place) { panel.open(place); },
+                     .quit = &QCoreApplication::quit});
 }
 
 void VoltmereApp::followAppearance() const

@@ -5,7 +5,7 @@
 #include "app/services.h"
 #include "model/battery_model.h"
 #include "ui/panel_controller.h"
-#include "ui/status_label.h"
+#include "ui/program_icon.h"
 
 #include <memory>
 
@@ -38,7 +38,7 @@ private:
     PanelController panel;
     std::unique_ptr<QObject> trayWatch;
     std::unique_ptr<Timer> trayDeadline;
-    std::unique_ptr<StatusLabel> label;
+    std::unique_ptr<ProgramIcon> icon;
     bool opensPanel;
 };
 

@@ -3,12 +3,12 @@
 #include "alerting/notification_delegate.h"
 #include "app/null_services.h"
 #include "app/peripherals.h"
+#include "app/platform_factory.h"
 #include "app/reading_report.h"
 #include "app/settings_location.h"
 #include "app/terminal_output.h"
 #include "model/battery_model.h"
 #include "model/l10n.h"
-#include "platform/posix/environment_languages.h"
 #include "platform/posix/posix_calendar.h"
 #include "platform/posix/posix_system_log.h"
 #include "platform/posix/system_clock.h"
@@ -95,8 +95,8 @@ private:
 
 int watchPeripherals(const CommandLine& commandLine)
 {
-    const EnvironmentLanguages languages;
-    L10n::usePreferredLanguages(&languages);
+    const auto languages = makePreferredLanguages();
+    L10n::usePreferredLanguages(languages.get());
     const int status = Watch(commandLine).run();
     L10n::usePreferredLanguages(nullptr);
     return status;

@@ -1,6 +1,6 @@
 # What needs Qt: the front end and the program.
 
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets DBus Svg)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Svg)
 configure_file(app/version.h.in generated/app/version.h @ONLY)
 
 add_library(voltmere_ui STATIC
@@ -27,7 +27,9 @@ add_library(voltmere_ui STATIC
   ui/drawn_image.cpp
   ui/elided_label.cpp
   ui/icns.cpp
+  ui/icon_texts.cpp
   ui/image_bundle.cpp
+  ui/menu_bar_label.cpp
   ui/menu_text.cpp
   ui/no_tray_panel.cpp
   ui/panel_controller.cpp
@@ -43,8 +45,11 @@ add_library(voltmere_ui STATIC
   ui/tray_number.cpp
   ui/wrapping_label.cpp)
 if(APPLE)
-  # The macOS side of the ports is not written yet.
+  include(cmake/MacPorts.cmake)
+  target_link_libraries(voltmere_ui PUBLIC voltmere_macos)
+  target_sources(voltmere_ui PRIVATE platform/macos/wake_timer.cpp)
 else()
+  find_package(Qt6 6.4 REQUIRED COMPONENTS DBus)
   find_package(PkgConfig REQUIRED)
   pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
   set_target_properties(voltmere_ui PROPERTIES AUTOMOC ON)
@@ -61,9 +66,9 @@ else()
     platform/linux/wake_timer.cpp
     platform/linux/wayland_display.cpp
     platform/linux/x_display.cpp)
-  target_link_libraries(voltmere_ui PRIVATE PkgConfig::XCB)
+  target_link_libraries(voltmere_ui PUBLIC Qt6::DBus PRIVATE PkgConfig::XCB)
 endif()
-target_link_libraries(voltmere_ui PUBLIC voltmere_core Qt6::Widgets Qt6::DBus Qt6::Svg)
+target_link_libraries(voltmere_ui PUBLIC voltmere_core Qt6::Widgets Qt6::Svg)
 voltmere_target(voltmere_ui)
 
 # The pictures become part of every program that links voltmere_ui. Uncompressed, they are read where
@@ -88,18 +93,18 @@ add_library(voltmere_app STATIC
   app/reading_report.cpp
   app/screenshots.cpp
   app/services.cpp
-  app/settings_location.cpp
   app/terminal_output.cpp
   app/terminal_width.cpp
   app/voltmere_app.cpp
   app/watch_command.cpp)
 if(APPLE)
   target_sources(voltmere_app PRIVATE
-    app/desktop_services_macos.cpp app/system_sources_macos.cpp)
+    app/desktop_services_macos.cpp app/platform_factory_macos.cpp
+    app/settings_location_macos.cpp app/system_sources_macos.cpp)
 else()
   target_sources(voltmere_app PRIVATE
-    app/desktop_services_linux.cpp app/platform_factory_linux.cpp app/single_instance.cpp
-    app/system_sources_linux.cpp)
+    app/bus_instance.cpp app/desktop_services_linux.cpp app/platform_factory_linux.cpp
+    app/settings_location_linux.cpp app/system_sources_linux.cpp)
   set_target_properties(voltmere_app PROPERTIES AUTOMOC ON)
 endif()
 target_link_libraries(voltmere_app PUBLIC voltmere_ui)
@@ -108,9 +113,12 @@ voltmere_target(voltmere_app)
 add_executable(voltmere app/main.cpp)
 target_link_libraries(voltmere PRIVATE voltmere_app)
 voltmere_target(voltmere)
-install(TARGETS voltmere RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-
-# The simulated tools stand where the installed ones would, seen from the built program.
-file(COPY resources/demo DESTINATION share/voltmere)
-install(PROGRAMS resources/demo/ioreg resources/demo/system_profiler
-        DESTINATION ${CMAKE_INSTALL_DATADIR}/voltmere/demo)
+if(APPLE)
+  include(cmake/MacBundle.cmake)
+else()
+  install(TARGETS voltmere RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+  # The simulated tools stand where the installed ones would, seen from the built program.
+  file(COPY resources/demo DESTINATION share/voltmere)
+  install(PROGRAMS resources/demo/ioreg resources/demo/system_profiler
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/voltmere/demo)
+endif()

@@ -67,6 +67,9 @@ need_for_testing() {
 # configure ARGUMENT... : prepares the build directory, unless it is prepared and nothing is asked.
 configure() {
   if [ $# -gt 0 ] || [ ! -f "$build/build.ninja" ]; then
-    cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release "$@" >&2
+    local prefix=
+    [ "$(uname)" != Darwin ] || prefix=$(brew --prefix)
+    cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release \
+      ${prefix:+"-DCMAKE_PREFIX_PATH=$prefix"} "$@" >&2
   fi
 }

@@ -3,6 +3,7 @@
 #include "devices/device_listing.h"
 #include "model/l10n.h"
 #include "ui/display_text.h"
+#include "ui/icon_texts.h"
 #include "ui/menu_text.h"
 
 #include <QAction>
@@ -13,18 +14,6 @@
 namespace voltmere {
 
 namespace {
-
-QString deviceLine(const BatteryDevice& device)
-{
-    return displayText(namesWithLevels({device}, {}));
-}
-
-/// Every device on a line of its own, below a first line without markup: what guesses whether a
-/// tooltip is markup looks no further, so that names show as they stand.
-QString toolTipText(const QStringList& deviceLines)
-{
-    return (QStringList(displayText(L10n::t("app.name"))) + deviceLines).join('\n');
-}
 
 /// The icon's menu is native where the desktop takes it over D-Bus. macOS has native menus that
 /// read entries as Qt does.
@@ -62,13 +51,10 @@ void StatusLabel::redraw()
 {
     std::vector<BatteryDevice> devices = model.devices;
     sortForDisplay(devices);
-    QStringList deviceLines;
-    for (const BatteryDevice& device : devices) {
-        deviceLines.append(deviceLine(device));
-    }
+    const QStringList lines = deviceLines(devices);
     showPicture(behaviour.picture(devices, model.threshold));
-    showToolTip(toolTipText(deviceLines));
-    fillMenu(deviceLines);
+    showToolTip(toolTipText(lines));
+    fillMenu(lines);
 }
 
 // Whatever is set is sent to the desktop, which then asks for all of the icon. Most redraws change

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/battery_model.h"
+#include "ui/program_icon.h"
 #include "ui/redraw_scheduler.h"
 
 #include <QIcon>
@@ -14,7 +15,7 @@ namespace voltmere {
 
 /// The program's icon in the menu bar or tray. It shows the model's devices and follows them; a
 /// click opens the panel, and the context menu lists the devices for hosts that show no tooltip.
-class StatusLabel : public QObject {
+class StatusLabel : public ProgramIcon {
 public:
     /// What the icon does and looks like.
     struct Behaviour {
@@ -29,8 +30,7 @@ public:
     /// Puts the icon into the menu bar or tray, which must be there.
     StatusLabel(BatteryModel& model, Behaviour behaviour);
 
-    /// Where the icon is on the screen; empty where the tray does not tell.
-    QRect place() const;
+    QRect place() const override;
 
 private:
     void redraw();

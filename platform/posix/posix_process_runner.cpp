@@ -47,8 +47,8 @@ public:
         ::posix_spawnattr_init(&attributes);
         sigset_t none;
         sigset_t all;
-        ::sigemptyset(&none);
-        ::sigfillset(&all);
+        sigemptyset(&none);
+        sigfillset(&all);
         ::posix_spawnattr_setsigmask(&attributes, &none);
         ::posix_spawnattr_setsigdefault(&attributes, &all);
         ::posix_spawnattr_setpgroup(&attributes, 0);

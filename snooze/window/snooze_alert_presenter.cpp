@@ -14,8 +14,9 @@ namespace {
 /// controls is still on the call stack, so it is deleted from the event loop.
 class WindowAlert : public Alert {
 public:
-    explicit WindowAlert(SnoozeAlertWindow* window)
+    WindowAlert(SnoozeAlertWindow* window, SnoozeAlertPresenter::WindowAction afterShow)
         : window(window)
+        , afterShow(std::move(afterShow))
     {
     }
 
@@ -30,6 +31,7 @@ public:
     {
         if (window != nullptr) {
             window->bringToFront();
+            afterShow(*window);
         }
     }
 
@@ -46,23 +48,26 @@ private:
     }
 
     QPointer<SnoozeAlertWindow> window;
+    SnoozeAlertPresenter::WindowAction afterShow;
 };
 
 } // namespace
 
 SnoozeAlertPresenter::SnoozeAlertPresenter(const Appearance& appearance, const Pointer& pointer,
-                                           RunLoop& runLoop)
+                                           RunLoop& runLoop, WindowAction afterShow)
     : appearance(appearance)
     , pointer(pointer)
     , runLoop(runLoop)
+    , afterShow(std::move(afterShow))
 {
 }
 
 std::unique_ptr<Alert> SnoozeAlertPresenter::present(AlertContent content, AlertActions actions)
 {
     auto* const window = new SnoozeAlertWindow(content, std::move(actions), appearance);
-    auto alert = std::make_unique<WindowAlert>(window);
+    auto alert = std::make_unique<WindowAlert>(window, afterShow);
     window->present(pointer, runLoop);
+    afterShow(*window);
     return alert;
 }
 

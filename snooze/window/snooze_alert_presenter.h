@@ -5,12 +5,22 @@
 #include "platform/pointer.h"
 #include "platform/run_loop.h"
 
+#include <functional>
+
+class QWidget;
+
 namespace voltmere {
 
 /// Shows reminders as windows of this program. What it is given must outlive it and its alerts.
 class SnoozeAlertPresenter : public AlertPresenter {
 public:
-    SnoozeAlertPresenter(const Appearance& appearance, const Pointer& pointer, RunLoop& runLoop);
+    using WindowAction = std::function<void(QWidget& window)>;
+
+    /// `afterShow` does to each window, whenever it was brought to the screen's front, what the
+    /// desktop needs beyond Qt.
+    SnoozeAlertPresenter(
+        const Appearance& appearance, const Pointer& pointer, RunLoop& runLoop,
+        WindowAction afterShow = [](QWidget&) {});
 
     std::unique_ptr<Alert> present(AlertContent content, AlertActions actions) override;
 
@@ -18,6 +28,7 @@ private:
     const Appearance& appearance;
     const Pointer& pointer;
     RunLoop& runLoop;
+    WindowAction afterShow;
 };
 
 } // namespace voltmere

@@ -1,4 +1,4 @@
-#include "app/single_instance.h"
+#include "app/bus_instance.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -19,10 +19,17 @@ constexpr int activationLimit = 150; // milliseconds
 
 } // namespace
 
-SingleInstance::Role SingleInstance::start()
+BusInstance::BusInstance(SystemLog& log)
+    : log(log)
+{
+}
+
+SingleInstance::Role BusInstance::start()
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
+        log.write("Voltmere: there is no session bus: no notifications, and a second start runs a "
+                  "second time");
         return Role::alone;
     }
     new ApplicationAdaptor(*this); // belongs to this object, as adaptors do
@@ -44,12 +51,12 @@ SingleInstance::Role SingleInstance::start()
     return bus.interface()->isServiceRegistered(busName) ? Role::later : Role::alone;
 }
 
-void SingleInstance::onActivation(std::function<void()> action)
+void BusInstance::onActivation(std::function<void()> action)
 {
     open = std::move(action);
 }
 
-ApplicationAdaptor::ApplicationAdaptor(SingleInstance& instance)
+ApplicationAdaptor::ApplicationAdaptor(BusInstance& instance)
     : QDBusAbstractAdaptor(&instance)
     , instance(instance)
 {

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "app/single_instance.h"
+#include "platform/system_log.h"
+
+#include <QDBusAbstractAdaptor>
+#include <QObject>
+#include <QVariantMap>
+
+#include <functional>
+
+namespace voltmere {
+
+/// One instance over the session bus: the first holds the name org.voltmere.Voltmere, and a later
+/// start asks it to open its panel. The name goes with the process that holds it, however that
+/// ends. Source: Desktop Entry Specification, "D-Bus Activation" (org.freedesktop.Application).
+class BusInstance : public QObject, public SingleInstance {
+public:
+    /// `log` must outlive this object.
+    explicit BusInstance(SystemLog& log);
+
+    /// Takes the name, or asks the process that has it. Waits for the bus, a few milliseconds.
+    Role start() override;
+
+    void onActivation(std::function<void()> action) override;
+
+private:
+    friend class ApplicationAdaptor;
+
+    SystemLog& log;
+    std::function<void()> open;
+};
+
+/// The object on the bus that later starts call.
+class ApplicationAdaptor : public QDBusAbstractAdaptor {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    explicit ApplicationAdaptor(BusInstance& instance);
+
+public slots:
+    void Activate(const QVariantMap& platformData);
+    void Open(const QStringList& uris, const QVariantMap& platformData);
+    void ActivateAction(const QString& action, const QVariantList& parameter,
+                        const QVariantMap& platformData);
+
+private:
+    BusInstance& instance;
+};
+
+} // namespace voltmere

@@ -1,0 +1,123 @@
+// The part of the macOS side that needs no macOS.
+
+#include "platform/macos/instance_choice.h"
+#include "platform/macos/login_item_status.h"
+#include "platform/macos/notification_rules.h"
+#include "platform/macos/screen_coordinates.h"
+#include "platform/macos/wake_schedule.h"
+
+#include <gmock/gmock.h>
+
+#include <limits>
+
+namespace voltmere {
+namespace {
+
+using testing::Optional;
+using Status = LoginItemService::Status;
+
+NotificationRequest requestAfter(std::optional<double> delay)
+{
+    NotificationRequest request;
+    request.delay = delay;
+    return request;
+}
+
+TEST(NotificationRulesTest, ADelayIsTheTriggersInterval)
+{
+    EXPECT_THAT(triggerInterval(requestAfter(1200.0)), Optional(1200.0));
+    EXPECT_THAT(triggerInterval(requestAfter(0.001)), Optional(0.001));
+}
+
+TEST(NotificationRulesTest, WhatATriggerWouldThrowAtIsPostedAtOnce)
+{
+    for (const std::optional<double> delay :
+         {std::optional<double>(), std::optional(0.0), std::optional(-5.0),
+          std::optional(std::numeric_limits<double>::quiet_NaN())}) {
+        EXPECT_EQ(triggerInterval(requestAfter(delay)), std::nullopt);
+    }
+}
+
+TEST(LoginItemStatusTest, EachDocumentedValueHasItsMeaning)
+{
+    EXPECT_EQ(loginItemStatus(0), Status::notRegistered);
+    EXPECT_EQ(loginItemStatus(1), Status::enabled);
+    EXPECT_EQ(loginItemStatus(2), Status::requiresApproval);
+    EXPECT_EQ(loginItemStatus(3), Status::notFound);
+}
+
+TEST(LoginItemStatusTest, AnUnknownValueIsNeverEnabled)
+{
+    EXPECT_EQ(loginItemStatus(4), Status::notFound);
+    EXPECT_EQ(loginItemStatus(-1), Status::notFound);
+}
+
+TEST(ScreenCoordinatesTest, TheMenuBarIsAtTheTop)
+{
+    EXPECT_EQ(fromTopLeft({1200, 1056, 60, 24}, 1080), (ScreenRectangle{1200, 0, 60, 24}));
+}
+
+TEST(ScreenCoordinatesTest, AScreenAboveTheFirstHasNegativePlaces)
+{
+    EXPECT_EQ(fromTopLeft({-300, 1980, 60, 22}, 1080), (ScreenRectangle{-300, -922, 60, 22}));
+}
+
+TEST(InstanceChoiceTest, TheOnlyProcessStays)
+{
+    EXPECT_FALSE(givesWay(500, {}));
+    EXPECT_FALSE(givesWay(500, {{500, false}}));
+    EXPECT_FALSE(givesWay(500, {{500, true}}));
+}
+
+TEST(InstanceChoiceTest, AProcessGivesWayToOneThatRuns)
+{
+    EXPECT_TRUE(givesWay(500, {{500, false}, {900, true}}));
+    EXPECT_TRUE(givesWay(500, {{30, true}}));
+}
+
+TEST(InstanceChoiceTest, OfTwoThatStartTogetherExactlyOneStays)
+{
+    const std::vector<RunningInstance> both{{500, false}, {501, false}};
+    EXPECT_FALSE(givesWay(500, both));
+    EXPECT_TRUE(givesWay(501, both));
+}
+
+TEST(WakeScheduleTest, ItIsDueOnceItsDelayHasPassed)
+{
+    const WakeSchedule schedule(Seconds(1000), Seconds(1800), Seconds(0));
+
+    EXPECT_FALSE(schedule.repeats());
+    EXPECT_FALSE(schedule.isDue(Seconds(2799)));
+    EXPECT_EQ(schedule.remaining(Seconds(2799)), Seconds(1));
+    EXPECT_TRUE(schedule.isDue(Seconds(2800)));
+}
+
+TEST(WakeScheduleTest, WhatFellDueDuringASleepIsDueAtOnce)
+{
+    const WakeSchedule schedule(Seconds(0), Seconds(1800), Seconds(0));
+
+    EXPECT_TRUE(schedule.isDue(Seconds(9000)));
+    EXPECT_EQ(schedule.remaining(Seconds(9000)), Seconds(0));
+}
+
+TEST(WakeScheduleTest, ARepeatingOneComesBackAfterEachInterval)
+{
+    WakeSchedule schedule(Seconds(0), Seconds(60), Seconds(60));
+    EXPECT_TRUE(schedule.repeats());
+    schedule.advancePast(Seconds(60));
+    EXPECT_EQ(schedule.remaining(Seconds(60)), Seconds(60));
+    schedule.advancePast(Seconds(121));
+    EXPECT_EQ(schedule.remaining(Seconds(121)), Seconds(59));
+}
+
+TEST(WakeScheduleTest, MissedPeriodsCountAsOne)
+{
+    WakeSchedule schedule(Seconds(0), Seconds(60), Seconds(60));
+    schedule.advancePast(Seconds(3630));
+
+    EXPECT_FALSE(schedule.isDue(Seconds(3630)));
+    EXPECT_EQ(schedule.remaining(Seconds(3630)), Seconds(30));
+}
+
+} // namespace
+} // namespace voltmere

@@ -1,0 +1,23 @@
+#include "ui/icon_texts.h"
+
+#include "devices/device_listing.h"
+#include "model/l10n.h"
+#include "ui/display_text.h"
+
+namespace voltmere {
+
+QStringList deviceLines(const std::vector<BatteryDevice>& devices)
+{
+    QStringList lines;
+    for (const BatteryDevice& device : devices) {
+        lines.append(displayText(namesWithLevels({device}, {})));
+    }
+    return lines;
+}
+
+QString toolTipText(const QStringList& deviceLines)
+{
+    return (QStringList(displayText(L10n::t("app.name"))) + deviceLines).join('\n');
+}
+
+} // namespace voltmere
