@@ -101,7 +101,7 @@ std::unique_ptr<QObject> watchForTrayHost(std::function<void()> available)
 }
 
 std::unique_ptr<ProgramIcon> makeIcon(BatteryModel& model, const Appearance& appearance,
-                                  IconActions actions)
+                                      IconActions actions)
 {
     return std::make_unique<MenuBarLabel>(model, appearance, std::make_unique<CocoaStatusItem>(),
                                           std::move(actions.toggle));
