@@ -1,9 +1,11 @@
 # What makes a fault harder to misuse. tests/house/hardening_test.cpp reads it back from the built
 # program.
 
-include(CheckCXXCompilerFlag)
-check_cxx_compiler_flag(-fstack-clash-protection VOLTMERE_HAS_STACK_CLASH_PROTECTION)
-check_cxx_compiler_flag(-fcf-protection VOLTMERE_HAS_CONTROL_FLOW_PROTECTION)
+if(NOT APPLE) # where Clang knows neither, or takes them without effect
+  include(CheckCXXCompilerFlag)
+  check_cxx_compiler_flag(-fstack-clash-protection VOLTMERE_HAS_STACK_CLASH_PROTECTION)
+  check_cxx_compiler_flag(-fcf-protection VOLTMERE_HAS_CONTROL_FLOW_PROTECTION)
+endif()
 
 function(voltmere_harden target)
   target_compile_options(${target} PRIVATE

@@ -29,7 +29,7 @@ void handle(void (*handler)(int), int flags)
     struct sigaction action { };
     action.sa_handler = handler;
     action.sa_flags = flags;
-    ::sigemptyset(&action.sa_mask);
+    sigemptyset(&action.sa_mask);
     for (const int number : endingSignals) {
         struct sigaction present { };
         ::sigaction(number, nullptr, &present);

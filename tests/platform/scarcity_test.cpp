@@ -19,7 +19,6 @@ namespace voltmere {
 namespace {
 
 using testing::AnyOf;
-using testing::IsEmpty;
 using testing::SizeIs;
 
 // What the program does where the system has nothing left to give.
@@ -105,7 +104,7 @@ TEST(ScarcityTest, WithoutFileDescriptorsTheKernelsEntriesComeBackLater)
     }
     {
         const FewDescriptors scarcity(0);
-        EXPECT_THAT(source.readEntries(), IsEmpty());
+        EXPECT_TRUE(source.readEntries().empty());
     }
     EXPECT_TRUE(source.readEntries().at(0).level);
 }
