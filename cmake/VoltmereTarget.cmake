@@ -11,7 +11,8 @@ function(voltmere_target target)
   if(VOLTMERE_SANITIZE)
     target_compile_options(${target} PRIVATE
       -fsanitize=${VOLTMERE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer
-      -Wno-maybe-uninitialized) # which GCC finds in std::regex once it is instrumented
+      # GCC finds one in std::regex once that is instrumented.
+      $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(${target} PUBLIC -fsanitize=${VOLTMERE_SANITIZE})
   endif()
   if(VOLTMERE_FUZZ)
