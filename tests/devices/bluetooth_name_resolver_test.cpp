@@ -189,10 +189,10 @@ TEST_F(BluetoothNameResolverTest, TwoThreadsReadAtTheSameTime)
         each.names = newNames;
         each.whileReading = [&] { bothReading.arrive_and_wait(); };
     }
-    {
-        const std::jthread first([&] { results[0] = resolver.bluetoothNames(false, sources[0]); });
-        const std::jthread second([&] { results[1] = resolver.bluetoothNames(true, sources[1]); });
-    }
+    std::thread first([&] { results[0] = resolver.bluetoothNames(false, sources[0]); });
+    std::thread second([&] { results[1] = resolver.bluetoothNames(true, sources[1]); });
+    first.join();
+    second.join();
     EXPECT_THAT(results, ElementsAre(newNames, newNames));
     EXPECT_EQ(resolver.bluetoothNames(true, source), newNames);
     EXPECT_EQ(source.readings, 0);

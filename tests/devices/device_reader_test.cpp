@@ -145,12 +145,11 @@ TEST_F(DeviceReaderTest, AReadingThatHangsDoesNotHoldUpTheNext)
         },
         clock);
     std::vector<BatteryDevice> slowResult;
-    {
-        const std::jthread slow([&] { slowResult = shared.readDevices(false); });
-        hanging.wait();
-        EXPECT_THAT(namesOf(shared.readDevices(false)), ElementsAre("Quick"));
-        released.count_down();
-    }
+    std::thread slow([&] { slowResult = shared.readDevices(false); });
+    hanging.wait();
+    EXPECT_THAT(namesOf(shared.readDevices(false)), ElementsAre("Quick"));
+    released.count_down();
+    slow.join();
     EXPECT_THAT(namesOf(slowResult), ElementsAre("Slow"));
 }
 
