@@ -353,10 +353,10 @@ TEST_F(PosixProcessRunnerTest, TheChildStartsWithDefaultSignals)
     const SignalGuard user(SIGUSR1, SIG_IGN);
     sigset_t blocked;
     sigset_t previous;
-    ::sigemptyset(&blocked);
-    ::sigaddset(&blocked, SIGTERM);
-    ::sigaddset(&blocked, SIGALRM);
-    ::sigaddset(&blocked, SIGCHLD);
+    sigemptyset(&blocked);
+    sigaddset(&blocked, SIGTERM);
+    sigaddset(&blocked, SIGALRM);
+    sigaddset(&blocked, SIGCHLD);
     ::pthread_sigmask(SIG_BLOCK, &blocked, &previous);
 
     const std::string output = runner.run(request({"signals"}));

@@ -106,7 +106,7 @@ void listSignals()
         if (action.sa_handler == SIG_IGN) {
             writeAll(STDOUT_FILENO, "ignored " + std::to_string(number) + '\n');
         }
-        if (::sigismember(&blocked, number) == 1) {
+        if (sigismember(&blocked, number) == 1) {
             writeAll(STDOUT_FILENO, "blocked " + std::to_string(number) + '\n');
         }
     }
