@@ -36,10 +36,13 @@ std::unique_ptr<SingleInstance> makeSingleInstance(SystemLog& log);
 /// Whether the desktop is dark or light. Needs an application object.
 std::unique_ptr<Appearance> makeAppearance();
 
+/// What brings the program to the front. Needs an application object.
 std::unique_ptr<Application> makeApplication();
 
+/// The languages that the user prefers.
 std::unique_ptr<PreferredLanguages> makePreferredLanguages();
 
+/// The system's log.
 std::unique_ptr<SystemLog> makeSystemLog();
 
 /// The desktop's notifications under the program's own name, with the user's pending reminders,

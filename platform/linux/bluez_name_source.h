@@ -28,6 +28,7 @@ private:
 
 /// The properties of an object's interfaces, by the interface's name.
 using BluezInterfaces = QMap<QString, QVariantMap>;
+/// BlueZ's objects by their paths.
 using BluezObjects = QMap<QDBusObjectPath, BluezInterfaces>;
 
 /// The names of the devices among BlueZ's objects. Properties of an unexpected type are none.
