@@ -25,9 +25,9 @@ struct DaemonSignal {
 };
 
 const std::array<DaemonSignal, 3> daemonSignals{{
-    {"ActivationToken", SLOT(activationToken(uint, QString))},
-    {"ActionInvoked", SLOT(actionInvoked(uint, QString))},
-    {"NotificationClosed", SLOT(notificationClosed(uint, uint))},
+    {"ActivationToken", SLOT(activationToken(uint, QString, QDBusMessage))},
+    {"ActionInvoked", SLOT(actionInvoked(uint, QString, QDBusMessage))},
+    {"NotificationClosed", SLOT(notificationClosed(uint, uint, QDBusMessage))},
 }};
 
 /// Whether a reply comes from a program, and not from the bus or, when time is up, from nobody.
@@ -182,8 +182,16 @@ std::optional<NotificationDaemon::Shown> NotificationDaemon::forget(uint id)
     return entry;
 }
 
-void NotificationDaemon::activationToken(uint id, const QString& token)
+bool NotificationDaemon::isFromKnownDaemon(const QDBusMessage& signal) const
 {
+    return daemon && signal.service() == daemon->name;
+}
+
+void NotificationDaemon::activationToken(uint id, const QString& token, const QDBusMessage& signal)
+{
+    if (!isFromKnownDaemon(signal)) {
+        return;
+    }
     for (Shown& entry : shown) {
         if (entry.id == id) {
             entry.token = token.toUtf8();
@@ -191,9 +199,9 @@ void NotificationDaemon::activationToken(uint id, const QString& token)
     }
 }
 
-void NotificationDaemon::actionInvoked(uint id, const QString& key)
+void NotificationDaemon::actionInvoked(uint id, const QString& key, const QDBusMessage& signal)
 {
-    const std::optional<Shown> entry = forget(id);
+    const std::optional<Shown> entry = isFromKnownDaemon(signal) ? forget(id) : std::nullopt;
     if (!entry) {
         return;
     }
@@ -220,9 +228,9 @@ void NotificationDaemon::close(uint id)
     bus.send(call);
 }
 
-void NotificationDaemon::notificationClosed(uint id, uint reason)
+void NotificationDaemon::notificationClosed(uint id, uint reason, const QDBusMessage& signal)
 {
-    const std::optional<Shown> entry = forget(id);
+    const std::optional<Shown> entry = isFromKnownDaemon(signal) ? forget(id) : std::nullopt;
     if (entry && reason == dismissedByUser) {
         entry->answered({standard_action::dismiss, entry->token});
     }
@@ -231,27 +239,22 @@ void NotificationDaemon::notificationClosed(uint id, uint reason)
 void NotificationDaemon::listenWhileNeeded()
 {
     const bool needed = daemon && (unanswered > 0 || !shown.empty());
-    const QString wantedName = needed ? daemon->name : QString();
-    if (wantedName == listeningTo) {
-        return;
-    }
-    if (!listeningTo.isEmpty()) {
-        listen(false);
-    }
-    listeningTo = wantedName;
-    if (!listeningTo.isEmpty()) {
-        listen(true);
+    if (needed != listening) {
+        listening = needed;
+        listen(needed);
     }
 }
 
 void NotificationDaemon::listen(bool on)
 {
+    // No sender is named: for one, the bus library would wait for the bus to tell who that is, and
+    // it ends the program where the bus has ended. The slots look at the sender.
     for (const DaemonSignal& signal : daemonSignals) {
         if (on) {
-            bus.connect(listeningTo, notificationPath, notificationService, signal.name, this,
+            bus.connect(QString(), notificationPath, notificationService, signal.name, this,
                         signal.slot);
         } else {
-            bus.disconnect(listeningTo, notificationPath, notificationService, signal.name, this,
+            bus.disconnect(QString(), notificationPath, notificationService, signal.name, this,
                            signal.slot);
         }
     }

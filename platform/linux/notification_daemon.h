@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QObject>
 #include <QString>
 
@@ -56,9 +57,9 @@ public:
     void show(const DesktopNotification& notification, Answered answered);
 
 private slots:
-    void activationToken(uint id, const QString& token);
-    void actionInvoked(uint id, const QString& key);
-    void notificationClosed(uint id, uint reason);
+    void activationToken(uint id, const QString& token, const QDBusMessage& signal);
+    void actionInvoked(uint id, const QString& key, const QDBusMessage& signal);
+    void notificationClosed(uint id, uint reason, const QDBusMessage& signal);
 
 private:
     struct Daemon {
@@ -81,6 +82,7 @@ private:
     void remember(Shown entry);
     std::optional<Shown> forget(uint id);
     void close(uint id);
+    bool isFromKnownDaemon(const QDBusMessage& signal) const;
     void listenWhileNeeded();
     void listen(bool on);
     void send(const QDBusMessage& call, std::function<void(const QDBusMessage&)> replied);
@@ -96,7 +98,7 @@ private:
     bool asking = false;
     bool changedWhileAsking = false;
     int unanswered = 0; ///< notifications whose number has not come yet
-    QString listeningTo;
+    bool listening = false;
     std::vector<Shown> shown; ///< oldest first
 };
 
