@@ -23,7 +23,8 @@ public:
     virtual LocalTime localTime(Instant instant) const = 0;
 
     /// The instant at which the clock shows `time`, at second 0. A time that summer time skips is
-    /// moved by the skipped span; nothing when the calendar has no such instant.
+    /// moved by the skipped span, and one that comes twice is the first of the two; nothing when
+    /// the calendar has no such instant.
     virtual std::optional<Instant> instantOf(const LocalTime& time) const = 0;
 
     /// The same clock time on the next day.

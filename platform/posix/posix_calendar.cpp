@@ -2,6 +2,8 @@
 
 #include <time.h> // NOLINT(modernize-deprecated-headers): POSIX declares tzset here only
 
+#include <algorithm>
+
 namespace voltmere {
 
 namespace {
@@ -29,18 +31,27 @@ std::optional<std::time_t> secondOf(std::tm& time, int summerTime)
     return time.tm_wday < 0 ? std::nullopt : std::optional(second);
 }
 
-/// The instant of a local time. Where summer time ends, a time comes twice, and mktime left to
+/// The second at which the clock shows `wanted` while summer time counts as `summerTime` says.
+std::optional<std::time_t> secondShowing(const std::tm& wanted, int summerTime)
+{
+    std::tm time = wanted;
+    const auto second = secondOf(time, summerTime);
+    const bool shown = time.tm_isdst == summerTime && time.tm_hour == wanted.tm_hour;
+    return shown ? second : std::nullopt;
+}
+
+/// The instant of a local time. Where the clock is set back, a time comes twice, and mktime left to
 /// itself takes the one nearer to what it was asked before: the first is taken here, always.
 std::optional<Instant> made(const std::tm& wanted)
 {
     ::tzset();
-    std::tm time = wanted;
-    std::optional<std::time_t> second = secondOf(time, 1);
-    const bool isInSummer = time.tm_isdst > 0 && time.tm_hour == wanted.tm_hour;
-    if (!second || !isInSummer) {
-        time = wanted;
-        second = secondOf(time, -1);
-    }
+    std::tm moved = wanted;
+    const auto winter = secondShowing(wanted, 0);
+    const auto summer = secondShowing(wanted, 1);
+    const auto second = winter && summer ? std::min(*winter, *summer)
+        : winter                         ? winter
+        : summer                         ? summer
+                                         : secondOf(moved, -1);
     return second ? std::optional(std::chrono::system_clock::from_time_t(*second)) : std::nullopt;
 }
 

@@ -16,6 +16,8 @@ inline constexpr const char* universal = "UTC0";
 inline constexpr const char* centralEurope = "CET-1CEST,M3.5.0,M10.5.0/3";
 /// Summer time from the second Sunday in March to the first Sunday in November, each at 2:00.
 inline constexpr const char* easternAmerica = "EST5EDT,M3.2.0,M11.1.0";
+/// Standard time in summer: what the zone calls summer time is an hour less, in winter.
+inline constexpr const char* ireland = "IST-1GMT0,M10.5.0,M3.5.0/1";
 /// Half an hour of summer time, from the first Sunday in October to the first Sunday in April.
 inline constexpr const char* lordHowe = "<+1030>-10:30<+11>-11,M10.1.0,M4.1.0";
 /// Five hours and three quarters ahead, the whole year.

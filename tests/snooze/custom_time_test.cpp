@@ -232,13 +232,13 @@ TEST_F(UntilNextPosixTest, ATimeThatSummerTimeSkipsComesAnHourLaterByTheClock)
     EXPECT_EQ(clockAt(moved), (ClockTime{3, 30}));
 }
 
-TEST_F(UntilNextPosixTest, ATimeThatComesTwiceIsOneOfTheTwo)
+TEST_F(UntilNextPosixTest, ATimeThatComesTwiceIsTheFirstOfTheTwo)
 {
     ZoneGuard::set(zones::centralEurope);
 
     // Ten past one, summer time.
-    EXPECT_THAT(nextInstant({2, 30}, universalTime(2026, 10, 24, 23, 10)),
-                AnyOf(universalTime(2026, 10, 25, 0, 30), universalTime(2026, 10, 25, 1, 30)));
+    EXPECT_EQ(nextInstant({2, 30}, universalTime(2026, 10, 24, 23, 10)),
+              universalTime(2026, 10, 25, 0, 30));
 }
 
 /// Days around a change of the clock in one zone, and the hour that the change skips, if any.
