@@ -17,7 +17,7 @@ namespace {
 
 /// A click on the icon takes the keyboard from the panel, which closes it, before the click itself
 /// arrives. A click so soon after is that same one: it means "close".
-constexpr qint64 sameClickMilliseconds = 300;
+constexpr std::chrono::milliseconds sameClick(300);
 
 constexpr Qt::WindowFlags panelFlags =
     Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
@@ -32,8 +32,10 @@ QScreen* screenAt(const QPoint& point)
 
 } // namespace
 
-PanelController::PanelController(std::function<std::unique_ptr<QWidget>()> makePanel)
+PanelController::PanelController(std::function<std::unique_ptr<QWidget>()> makePanel,
+                                 std::function<Uptime()> uptime)
     : makePanel(std::move(makePanel))
+    , uptime(std::move(uptime))
 {
 }
 
@@ -48,7 +50,7 @@ void PanelController::toggle(const QRect& icon)
         panel->close();
         return;
     }
-    if (sinceFocusLoss.isValid() && sinceFocusLoss.elapsed() < sameClickMilliseconds) {
+    if (closedByItself && uptime() - *closedByItself < sameClick) {
         return;
     }
     open(icon);
@@ -74,6 +76,9 @@ void PanelController::open(const QRect& icon)
 
 void PanelController::setOrdinaryWindow(bool ordinary)
 {
+    if (ordinary && !ordinaryWindow && isOpen()) {
+        panel->close();
+    }
     ordinaryWindow = ordinary;
 }
 
@@ -84,9 +89,10 @@ bool PanelController::isOpen() const
 
 bool PanelController::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == panel && event->type() == QEvent::WindowDeactivate && !ordinaryWindow &&
-        isOpen() && QApplication::activePopupWidget() == nullptr) {
-        sinceFocusLoss.start();
+    if (watched == panel && event->type() == QEvent::WindowDeactivate &&
+        panel->windowType() == Qt::Tool && isOpen() &&
+        QApplication::activePopupWidget() == nullptr) {
+        closedByItself = uptime();
         panel->close();
     }
     return QObject::eventFilter(watched, event);
