@@ -6,8 +6,6 @@
 # A bundle has the architectures that Qt has. For both at once, use a universal Qt (Homebrew's has
 # one architecture) and configure with -DCMAKE_OSX_ARCHITECTURES="arm64;x86_64".
 
-set(VOLTMERE_OLDEST_MACOS 13.0)
-
 # bundle_resources(FOLDER FILE...): files of the bundle's Resources/FOLDER.
 function(bundle_resources folder)
   list(TRANSFORM ARGN PREPEND ${PROJECT_SOURCE_DIR}/)

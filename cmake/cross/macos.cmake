@@ -1,11 +1,12 @@
 # Toolchain file: compiles for macOS on Linux, with the clang of a zig distribution. VOLTMERE_ZIG
 # names its program, VOLTMERE_CROSS_CPU is aarch64 or x86_64. tools/check_macos sets both.
 
-set(CMAKE_TRY_COMPILE_PLATFORM_VARIABLES VOLTMERE_ZIG VOLTMERE_CROSS_CPU)
+set(CMAKE_TRY_COMPILE_PLATFORM_VARIABLES
+  VOLTMERE_ZIG VOLTMERE_CROSS_CPU VOLTMERE_OLDEST_MACOS)
 set(CMAKE_SYSTEM_NAME Darwin)
 set(CMAKE_SYSTEM_PROCESSOR ${VOLTMERE_CROSS_CPU})
 
-set(target -target ${VOLTMERE_CROSS_CPU}-macos.13.0)
+set(target -target ${VOLTMERE_CROSS_CPU}-macos.${VOLTMERE_OLDEST_MACOS})
 set(CMAKE_C_COMPILER ${VOLTMERE_ZIG} cc ${target})
 set(CMAKE_CXX_COMPILER ${VOLTMERE_ZIG} c++ ${target})
 set(CMAKE_OBJCXX_COMPILER ${VOLTMERE_ZIG} c++ ${target})

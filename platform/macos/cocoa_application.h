@@ -3,13 +3,25 @@
 #include "platform/application.h"
 
 #include <cstdint>
+#include <memory>
 
 namespace voltmere {
 
-/// The program among the applications of macOS.
+/// The program among the applications of macOS. While it exists, the system does not put the
+/// program to nap (App Nap), as it does with others that show no window: its timers would be
+/// minutes late.
 class CocoaApplication : public Application {
 public:
+    CocoaApplication();
+    ~CocoaApplication() override;
+    CocoaApplication(const CocoaApplication&) = delete;
+    CocoaApplication& operator=(const CocoaApplication&) = delete;
+
     void activate() override;
+
+private:
+    struct Cocoa;
+    std::unique_ptr<Cocoa> cocoa;
 };
 
 /// Puts the window of a view at the level of floating windows: over the ordinary windows of every

@@ -4,6 +4,22 @@
 
 namespace voltmere {
 
+struct CocoaApplication::Cocoa {
+    id<NSObject> activity;
+};
+
+CocoaApplication::CocoaApplication()
+    : cocoa(std::make_unique<Cocoa>([NSProcessInfo.processInfo
+          beginActivityWithOptions:NSActivityUserInitiatedAllowingIdleSystemSleep
+                            reason:@"Checks battery levels at the chosen minute"]))
+{
+}
+
+CocoaApplication::~CocoaApplication()
+{
+    [NSProcessInfo.processInfo endActivity:cocoa->activity];
+}
+
 void CocoaApplication::activate()
 {
     [NSApplication.sharedApplication activateIgnoringOtherApps:YES];

@@ -5,14 +5,14 @@
 
 #import <UserNotifications/UserNotifications.h>
 
-#include <atomic>
+#include <dispatch/dispatch.h>
 
 static_assert(voltmere::authorisation::sound == UNAuthorizationOptionSound);
 static_assert(voltmere::authorisation::alert == UNAuthorizationOptionAlert);
 static_assert(voltmere::presentation::sound == UNNotificationPresentationOptionSound);
 static_assert(voltmere::presentation::banner == UNNotificationPresentationOptionBanner);
 
-/// Hands what the centre says, on whatever thread, to the delegate in C++.
+/// Hands what the centre says, on whatever thread, to the delegate in C++ on the main thread.
 @interface VoltmereNotificationDelegate : NSObject <UNUserNotificationCenterDelegate>
 - (instancetype)initWithOwner:(voltmere::NotificationCentre*)owner;
 - (void)setReceiver:(voltmere::NotificationCentreDelegate*)receiver;
@@ -20,7 +20,7 @@ static_assert(voltmere::presentation::banner == UNNotificationPresentationOption
 
 @implementation VoltmereNotificationDelegate {
     voltmere::NotificationCentre* _owner;
-    std::atomic<voltmere::NotificationCentreDelegate*> _receiver;
+    voltmere::NotificationCentreDelegate* _receiver; // null once the owner is gone
 }
 
 - (instancetype)initWithOwner:(voltmere::NotificationCentre*)owner
@@ -41,25 +41,29 @@ static_assert(voltmere::presentation::banner == UNNotificationPresentationOption
        willPresentNotification:(UNNotification*)__unused notification
          withCompletionHandler:(void (^)(UNNotificationPresentationOptions options))handler
 {
-    voltmere::NotificationCentreDelegate* const receiver = _receiver;
-    if (receiver == nullptr) {
-        handler(0);
-        return;
-    }
-    receiver->willPresent([handler](std::uint32_t presentation) { handler(presentation); });
+    dispatch_async(dispatch_get_main_queue(), ^{
+        if (self->_receiver == nullptr) {
+            handler(0);
+        } else {
+            self->_receiver->willPresent(
+                [handler](std::uint32_t presentation) { handler(presentation); });
+        }
+    });
 }
 
 - (void)userNotificationCenter:(UNUserNotificationCenter*)__unused center
     didReceiveNotificationResponse:(UNNotificationResponse*)response
              withCompletionHandler:(void (^)(void))handler
 {
-    voltmere::NotificationCentreDelegate* const receiver = _receiver;
-    if (receiver == nullptr) {
-        handler();
-        return;
-    }
-    receiver->didReceive(*_owner, voltmere::utf8Text(response.actionIdentifier),
-                         [handler] { handler(); });
+    NSString* const identifier = response.actionIdentifier;
+    dispatch_async(dispatch_get_main_queue(), ^{
+        if (self->_receiver == nullptr) {
+            handler();
+        } else {
+            self->_receiver->didReceive(*self->_owner, voltmere::utf8Text(identifier),
+                                        [handler] { handler(); });
+        }
+    });
 }
 
 @end

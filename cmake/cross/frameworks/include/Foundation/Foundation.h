@@ -109,6 +109,27 @@ extern "C" void objc_enumerationMutation(id object);
 @property (class, readonly, copy) NSArray<NSString*>* preferredLanguages;
 @end
 
+// enum NSActivityOptions : uint64_t; NSActivityUserInitiatedAllowingIdleSystemSleep =
+// NSActivityUserInitiated & ~NSActivityIdleSystemSleepDisabled; macOS 10.9
+typedef uint64_t NSActivityOptions;
+enum : NSActivityOptions {
+    NSActivityIdleSystemSleepDisabled = 1ULL << 20,
+    NSActivityUserInitiated = 0x00FFFFFFULL | NSActivityIdleSystemSleepDisabled,
+    NSActivityUserInitiatedAllowingIdleSystemSleep =
+        NSActivityUserInitiated & ~NSActivityIdleSystemSleepDisabled,
+};
+
+@interface NSProcessInfo : NSObject
+// @property (class, readonly, strong) NSProcessInfo *processInfo; macOS 10.0
+@property (class, readonly, strong) NSProcessInfo* processInfo;
+// - (id<NSObject>)beginActivityWithOptions:(NSActivityOptions)options
+//                                   reason:(NSString *)reason; macOS 10.9
+- (id<NSObject>)beginActivityWithOptions:(NSActivityOptions)options
+                                  reason:(NSString*)reason VOLTMERE_SINCE(10.9);
+// - (void)endActivity:(id<NSObject>)activity; macOS 10.9
+- (void)endActivity:(id<NSObject>)activity VOLTMERE_SINCE(10.9);
+@end
+
 typedef NSString* NSNotificationName;
 
 @interface NSNotification : NSObject
