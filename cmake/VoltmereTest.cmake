@@ -2,7 +2,8 @@
 #
 #   voltmere_test(NAME name LABEL unit|ui|desktop|soak|fuzz|macos SOURCES file... LIBRARIES lib...)
 #
-# Tests run without a display, in the C locale and in UTC unless they set something else.
+# Tests run without a display, in the C locale, in UTC and without the user's settings of Qt unless
+# they set something else.
 function(voltmere_test)
   cmake_parse_arguments(PARSE_ARGV 0 TEST "" "NAME;LABEL" "SOURCES;LIBRARIES")
   voltmere_check_label(${TEST_NAME} "${TEST_LABEL}")
@@ -13,8 +14,17 @@ function(voltmere_test)
   add_test(NAME ${TEST_NAME} COMMAND ${TEST_NAME})
   set_tests_properties(${TEST_NAME} PROPERTIES
     LABELS ${TEST_LABEL}
-    TIMEOUT 300
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LANGUAGE=;TZ=UTC")
+    TIMEOUT 300)
+  voltmere_test_environment(${TEST_NAME})
+endfunction()
+
+function(voltmere_test_environment test)
+  set(users_own QT_QPA_PLATFORMTHEME QT_STYLE_OVERRIDE QT_FONT_DPI QT_SCALE_FACTOR
+    QT_SCREEN_SCALE_FACTORS QT_ENABLE_HIGHDPI_SCALING)
+  list(TRANSFORM users_own APPEND "=unset:")
+  set_tests_properties(${test} PROPERTIES
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;LANGUAGE=;TZ=UTC"
+    ENVIRONMENT_MODIFICATION "${users_own}")
 endfunction()
 
 # Registers a story, the script NAME_story.py of the same folder, that uses the installed program on a

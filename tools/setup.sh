@@ -1,4 +1,4 @@
-# Shared by ./run, ./test and .ci/run: installs what is missing and configures the build.
+# Shared by the scripts: installs what is missing and configures the build.
 # Sourced, with $root set to the project's root. Progress goes to standard error, so that what the
 # program prints stays alone on standard output.
 
@@ -31,7 +31,7 @@ need_brew() {
   local why=$1 formula missing=()
   shift
   command -v brew >/dev/null || {
-    echo "$why needs Homebrew (https://brew.sh) to install: $*" >&2
+    echo "$why needs Homebrew to install: $*" >&2
     exit 1
   }
   for formula in "$@"; do
@@ -46,7 +46,7 @@ need_for_building() {
   if [ "$(uname)" = Darwin ]; then
     need_brew "building" qt cmake ninja
   elif command -v apt-get >/dev/null; then
-    need "building" g++ cmake ninja-build qt6-base-dev qt6-svg-dev libgl1-mesa-dev \
+    need "building" g++ cmake ninja-build qt6-base-dev qt6-svg-dev \
       libxcb1-dev pkg-config
   else
     echo "This script knows apt-get and Homebrew only; the packages to install are in README.md." >&2

@@ -84,6 +84,10 @@ protected:
         made.insert("HOME", QString::fromStdString(home()));
         made.insert("XDG_RUNTIME_DIR", QString::fromStdString(runtime()));
         made.insert("XDG_CONFIG_HOME", QString::fromStdString(configuration()));
+        for (const char* const bus : {"DBUS_SESSION_BUS_ADDRESS", "DBUS_SYSTEM_BUS_ADDRESS"}) {
+            made.insert(bus,
+                        QString::fromStdString("unix:path=" + (runtime() / "no-bus").string()));
+        }
         made.insert("TZ", "UTC");
         made.insert("LC_ALL", QString::fromStdString(locale));
         for (const auto& [name, value] : variables) {
