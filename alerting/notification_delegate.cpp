@@ -10,14 +10,14 @@ namespace voltmere {
 
 namespace {
 
-NotificationRequest snoozedReminder(double delay)
+NotificationRequest snoozedReminder(Seconds delay)
 {
     NotificationRequest request;
     request.identifier = "snooze-" + randomUuid();
     request.content.title = L10n::t("notify.snoozeTitle");
     request.content.body = L10n::t("notify.snoozeBody");
     request.content.defaultSound = true;
-    request.delay = delay;
+    request.delay = delay.count();
     return request;
 }
 
@@ -42,7 +42,7 @@ void NotificationDelegate::didReceive(NotificationCentre& centre,
         timedSnoozeActions.begin(), timedSnoozeActions.end(),
         [&](const TimedSnoozeAction& action) { return action.identifier == actionIdentifier; });
     if (timed != timedSnoozeActions.end()) {
-        centre.add(snoozedReminder(timed->delay));
+        centre.add(snoozedReminder(timed->option.delay));
     } else if (actionIdentifier == customSnoozeAction) {
         runLoop.postToMain([this] { application.activate(); });
     }

@@ -6,8 +6,8 @@
 
 namespace voltmere {
 
-/// Answers the notification centre for the program, on whatever thread that calls. There is one.
-/// It has no state: a reminder that it schedules lives in the notification centre.
+/// Answers the notification centre for the program. There is one. It has no state: a reminder that
+/// it schedules lives in the notification centre.
 class NotificationDelegate : public NotificationCentreDelegate {
 public:
     NotificationDelegate(RunLoop& runLoop, Application& application);

@@ -14,7 +14,7 @@ void NotificationSetup::registerCategories(NotificationCentre& centre,
     category.identifier = lowBatteryCategory;
     for (const TimedSnoozeAction& action : timedSnoozeActions) {
         category.actions.push_back(
-            {std::string(action.identifier), L10n::t(action.titleKey), false});
+            {std::string(action.identifier), L10n::t(action.option.labelKey), false});
     }
     category.actions.push_back({customSnoozeAction, L10n::t("alert.customAction"), true});
     centre.setDelegate(&delegate);

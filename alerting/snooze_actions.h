@@ -1,5 +1,7 @@
 #pragma once
 
+#include "snooze/snooze_options.h"
+
 #include <array>
 #include <string_view>
 
@@ -8,18 +10,17 @@ namespace voltmere {
 /// The category of notifications that offer to remind again.
 inline constexpr const char* lowBatteryCategory = "LOW_BATTERY";
 
-/// A choice that a notification offers, and the delay after which it reminds again.
+/// A choice that a notification offers: to be reminded again after a while.
 struct TimedSnoozeAction {
     std::string_view identifier;
-    std::string_view titleKey;
-    double delay; ///< seconds
+    SnoozeOption option;
 };
 
-inline constexpr std::array<TimedSnoozeAction, 4> timedSnoozeActions{{
-    {"SNOOZE_20", "alert.in20", 1200},
-    {"SNOOZE_30", "alert.in30", 1800},
-    {"SNOOZE_60", "alert.in60", 3600},
-    {"SNOOZE_120", "alert.in120", 7200},
+inline constexpr std::array<TimedSnoozeAction, snoozeOptions.size()> timedSnoozeActions{{
+    {"SNOOZE_20", snoozeOptions[0]},
+    {"SNOOZE_30", snoozeOptions[1]},
+    {"SNOOZE_60", snoozeOptions[2]},
+    {"SNOOZE_120", snoozeOptions[3]},
 }};
 
 /// The choice that only brings the program to the front.

@@ -1,5 +1,8 @@
 #include "app/bus_instance.h"
 
+#include "platform/application_id.h"
+#include "platform/qt/activation_token.h"
+
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
@@ -10,9 +13,11 @@ namespace voltmere {
 
 namespace {
 
-const QString busName = QStringLiteral("org.voltmere.Voltmere");
 const QString objectPath = QStringLiteral("/org/voltmere/Voltmere");
 const QString interfaceName = QStringLiteral("org.freedesktop.Application");
+
+/// With it the running instance may take the focus that the desktop gave to this start.
+const QString activationTokenKey = QStringLiteral("activation-token");
 
 /// A running instance whose main thread is busy must not hold up the start that asks it.
 constexpr int activationLimit = 150; // milliseconds
@@ -34,21 +39,21 @@ SingleInstance::Role BusInstance::start()
     }
     new ApplicationAdaptor(*this); // belongs to this object, as adaptors do
     bus.registerObject(objectPath, this, QDBusConnection::ExportAdaptors);
-    if (bus.registerService(busName)) {
+    if (bus.registerService(applicationId)) {
         return Role::first;
     }
     QDBusMessage activate =
-        QDBusMessage::createMethodCall(busName, objectPath, interfaceName, "Activate");
-    activate << QVariantMap();
+        QDBusMessage::createMethodCall(applicationId, objectPath, interfaceName, "Activate");
+    activate << QVariantMap{{activationTokenKey, activationToken::current()}};
     const QDBusMessage reply = bus.call(activate, QDBus::Block, activationLimit);
     if (reply.type() != QDBusMessage::ErrorMessage) {
         return Role::later;
     }
     // It is busy, or has ended meanwhile, or the bus gives this name to nobody.
-    if (bus.registerService(busName)) {
+    if (bus.registerService(applicationId)) {
         return Role::first;
     }
-    return bus.interface()->isServiceRegistered(busName) ? Role::later : Role::alone;
+    return bus.interface()->isServiceRegistered(applicationId) ? Role::later : Role::alone;
 }
 
 void BusInstance::onActivation(std::function<void()> action)
@@ -62,10 +67,12 @@ ApplicationAdaptor::ApplicationAdaptor(BusInstance& instance)
 {
 }
 
-void ApplicationAdaptor::Activate(const QVariantMap& /*platformData*/)
+void ApplicationAdaptor::Activate(const QVariantMap& platformData)
 {
     if (instance.open) {
+        activationToken::leave(platformData.value(activationTokenKey).toByteArray());
         instance.open();
+        activationToken::drop();
     }
 }
 

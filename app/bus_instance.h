@@ -11,7 +11,7 @@
 
 namespace voltmere {
 
-/// One instance over the session bus: the first holds the name org.voltmere.Voltmere, and a later
+/// One instance over the session bus: the first holds the name `applicationId`, and a later
 /// start asks it to open its panel. The name goes with the process that holds it, however that
 /// ends. Source: Desktop Entry Specification, "D-Bus Activation" (org.freedesktop.Application).
 class BusInstance : public QObject, public SingleInstance {

@@ -1,5 +1,9 @@
 #include "app/desktop_services.h"
 
+#include "platform/application_id.h"
+#include "platform/linux/bus_names.h"
+#include "platform/linux/x_display.h"
+
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
@@ -31,12 +35,12 @@ bool isRunning(const QDBusConnection& bus, const QString& service)
 
 std::string trayHost(const QDBusConnection& bus)
 {
-    const QString watcher = "org.kde.StatusNotifierWatcher";
+    const QString watcher = busNames::statusNotifierWatcher;
     if (!isRunning(bus, watcher)) {
-        return "no StatusNotifier watcher (an XEmbed tray may still be there)";
+        return hasXTray() ? "XEmbed tray" : "none: neither a StatusNotifier nor an XEmbed tray";
     }
     const QDBusReply<QDBusVariant> reply =
-        ask(bus, watcher, "/StatusNotifierWatcher", "org.freedesktop.DBus.Properties", "Get",
+        ask(bus, watcher, busNames::statusNotifierWatcherPath, busNames::properties, "Get",
             {watcher, "IsStatusNotifierHostRegistered"});
     return reply.isValid() && reply.value().variant().toBool()
         ? "StatusNotifier host registered"
@@ -45,12 +49,12 @@ std::string trayHost(const QDBusConnection& bus)
 
 std::string notificationService(const QDBusConnection& bus)
 {
-    const QString service = "org.freedesktop.Notifications";
+    const QString service = busNames::notifications;
     if (!isRunning(bus, service)) {
         return "not running (it may be started on demand)";
     }
     const QDBusMessage reply =
-        ask(bus, service, "/org/freedesktop/Notifications", service, "GetServerInformation", {});
+        ask(bus, service, busNames::notificationsPath, service, "GetServerInformation", {});
     if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().size() < 3) {
         return "running, but it does not say what it is";
     }
@@ -71,15 +75,14 @@ void addSession(const QDBusConnection& bus, std::vector<Finding>& findings)
                               "taken from Qt, and a second start runs a second time");
         return;
     }
-    findings.insert(
-        findings.end(),
-        {{"session bus", "present"},
-         {"tray", trayHost(bus)},
-         {"notifications", notificationService(bus)},
-         {"settings portal",
-          presence(isRunning(bus, "org.freedesktop.portal.Desktop"),
-                   "not running: dark or light is taken from Qt")},
-         {"running instance", presence(isRunning(bus, "org.voltmere.Voltmere"), "none")}});
+    findings.insert(findings.end(),
+                    {{"session bus", "present"},
+                     {"tray", trayHost(bus)},
+                     {"notifications", notificationService(bus)},
+                     {"settings portal",
+                      presence(isRunning(bus, busNames::desktopPortal),
+                               "not running: dark or light is taken from Qt")},
+                     {"running instance", presence(isRunning(bus, applicationId), "none")}});
 }
 
 void addSystem(const QDBusConnection& bus, std::vector<Finding>& findings)
@@ -91,7 +94,7 @@ void addSystem(const QDBusConnection& bus, std::vector<Finding>& findings)
     findings.insert(
         findings.end(),
         {{"system bus", "present"},
-         {"BlueZ", presence(isRunning(bus, "org.bluez"), "not running: no Bluetooth names")}});
+         {"BlueZ", presence(isRunning(bus, busNames::blueZ), "not running: no Bluetooth names")}});
 }
 
 } // namespace

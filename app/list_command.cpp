@@ -7,7 +7,7 @@
 #include "app/terminal_output.h"
 #include "devices/device_reader.h"
 #include "model/l10n.h"
-#include "model/setting_defaults.h"
+#include "model/settings.h"
 #include "platform/posix/posix_system_log.h"
 #include "platform/posix/system_clock.h"
 
@@ -16,17 +16,17 @@ namespace voltmere {
 int listPeripherals(const CommandLine& commandLine)
 {
     PosixSystemLog log;
-    const auto settings = openSettings(commandLine.demo, log);
+    const auto defaults = openSettings(commandLine.demo, log);
     const auto languages = makePreferredLanguages();
     L10n::usePreferredLanguages(languages.get());
-    L10n::loadSetting(*settings);
+    L10n::loadSetting(*defaults);
 
     const SystemClock clock;
     Peripherals peripherals(commandLine);
     PeripheralSources sources = peripherals.choose();
     DeviceReader reader([&sources] { return sources; }, clock);
     const Reading reading{sources.label, reader.readDevices(false),
-                          settings->integer("threshold").value_or(defaultThreshold)};
+                          stored(*defaults, settings::threshold)};
 
     const std::string report =
         commandLine.json ? readingJson(reading) + '\n' : readingTable(reading);

@@ -4,7 +4,8 @@
 
 namespace voltmere {
 
-/// Takes one reading and prints it. Returns the exit status.
+/// Takes one reading and prints it. Needs a Qt application object, but no display. Returns the exit
+/// status.
 int listPeripherals(const CommandLine& commandLine);
 
 } // namespace voltmere

@@ -1,5 +1,6 @@
 #include "app/command_line.h"
 #include "app/diagnose_command.h"
+#include "app/exit_status.h"
 #include "app/list_command.h"
 #include "app/platform_factory.h"
 #include "app/screenshots.h"
@@ -8,6 +9,7 @@
 #include "app/version.h"
 #include "app/voltmere_app.h"
 #include "app/watch_command.h"
+#include "platform/application_id.h"
 #include "platform/posix/plain_text.h"
 #include "platform/qt/ending_signals.h"
 
@@ -19,9 +21,6 @@ namespace {
 
 using voltmere::CommandLine;
 using voltmere::UsageError;
-
-constexpr int exitCannotRun = 1;
-constexpr int exitWrongUsage = 2;
 
 QStringList wordsOf(int argc, char** argv)
 {
@@ -36,13 +35,13 @@ int reportUsageError(const UsageError& error)
 {
     const std::string message = voltmere::plainLine(error.message.toStdString());
     std::fprintf(stderr, "voltmere: %s\n%s", message.c_str(), qPrintable(voltmere::usageText()));
-    return exitWrongUsage;
+    return voltmere::exitStatus::wrongUsage;
 }
 
 int reportNoDisplay(const std::string& problem)
 {
     std::fprintf(stderr, "voltmere: %s\n", voltmere::plainLine(problem).c_str());
-    return exitCannotRun;
+    return voltmere::exitStatus::cannotRun;
 }
 
 int runInTerminal(const CommandLine& commandLine)
@@ -68,7 +67,7 @@ int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
     }
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setDesktopFileName("org.voltmere.Voltmere");
+    QApplication::setDesktopFileName(voltmere::applicationId);
     const auto log = voltmere::makeSystemLog();
     const auto instance = voltmere::makeSingleInstance(*log);
     if (!commandLine.demo && instance->start() == voltmere::SingleInstance::Role::later) {

@@ -50,7 +50,7 @@ std::unique_ptr<SystemLog> makeSystemLog();
 std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& runLoop, const Clock& clock,
                                                            SystemLog& log);
 
-/// The start of the program that runs now at the user's login.
+/// Launch at login for the program file that is running.
 std::unique_ptr<LoginItemService> makeLoginItemService();
 
 /// Calls `available` once, as soon as there is a place for the program's icon. The watching ends

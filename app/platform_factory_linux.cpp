@@ -3,12 +3,14 @@
 #include "app/bus_instance.h"
 #include "devices/utf8.h"
 #include "model/l10n.h"
+#include "platform/application_id.h"
 #include "platform/linux/autostart_login_item.h"
 #include "platform/linux/desktop_notifications.h"
 #include "platform/linux/portal_appearance.h"
 #include "platform/linux/tray_host_watcher.h"
 #include "platform/linux/wayland_display.h"
 #include "platform/linux/x_display.h"
+#include "platform/posix/environment.h"
 #include "platform/posix/environment_languages.h"
 #include "platform/posix/posix_system_log.h"
 #include "platform/qt/qt_application.h"
@@ -17,20 +19,12 @@
 
 #include <QIcon>
 
-#include <cstdlib>
 #include <string>
 #include <utility>
 
 namespace voltmere {
 
 namespace {
-
-/// Empty also when there is none.
-std::string environmentVariable(const char* name)
-{
-    const char* const value = std::getenv(name);
-    return value == nullptr ? "" : value;
-}
 
 AutostartProgram thisProgram()
 {
@@ -48,8 +42,20 @@ AutostartProgram thisProgram()
 /// (Icon Naming Specification 0.8.90, "Status icons").
 std::string applicationIcon()
 {
-    constexpr const char* own = "org.voltmere.Voltmere";
-    return QIcon::hasThemeIcon(own) ? own : "battery-low";
+    return QIcon::hasThemeIcon(applicationId) ? applicationId : "battery-low";
+}
+
+/// `platform` names one or several of Qt's platforms (qpa), of which the first that works is taken.
+std::optional<std::string> problemOfChosenPlatform(const std::string& platform)
+{
+    const bool mayBeX = platform.find("xcb") != std::string::npos;
+    const bool mayBeWayland = platform.find("wayland") != std::string::npos;
+    if ((!mayBeX && !mayBeWayland) || (mayBeWayland && canReachWaylandDisplay()) ||
+        (mayBeX && canOpenXDisplay())) {
+        return std::nullopt;
+    }
+    return "no display can be reached of the kind that QT_QPA_PLATFORM ('" + platform +
+        "') asks for; unset it, or check DISPLAY and WAYLAND_DISPLAY, or use --list";
 }
 
 } // namespace
@@ -58,8 +64,10 @@ std::optional<std::string> displayProblem()
 {
     const std::string compositor = environmentVariable("WAYLAND_DISPLAY");
     const std::string display = environmentVariable("DISPLAY");
-    if (!environmentVariable("QT_QPA_PLATFORM").empty() ||
-        (!compositor.empty() && canReachWaylandDisplay())) {
+    if (const std::string platform = environmentVariable("QT_QPA_PLATFORM"); !platform.empty()) {
+        return problemOfChosenPlatform(platform);
+    }
+    if (!compositor.empty() && canReachWaylandDisplay()) {
         return std::nullopt;
     }
     if (display.empty() && !compositor.empty()) {

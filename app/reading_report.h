@@ -23,7 +23,7 @@ std::string readingJson(const Reading& reading);
 
 /// One JSON object on one line for waybar's custom module (waybar-custom(5), "return-type: json"):
 /// the lowest level as text and percentage, every device in the tooltip, and the class "low" or
-/// "ok"; an empty text without devices, which hides the module.
+/// "ok". Without devices the text is empty, which hides the module, and the class "none".
 std::string readingWaybar(const Reading& reading);
 
 } // namespace voltmere

@@ -1,5 +1,7 @@
 #include "app/screenshots.h"
 
+#include "app/exit_status.h"
+
 #include "alerting/notification_delegate.h"
 #include "app/null_services.h"
 #include "app/peripherals.h"
@@ -191,7 +193,7 @@ int drawScreenshots(const CommandLine& commandLine)
     if (!directory.mkpath(".")) {
         std::fprintf(stderr, "voltmere: cannot make the directory %s\n",
                      qPrintable(commandLine.screenshotsDirectory));
-        return 1;
+        return exitStatus::cannotRun;
     }
     Studio studio(commandLine);
     Album album(directory);
@@ -208,7 +210,7 @@ int drawScreenshots(const CommandLine& commandLine)
             drawAlerts(studio, suffix, album);
         }
     }
-    return album.complete ? 0 : 1;
+    return album.complete ? 0 : exitStatus::cannotRun;
 }
 
 } // namespace voltmere

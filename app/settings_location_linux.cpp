@@ -18,7 +18,7 @@ std::unique_ptr<DefaultsStore> openSettings(bool demo, SystemLog& log)
     if (demo) {
         return std::make_unique<MemoryDefaults>();
     }
-    return std::make_unique<QtDefaults>(openJsonSettings(settingsPath(), log));
+    return std::make_unique<QtDefaults>(openJsonSettings(settingsPath(), log), log);
 }
 
 } // namespace voltmere

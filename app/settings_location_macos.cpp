@@ -1,5 +1,6 @@
 #include "app/settings_location.h"
 
+#include "platform/application_id.h"
 #include "platform/posix/memory_defaults.h"
 #include "platform/qt/qt_defaults.h"
 
@@ -9,20 +10,20 @@ namespace voltmere {
 
 QString settingsPath()
 {
-    return QDir::homePath() + "/Library/Preferences/org.voltmere.Voltmere.plist";
+    return QDir::homePath() + "/Library/Preferences/" + applicationId + ".plist";
 }
 
-std::unique_ptr<DefaultsStore> openSettings(bool demo, SystemLog& /*log*/)
+std::unique_ptr<DefaultsStore> openSettings(bool demo, SystemLog& log)
 {
     if (demo) {
         return std::make_unique<MemoryDefaults>();
     }
-    // Qt makes the domain "org.voltmere.Voltmere" of these two.
+    // Qt makes the domain `applicationId` of these two.
     auto settings =
         std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope,
                                     QStringLiteral("voltmere.org"), QStringLiteral("Voltmere"));
     settings->setFallbacksEnabled(false);
-    return std::make_unique<QtDefaults>(std::move(settings));
+    return std::make_unique<QtDefaults>(std::move(settings), log);
 }
 
 } // namespace voltmere

@@ -1,5 +1,7 @@
 #include "app/terminal_output.h"
 
+#include "app/exit_status.h"
+
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -11,7 +13,7 @@ int printAnswer(std::string_view text)
     const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
     if (!written || std::fflush(stdout) != 0) {
         std::fprintf(stderr, "voltmere: cannot write the answer: %s\n", std::strerror(errno));
-        return 1;
+        return exitStatus::cannotRun;
     }
     return 0;
 }

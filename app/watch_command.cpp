@@ -9,6 +9,7 @@
 #include "app/terminal_output.h"
 #include "model/battery_model.h"
 #include "model/l10n.h"
+#include "model/settings.h"
 #include "platform/posix/posix_calendar.h"
 #include "platform/posix/posix_system_log.h"
 #include "platform/posix/system_clock.h"
@@ -30,7 +31,7 @@ namespace {
 class Watch {
 public:
     explicit Watch(const CommandLine& commandLine)
-        : format(commandLine.format)
+        : commandLine(commandLine)
         , defaults(openSettings(commandLine.demo, log))
         , peripherals(commandLine)
         , reader(std::make_shared<DeviceReader>([this] { return peripherals.choose(); }, clock))
@@ -54,15 +55,20 @@ public:
     }
 
 private:
-    /// Nothing before the first reading, and no line twice.
+    /// The last reading by the settings of now. Nothing before the first one, and no line twice.
     void print()
     {
         if (!model.lastChecked.get()) {
             return;
         }
-        const Reading reading{peripherals.choose().label, model.devices, model.threshold};
-        const std::string line =
-            format == CommandLine::Format::waybar ? readingWaybar(reading) : readingJson(reading);
+        // A panel elsewhere may have changed them.
+        const auto present = openSettings(commandLine.demo, log);
+        L10n::loadSetting(*present);
+        const Reading reading{peripherals.choose().label, model.devices,
+                              stored(*present, settings::threshold)};
+        const std::string line = commandLine.format == CommandLine::Format::waybar
+            ? readingWaybar(reading)
+            : readingJson(reading);
         if (line == lastLine) {
             return;
         }
@@ -72,7 +78,7 @@ private:
         }
     }
 
-    CommandLine::Format format;
+    const CommandLine commandLine;
     std::string lastLine;
     PosixSystemLog log;
     NullLog silence;

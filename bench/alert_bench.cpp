@@ -11,6 +11,7 @@
 // (QT_QPA_PLATFORM=xcb).
 
 #include "bench/paint_watch.h"
+#include "fakes/fake_appearance.h"
 #include "platform/qt/qt_pointer.h"
 #include "platform/qt/qt_run_loop.h"
 #include "snooze/snooze_alert.h"
@@ -36,12 +37,6 @@ namespace {
 
 using Milliseconds = std::chrono::duration<double, std::milli>;
 
-class LightAppearance : public Appearance {
-public:
-    std::optional<ColourScheme> bestMatch() const override { return ColourScheme::light; }
-    void onChange(std::function<void()> /*action*/) override { }
-};
-
 /// Does what is left to do after a window was closed.
 void finishClosing()
 {
@@ -63,7 +58,7 @@ public:
     }
 
 private:
-    LightAppearance appearance;
+    FakeAppearance appearance;
     QtPointer pointer;
     QtRunLoop runLoop;
     SnoozeAlertPresenter presenter{appearance, pointer, runLoop};

@@ -8,6 +8,7 @@
 // Draws on Qt's offscreen platform unless QT_QPA_PLATFORM says something else.
 
 #include "bench/paint_watch.h"
+#include "fakes/fake_appearance.h"
 #include "fakes/model_world.h"
 #include "fakes/sample_devices.h"
 #include "ui/content_view.h"
@@ -33,12 +34,6 @@ std::vector<BatteryDevice> sampleDevices()
 {
     return {mouse(76), keyboard(58), trackpad(14)};
 }
-
-class LightAppearance : public Appearance {
-public:
-    std::optional<ColourScheme> bestMatch() const override { return ColourScheme::light; }
-    void onChange(std::function<void()> /*action*/) override { }
-};
 
 /// The panel over a model that has read three peripherals.
 class PanelStage {
@@ -74,7 +69,7 @@ public:
 
 private:
     ModelWorld world;
-    LightAppearance appearance;
+    FakeAppearance appearance;
     std::vector<std::pair<std::int64_t, std::int64_t>> levels;
     PanelController panel{
         [this] { return std::make_unique<ContentView>(*world.model, appearance, [] {}); }};

@@ -23,6 +23,7 @@ add_library(voltmere_core STATIC
   model/l10n_format.cpp
   model/l10n_tables.cpp
   model/snooze_operations.cpp
+  platform/posix/atomic_file.cpp
   platform/posix/environment_languages.cpp
   platform/posix/memory_defaults.cpp
   platform/posix/plain_text.cpp
@@ -47,8 +48,7 @@ else()
     platform/linux/large_pipe.cpp
     platform/linux/spawn_flags.cpp
     platform/linux/sysfs_battery_source.cpp
-    platform/linux/wait_for_child.cpp
-    platform/posix/atomic_file.cpp)
+    platform/linux/wait_for_child.cpp)
 endif()
 
 target_link_libraries(voltmere_core PUBLIC Threads::Threads)

@@ -7,7 +7,6 @@ add_library(voltmere_ui STATIC
   platform/qt/damaged_file.cpp
   platform/qt/ending_signals.cpp
   platform/qt/json_settings.cpp
-  platform/qt/private_directory.cpp
   platform/qt/qt_application.cpp
   platform/qt/qt_defaults.cpp
   platform/qt/qt_pointer.cpp

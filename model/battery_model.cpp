@@ -3,9 +3,8 @@
 #include "alerting/notification_setup.h"
 #include "alerting/status_text.h"
 #include "alerting/uuid.h"
-#include "model/app_language.h"
 #include "model/l10n.h"
-#include "model/setting_defaults.h"
+#include "model/settings.h"
 
 #include <utility>
 
@@ -27,31 +26,32 @@ void notifyLaunchFailure(NotificationCentre& centre, const std::string& descript
 bool BatteryModel::launchSettled = false;
 
 BatteryModel::BatteryModel(ModelServices given)
+    : BatteryModel(std::move(given), given.calendar.localTime(given.clock.now()))
+{
+}
+
+BatteryModel::BatteryModel(ModelServices&& given, const LocalTime& present)
     : devices(objectWillChange, {})
-    , threshold(objectWillChange, given.defaults.integer("threshold").value_or(defaultThreshold),
-                [this] { save(); })
-    , checkHour(objectWillChange, given.defaults.integer("hour").value_or(defaultCheckHour),
+    , threshold(objectWillChange, stored(given.defaults, settings::threshold), [this] { save(); })
+    , checkHour(objectWillChange, stored(given.defaults, settings::checkHour),
                 [this] { save(), scheduleTimer(); })
-    , checkMinute(objectWillChange, given.defaults.integer("minute").value_or(defaultCheckMinute),
+    , checkMinute(objectWillChange, stored(given.defaults, settings::checkMinute),
                   [this] { save(), scheduleTimer(); })
-    , enabled(objectWillChange, given.defaults.boolean("enabled").value_or(defaultEnabled),
+    , enabled(objectWillChange, stored(given.defaults, settings::enabled),
               [this] { save(), scheduleTimer(); })
-    , instantEnabled(objectWillChange,
-                     given.defaults.boolean("instant").value_or(defaultInstantEnabled),
+    , instantEnabled(objectWillChange, stored(given.defaults, settings::instantEnabled),
                      [this] { save(); })
     , lastChecked(objectWillChange, std::nullopt)
     , status(objectWillChange, "等待检查")
-    , language(objectWillChange,
-               given.defaults.text("language").value_or(std::string(rawValue(AppLanguage::system))),
-               [this] { languageChanged(); })
+    , language(objectWillChange, L10n::storedSetting(given.defaults), [this] { languageChanged(); })
     , launchAtLogin(objectWillChange, false,
                     [this] {
                         if (!syncingLaunchAtLogin) {
                             applyLaunchAtLogin(launchAtLogin);
                         }
                     })
-    , customHour(objectWillChange, given.calendar.localTime(given.clock.now()).hour)
-    , customMinute(objectWillChange, given.calendar.localTime(given.clock.now()).minute)
+    , customHour(objectWillChange, present.hour)
+    , customMinute(objectWillChange, present.minute)
     , services(std::move(given))
 {
     L10n::setting = language;
@@ -64,11 +64,11 @@ BatteryModel::BatteryModel(ModelServices given)
 
 void BatteryModel::save()
 {
-    services.defaults.setInteger("threshold", threshold);
-    services.defaults.setInteger("hour", checkHour);
-    services.defaults.setInteger("minute", checkMinute);
-    services.defaults.setBoolean("enabled", enabled);
-    services.defaults.setBoolean("instant", instantEnabled);
+    services.defaults.setInteger(settings::threshold.key, threshold);
+    services.defaults.setInteger(settings::checkHour.key, checkHour);
+    services.defaults.setInteger(settings::checkMinute.key, checkMinute);
+    services.defaults.setBoolean(settings::enabled.key, enabled);
+    services.defaults.setBoolean(settings::instantEnabled.key, instantEnabled);
 }
 
 void BatteryModel::languageChanged()

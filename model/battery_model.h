@@ -94,6 +94,9 @@ public:
     void scheduleCustomTime();
 
 private:
+    /// `present` is the start's own time of day.
+    BatteryModel(ModelServices&& given, const LocalTime& present);
+
     void save();
     void scheduleTimer();
     void tick();

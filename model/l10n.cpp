@@ -22,9 +22,14 @@ void L10n::usePreferredLanguages(const PreferredLanguages* languages)
     preferredLanguages = languages;
 }
 
+std::string L10n::storedSetting(const DefaultsStore& defaults)
+{
+    return defaults.text("language").value_or(std::string(rawValue(AppLanguage::system)));
+}
+
 void L10n::loadSetting(const DefaultsStore& defaults)
 {
-    setting = defaults.text("language").value_or(std::string(rawValue(AppLanguage::system)));
+    setting = storedSetting(defaults);
 }
 
 std::string L10n::t(std::string_view key)

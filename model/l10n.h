@@ -27,7 +27,10 @@ public:
     /// `languages` must outlive every lookup; null takes it away again.
     static void usePreferredLanguages(const PreferredLanguages* languages);
 
-    /// Takes `setting` from the text stored under "language"; "system" when there is none.
+    /// The text stored under "language"; "system" when there is none.
+    static std::string storedSetting(const DefaultsStore& defaults);
+
+    /// Takes `setting` from what is stored.
     static void loadSetting(const DefaultsStore& defaults);
 
     /// The text for `key` in the current language; an unknown key is its own text.

@@ -1,8 +1,5 @@
 #include "model/l10n.h"
 
-// The names of the languages are written in the languages themselves, so that a person who cannot
-// read the current one still finds their own.
-
 namespace voltmere {
 
 const L10n::Table& L10n::zh()
@@ -91,6 +88,8 @@ const L10n::Table& L10n::en()
     return table;
 }
 
+// The names of the languages are written in the languages themselves, so that a person who cannot
+// read the current one still finds their own.
 const L10n::Table& L10n::ownZh()
 {
     static const Table table{

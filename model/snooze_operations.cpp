@@ -2,6 +2,7 @@
 
 #include "snooze/custom_time.h"
 #include "snooze/snooze_alert.h"
+#include "snooze/snooze_options.h"
 
 namespace voltmere {
 

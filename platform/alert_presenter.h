@@ -50,6 +50,7 @@ class AlertPresenter {
 public:
     virtual ~AlertPresenter() = default;
 
+    /// Null where no reminder can be shown.
     virtual std::unique_ptr<Alert> present(AlertContent content, AlertActions actions) = 0;
 };
 

@@ -7,8 +7,7 @@ class Application {
 public:
     virtual ~Application() = default;
 
-    /// Brings the program's open window to the front, over other programs' windows. Without an open
-    /// window nothing happens.
+    /// Brings the program to the front, with its open window if there is one.
     virtual void activate() = 0;
 };
 

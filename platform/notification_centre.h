@@ -58,15 +58,15 @@ inline constexpr std::uint32_t banner = 16;
 
 /// What a response names when the user chose none of the notification's actions. The values are the
 /// ones of UserNotifications, so that a delegate sees the same on every platform.
-namespace standard_action {
+namespace standardAction {
 inline constexpr const char* open = "com.apple.UNNotificationDefaultActionIdentifier";
 inline constexpr const char* dismiss = "com.apple.UNNotificationDismissActionIdentifier";
-} // namespace standard_action
+} // namespace standardAction
 
 class NotificationCentre;
 
-/// Answers the notification centre. Called on whatever thread the centre uses; each completion
-/// must be called exactly once.
+/// Answers the notification centre, on the main thread. Each completion must be called exactly
+/// once.
 class NotificationCentreDelegate {
 public:
     virtual ~NotificationCentreDelegate() = default;
@@ -75,7 +75,7 @@ public:
     virtual void willPresent(std::function<void(std::uint32_t presentation)> completion) = 0;
 
     /// The user responded to a notification: chose an action, or tapped or dismissed it
-    /// (`standard_action`).
+    /// (`standardAction`).
     virtual void didReceive(NotificationCentre& centre, const std::string& actionIdentifier,
                             std::function<void()> completion) = 0;
 };

@@ -16,7 +16,8 @@ struct ProcessRequest {
     std::string executable; ///< absolute path; no search, no shell
     std::vector<std::string> arguments;
     ErrorOutput errorOutput = ErrorOutput::inherited;
-    std::chrono::milliseconds limit; ///< a child still running then is ended with its process group
+    std::chrono::milliseconds limit; ///< must be set; a child still running then is ended with its
+                                     ///< process group
 };
 
 /// Runs a program to its end and returns what it wrote to its standard output, whatever its exit

@@ -14,7 +14,10 @@ struct ClockTime {
     bool operator==(const ClockTime&) const = default;
 };
 
-/// The steps in which the row offers minutes.
+// The hours and minutes that a person can choose.
+inline constexpr int hoursPerDay = 24;
+inline constexpr int hourStep = 1;
+inline constexpr int minutesPerHour = 60;
 inline constexpr int minuteStep = 5;
 
 /// What the row shows at first: one hour from now, the minute rounded down to a step.

@@ -2,28 +2,12 @@
 
 #include "devices/battery_device.h"
 #include "platform/alert_presenter.h"
-#include "platform/run_loop.h"
 #include "snooze/custom_time.h"
 
 #include <array>
-#include <string_view>
 #include <vector>
 
 namespace voltmere {
-
-/// One fixed choice of when to be reminded again.
-struct SnoozeOption {
-    std::string_view labelKey;
-    Seconds delay;
-};
-
-/// The fixed choices, in display order.
-inline constexpr std::array<SnoozeOption, 4> snoozeOptions{{
-    {"alert.in20", Seconds(1200)},
-    {"alert.in30", Seconds(1800)},
-    {"alert.in60", Seconds(3600)},
-    {"alert.in120", Seconds(7200)},
-}};
 
 /// The measures of the reminder's content, in points: four labels, four choices and the row for a
 /// clock time, one below the other.

@@ -2,6 +2,7 @@
 
 #include "model/app_language.h"
 #include "model/l10n.h"
+#include "snooze/custom_time.h"
 #include "ui/app_icon_asset.h"
 #include "ui/assistive_names.h"
 #include "ui/colours.h"
@@ -30,9 +31,6 @@ namespace {
 
 constexpr int lowestThreshold = 1;
 constexpr int highestThreshold = 90;
-constexpr int hoursPerDay = 24;
-constexpr int minutesPerHour = 60;
-constexpr int minuteStep = 5;
 
 QString translated(std::string_view key)
 {
@@ -45,11 +43,6 @@ QHBoxLayout* makeRow(QVBoxLayout& column)
     row->setSpacing(panelMetrics::rowSpacing);
     column.addLayout(row);
     return row;
-}
-
-QString twoDigits(int number)
-{
-    return QString("%1").arg(number, 2, 10, QChar('0'));
 }
 
 QString storedText(std::string_view text)
@@ -165,7 +158,8 @@ void ContentView::addCheckTime(QVBoxLayout& column)
     QHBoxLayout* const row = makeRow(column);
     row->addWidget(makeText("checkTimeLabel", "panel.checkTime"));
     row->addStretch();
-    row->addWidget(makeTimePicker("checkHour", "name.hour", 1, hoursPerDay, model.checkHour));
+    row->addWidget(
+        makeTimePicker("checkHour", "name.hour", hourStep, hoursPerDay, model.checkHour));
     auto* const colon = new QLabel(":", this);
     colon->setObjectName("timeSeparator");
     row->addWidget(colon);
@@ -277,14 +271,11 @@ SettingPicker* ContentView::makeThresholdPicker()
     return picker;
 }
 
-/// Offers every `step`th number from 0 up to, but not including, `end`.
 SettingPicker* ContentView::makeTimePicker(const char* objectName, std::string_view nameKey,
                                            int step, int end, Published<std::int64_t>& setting)
 {
     auto* const picker = makePicker(objectName, [nameKey] { return L10n::own(nameKey); });
-    for (int number = 0; number < end; number += step) {
-        picker->addItem(twoDigits(number), qlonglong{number});
-    }
+    picker->addTwoDigitNumbers(step, end);
     bind(*picker, setting);
     return picker;
 }

@@ -42,6 +42,13 @@ SettingPicker::SettingPicker(QWidget* parent)
     setSizeAdjustPolicy(QComboBox::AdjustToContents);
 }
 
+void SettingPicker::addTwoDigitNumbers(int step, int end)
+{
+    for (int number = 0; number < end; number += step) {
+        addItem(QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')), qlonglong{number});
+    }
+}
+
 void SettingPicker::onChoice(std::function<void(const QVariant& value)> action)
 {
     connect(this, &QComboBox::activated, this,

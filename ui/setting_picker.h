@@ -13,6 +13,9 @@ class SettingPicker : public QComboBox {
 public:
     explicit SettingPicker(QWidget* parent);
 
+    /// Offers every `step`th number from 0 up to, but not including, `end`, in two digits.
+    void addTwoDigitNumbers(int step, int end);
+
     /// Calls `action` with the value whenever a person chooses one, also the selected one again.
     void onChoice(std::function<void(const QVariant& value)> action);
 

@@ -7,7 +7,6 @@
 #include "ui/menu_text.h"
 
 #include <QAction>
-#include <QGuiApplication>
 
 #include <utility>
 
@@ -15,13 +14,10 @@ namespace voltmere {
 
 namespace {
 
-/// The icon's menu is native where the desktop takes it over D-Bus. macOS has native menus that
-/// read entries as Qt does.
+/// The icon's menu is native where the desktop takes it over D-Bus.
 MenuPainter menuPainter(QMenu& menu)
 {
-    return menu.platformMenu() != nullptr && QGuiApplication::platformName() != "cocoa"
-        ? MenuPainter::trayHost
-        : MenuPainter::toolkit;
+    return menu.platformMenu() == nullptr ? MenuPainter::toolkit : MenuPainter::trayHost;
 }
 
 } // namespace

@@ -13,7 +13,7 @@
 
 namespace voltmere {
 
-/// The program's icon in the menu bar or tray. It shows the model's devices and follows them; a
+/// The program's icon in a tray. It shows the model's devices and follows them; a
 /// click opens the panel, and the context menu lists the devices for hosts that show no tooltip.
 class StatusLabel : public ProgramIcon {
 public:
@@ -27,7 +27,7 @@ public:
         std::function<void()> quit;
     };
 
-    /// Puts the icon into the menu bar or tray, which must be there.
+    /// Puts the icon into the tray, which must be there.
     StatusLabel(BatteryModel& model, Behaviour behaviour);
 
     QRect place() const override;

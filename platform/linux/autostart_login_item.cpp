@@ -1,13 +1,10 @@
 #include "platform/linux/autostart_login_item.h"
 
+#include "platform/application_id.h"
 #include "platform/linux/autostart_rules.h"
 #include "platform/linux/desktop_entry.h"
 #include "platform/posix/atomic_file.h"
 
-#include <unistd.h>
-
-#include <algorithm>
-#include <cerrno>
 #include <system_error>
 
 namespace voltmere {
@@ -16,15 +13,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view entryName = "org.voltmere.Voltmere.desktop";
-constexpr std::string_view enabledKey = "X-GNOME-Autostart-enabled";
-
 constexpr const char* noPlace =
     "There is no place for a start-up entry: neither XDG_CONFIG_HOME nor HOME is set";
 
 std::string failureAt(const fs::path& path, const std::string& reason)
 {
     return path.string() + ": " + reason;
+}
+
+std::string entryName()
+{
+    return std::string(applicationId) + ".desktop";
 }
 
 bool isBlank(const std::string& text)
@@ -116,13 +115,13 @@ std::optional<std::string> AutostartLoginItem::unregisterItem()
 
 fs::path AutostartLoginItem::userEntry() const
 {
-    return *session.userDirectory / entryName;
+    return *session.userDirectory / entryName();
 }
 
 std::optional<fs::path> AutostartLoginItem::systemEntry() const
 {
     for (const fs::path& directory : session.systemDirectories) {
-        fs::path path = directory / entryName;
+        fs::path path = directory / entryName();
         std::error_code error;
         if (fs::exists(fs::symlink_status(path, error))) {
             return path;
@@ -147,10 +146,10 @@ std::string AutostartLoginItem::entryFor(const std::string& file) const
     }
     entry.setValue("Exec", execStarting(file));
     entry.setValue("TryExec", file);
-    entry.setValue("Icon", "org.voltmere.Voltmere");
+    entry.setValue("Icon", applicationId);
     entry.setValue("Terminal", "false");
     entry.setValue("StartupNotify", "false");
-    entry.setValue(enabledKey, "true");
+    entry.setValue(autostartEnabledKey, "true");
     return entry.text();
 }
 
@@ -172,8 +171,8 @@ std::string AutostartLoginItem::renewed(const std::string& text) const
     const DesktopEntry fresh(entryFor(program.file));
     DesktopEntry entry(text);
     entry.remove("Hidden");
-    if (entry.value(enabledKey)) {
-        entry.setValue(enabledKey, "true");
+    if (entry.value(autostartEnabledKey)) {
+        entry.setValue(autostartEnabledKey, "true");
     }
     if (entry.value("Exec").value_or("").empty() || namesOneProgram(entry)) {
         entry.setValue("Exec", execStarting(program.file));

@@ -45,8 +45,8 @@ bool canRun(const fs::path& program, const std::vector<fs::path>& directories)
 
 bool isSwitchedOff(const DesktopEntry& entry)
 {
-    constexpr std::string_view enabled = "X-GNOME-Autostart-enabled";
-    return entry.isTrue("Hidden") || (entry.value(enabled) && !entry.isTrue(enabled));
+    return entry.isTrue("Hidden") ||
+        (entry.value(autostartEnabledKey) && !entry.isTrue(autostartEnabledKey));
 }
 
 } // namespace

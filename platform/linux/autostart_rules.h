@@ -5,8 +5,12 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace voltmere {
+
+/// The key by which several desktops switch an entry off and on.
+inline constexpr std::string_view autostartEnabledKey = "X-GNOME-Autostart-enabled";
 
 /// Why a session manager would not start an entry at login, in one clause; nothing when it would.
 ///

@@ -1,7 +1,8 @@
 #include "platform/linux/autostart_session.h"
 
+#include "platform/posix/environment.h"
+
 #include <algorithm>
-#include <cstdlib>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -12,15 +13,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string variable(const char* name)
-{
-    const char* const value = std::getenv(name);
-    return value == nullptr ? std::string() : std::string(value);
-}
-
 std::string variableOr(const char* name, std::string_view substitute)
 {
-    std::string value = variable(name);
+    std::string value = environmentVariable(name);
     return value.empty() ? std::string(substitute) : std::move(value);
 }
 
@@ -50,10 +45,10 @@ std::vector<fs::path> absolutePathsIn(std::string_view list)
 
 std::optional<fs::path> userConfiguration()
 {
-    if (fs::path chosen(variable("XDG_CONFIG_HOME")); chosen.is_absolute()) {
+    if (fs::path chosen(environmentVariable("XDG_CONFIG_HOME")); chosen.is_absolute()) {
         return chosen;
     }
-    if (const fs::path home(variable("HOME")); home.is_absolute()) {
+    if (const fs::path home(environmentVariable("HOME")); home.is_absolute()) {
         return home / ".config";
     }
     return std::nullopt;
@@ -80,7 +75,7 @@ AutostartSession readAutostartSession()
     for (fs::path& directory : session.systemDirectories) {
         directory /= "autostart";
     }
-    session.desktops = partsOf(variable("XDG_CURRENT_DESKTOP"));
+    session.desktops = partsOf(environmentVariable("XDG_CURRENT_DESKTOP"));
     session.programDirectories = absolutePathsIn(variableOr("PATH", "/usr/bin:/bin"));
     return session;
 }
@@ -89,7 +84,7 @@ std::string runningProgram()
 {
     std::error_code error;
     const fs::path executable = fs::read_symlink("/proc/self/exe", error);
-    return programFile(executable, variable("APPIMAGE"), variable("APPDIR"));
+    return programFile(executable, environmentVariable("APPIMAGE"), environmentVariable("APPDIR"));
 }
 
 std::string programFile(const fs::path& executable, const std::string& appImage,

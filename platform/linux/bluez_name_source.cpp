@@ -1,5 +1,7 @@
 #include "platform/linux/bluez_name_source.h"
 
+#include "platform/linux/bus_names.h"
+
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -64,8 +66,8 @@ BluezNameSource::BluezNameSource(std::chrono::milliseconds limit)
 NameMap BluezNameSource::readNames()
 {
     QDBusMessage question = QDBusMessage::createMethodCall(
-        QStringLiteral("org.bluez"), QStringLiteral("/"),
-        QStringLiteral("org.freedesktop.DBus.ObjectManager"), QStringLiteral("GetManagedObjects"));
+        busNames::blueZ, QStringLiteral("/"), QStringLiteral("org.freedesktop.DBus.ObjectManager"),
+        QStringLiteral("GetManagedObjects"));
     question.setAutoStartService(false);
     return namesInReply(BusVisit().call(question, limit));
 }

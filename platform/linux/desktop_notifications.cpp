@@ -1,5 +1,7 @@
 #include "platform/linux/desktop_notifications.h"
 
+#include "platform/qt/activation_token.h"
+
 #include <QPointer>
 
 #include <algorithm>
@@ -12,15 +14,6 @@ namespace voltmere {
 namespace {
 
 constexpr std::size_t mostQueued = 64;
-
-/// Leaves the permission to take the focus where Qt looks for it when a window asks for the focus.
-/// Source: the xdg-activation protocol, which names the variable.
-void leaveActivationToken(const QByteArray& token)
-{
-    if (!token.isEmpty()) {
-        qputenv("XDG_ACTIVATION_TOKEN", token);
-    }
-}
 
 } // namespace
 
@@ -120,7 +113,7 @@ void DesktopNotifications::answer(const NotificationAnswer& given,
             return action.identifier == given.action && action.foreground;
         });
     if (foreground) {
-        leaveActivationToken(given.activationToken);
+        activationToken::leave(given.activationToken);
     }
     if (delegate != nullptr) {
         delegate->didReceive(*this, given.action, [] { /* the daemon waits for nothing */ });

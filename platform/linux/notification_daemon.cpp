@@ -1,5 +1,7 @@
 #include "platform/linux/notification_daemon.h"
 
+#include "platform/linux/bus_names.h"
+
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
@@ -11,6 +13,10 @@
 namespace voltmere {
 
 namespace {
+
+/// The bus name, which is the interface's name too.
+const QString& service = busNames::notifications;
+const QString& path = busNames::notificationsPath;
 
 constexpr int mostUnanswered = 8;
 
@@ -73,8 +79,7 @@ void NotificationDaemon::contact()
     watchOwner();
     asking = true;
     changedWhileAsking = false;
-    send(QDBusMessage::createMethodCall(notificationService, notificationPath, notificationService,
-                                        QStringLiteral("GetCapabilities")),
+    send(QDBusMessage::createMethodCall(service, path, service, QStringLiteral("GetCapabilities")),
          [this](const QDBusMessage& reply) { takeCapabilities(reply); });
 }
 
@@ -83,11 +88,12 @@ void NotificationDaemon::watchOwner()
     if (ownerWatcher != nullptr) {
         return;
     }
-    ownerWatcher = new QDBusServiceWatcher(notificationService, bus,
-                                           QDBusServiceWatcher::WatchForOwnerChange, this);
+    ownerWatcher =
+        new QDBusServiceWatcher(service, bus, QDBusServiceWatcher::WatchForOwnerChange, this);
     connect(ownerWatcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
-            [this](const QString& /*service*/, const QString& /*oldOwner*/,
-                   const QString& newOwner) { ownerChanged(newOwner); });
+            [this](const QString& /*name*/, const QString& /*oldOwner*/, const QString& newOwner) {
+                ownerChanged(newOwner);
+            });
 }
 
 void NotificationDaemon::ownerChanged(const QString& newOwner)
@@ -213,7 +219,7 @@ void NotificationDaemon::actionInvoked(uint id, const QString& key, const QDBusM
     if (offered) {
         entry->answered({identifier, entry->token});
     } else if (identifier == defaultActionKey) {
-        entry->answered({standard_action::open, entry->token});
+        entry->answered({standardAction::open, entry->token});
     }
 }
 
@@ -221,8 +227,8 @@ void NotificationDaemon::close(uint id)
 {
     // Some daemons leave a notification on the screen after its action, where a second choice would
     // have no effect. One that is gone already is an error to nobody.
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        daemon->name, notificationPath, notificationService, QStringLiteral("CloseNotification"));
+    QDBusMessage call = QDBusMessage::createMethodCall(daemon->name, path, service,
+                                                       QStringLiteral("CloseNotification"));
     call << id;
     call.setAutoStartService(false);
     bus.send(call);
@@ -232,7 +238,7 @@ void NotificationDaemon::notificationClosed(uint id, uint reason, const QDBusMes
 {
     const std::optional<Shown> entry = isFromKnownDaemon(signal) ? forget(id) : std::nullopt;
     if (entry && reason == dismissedByUser) {
-        entry->answered({standard_action::dismiss, entry->token});
+        entry->answered({standardAction::dismiss, entry->token});
     }
 }
 
@@ -251,11 +257,9 @@ void NotificationDaemon::listen(bool on)
     // it ends the program where the bus has ended. The slots look at the sender.
     for (const DaemonSignal& signal : daemonSignals) {
         if (on) {
-            bus.connect(QString(), notificationPath, notificationService, signal.name, this,
-                        signal.slot);
+            bus.connect(QString(), path, service, signal.name, this, signal.slot);
         } else {
-            bus.disconnect(QString(), notificationPath, notificationService, signal.name, this,
-                           signal.slot);
+            bus.disconnect(QString(), path, service, signal.name, this, signal.slot);
         }
     }
 }

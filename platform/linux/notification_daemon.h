@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/linux/notify_call.h"
-#include "platform/linux/once_log.h"
+#include "platform/once_log.h"
 
 #include <QByteArray>
 #include <QDBusConnection>
@@ -21,7 +21,7 @@ namespace voltmere {
 
 /// How the user answered a notification.
 struct NotificationAnswer {
-    std::string action;         ///< its identifier, or one of `standard_action`
+    std::string action;         ///< its identifier, or one of `standardAction`
     QByteArray activationToken; ///< allows to take the focus; empty where the daemon sends none
 };
 
@@ -94,7 +94,7 @@ private:
     QDBusServiceWatcher* ownerWatcher = nullptr;
     std::optional<Daemon> daemon;
     std::optional<QString> owner; ///< of the name, once the bus has told; empty when there is none
-    bool wanted = false;          ///< someone asked for a daemon that is not known yet
+    bool wanted = false;          ///< the next owner of the name is to be made known
     bool asking = false;
     bool changedWhileAsking = false;
     int unanswered = 0; ///< notifications whose number has not come yet

@@ -1,18 +1,15 @@
 #include "platform/linux/notify_call.h"
 
+#include "platform/application_id.h"
+#include "platform/linux/bus_names.h"
+
 #include <QVariantMap>
 
 #include <algorithm>
 
 namespace voltmere {
 
-const QString notificationService = QStringLiteral("org.freedesktop.Notifications");
-const QString notificationPath = QStringLiteral("/org/freedesktop/Notifications");
-
 namespace {
-
-/// The name of the desktop entry.
-const QString applicationId = QStringLiteral("org.voltmere.Voltmere");
 
 constexpr uchar normalUrgency = 1;
 constexpr int daemonsOwnDuration = -1; ///< milliseconds otherwise
@@ -63,7 +60,7 @@ QDBusMessage notifyCall(const QString& daemon, const QStringList& capabilities,
     constexpr uint replacesNothing = 0;
     const QString body = shownText(notification.body);
     QDBusMessage call = QDBusMessage::createMethodCall(
-        daemon, notificationPath, notificationService, QStringLiteral("Notify"));
+        daemon, busNames::notificationsPath, busNames::notifications, QStringLiteral("Notify"));
     call << shownText(notification.applicationName) << replacesNothing
          << QString::fromStdString(notification.icon) << shownText(notification.summary)
          << (capabilities.contains("body-markup") ? body.toHtmlEscaped() : body)

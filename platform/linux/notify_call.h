@@ -20,10 +20,6 @@ struct DesktopNotification {
     std::vector<NotificationAction> actions; ///< offered where the daemon has buttons
 };
 
-/// The daemon's bus name, which is its interface's name too.
-extern const QString notificationService;
-extern const QString notificationPath;
-
 /// The key of the action that a click on the notification itself means.
 inline constexpr const char* defaultActionKey = "default";
 

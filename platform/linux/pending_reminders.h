@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/clock.h"
-#include "platform/linux/once_log.h"
 #include "platform/linux/reminder_store.h"
+#include "platform/once_log.h"
 #include "platform/run_loop.h"
 
 #include <functional>

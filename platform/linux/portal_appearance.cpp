@@ -1,5 +1,7 @@
 #include "platform/linux/portal_appearance.h"
 
+#include "platform/linux/bus_names.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -15,7 +17,6 @@ namespace voltmere {
 
 namespace {
 
-const QString portalService = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearanceSpace = QStringLiteral("org.freedesktop.appearance");
@@ -49,7 +50,7 @@ PortalAppearance::PortalAppearance()
     // with its first message only.
     qRegisterMetaType<QDBusVariant>();
     QDBusConnection::sessionBus().connect(
-        portalService, portalPath, settingsInterface, QStringLiteral("SettingChanged"),
+        busNames::desktopPortal, portalPath, settingsInterface, QStringLiteral("SettingChanged"),
         {appearanceSpace}, QString(), this, SLOT(settingChanged(QString, QString, QDBusVariant)));
     ask();
 }
@@ -66,8 +67,8 @@ void PortalAppearance::onChange(std::function<void()> action)
 
 void PortalAppearance::ask()
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(portalService, portalPath, settingsInterface,
-                                                       QStringLiteral("Read"));
+    QDBusMessage call = QDBusMessage::createMethodCall(busNames::desktopPortal, portalPath,
+                                                       settingsInterface, QStringLiteral("Read"));
     call << appearanceSpace << schemeKey;
     const auto* watcher =
         new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);

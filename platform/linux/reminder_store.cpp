@@ -1,13 +1,12 @@
 #include "platform/linux/reminder_store.h"
 
 #include "platform/linux/reminder_json.h"
+#include "platform/posix/atomic_file.h"
 #include "platform/qt/damaged_file.h"
-#include "platform/qt/private_directory.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <optional>
@@ -17,22 +16,16 @@ namespace voltmere {
 
 namespace {
 
-/// Many times what the largest allowed number of reminders takes.
-constexpr qint64 largestFile = 1 << 20; // bytes
+constexpr mode_t ownerOnly = 0600;
 
 /// What the file holds, or nothing when it is no file that can be read.
 std::optional<QByteArray> contentOf(const QString& path)
 {
-    // Asked first, because a pipe or a device could be read for ever.
     if (!QFileInfo(path).isFile()) {
         return std::nullopt;
     }
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return std::nullopt;
-    }
-    const QByteArray content = file.read(largestFile + 1);
-    return content.size() > largestFile ? std::nullopt : std::optional(content);
+    const TextFile file = readTextFile(QFile::encodeName(path).toStdString());
+    return file.error ? std::nullopt : std::optional(QByteArray::fromStdString(file.text));
 }
 
 } // namespace
@@ -69,18 +62,15 @@ void ReminderStore::save(const std::vector<Reminder>& reminders)
     if (keptInPlace) {
         return;
     }
-    if (!makePrivateDirectory(QFileInfo(path).path()) || !write(reminderJson(reminders))) {
-        log.report("reminders cannot be saved, so they end with the program", path.toStdString());
+    const std::filesystem::path file = QFile::encodeName(path).toStdString();
+    std::error_code error = makePrivateDirectory(file.parent_path());
+    if (!error) {
+        error = replaceTextFile(file, reminderJson(reminders).toStdString(), ownerOnly);
     }
-}
-
-bool ReminderStore::write(const QByteArray& content)
-{
-    QSaveFile file(path);
-    // Flushed first, since a commit goes through although the disk took only half of the rest.
-    return file.open(QIODevice::WriteOnly) &&
-        file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
-        file.write(content) == content.size() && file.flush() && file.commit();
+    if (error) {
+        log.report("reminders cannot be saved, so they end with the program",
+                   path.toStdString() + ": " + error.message());
+    }
 }
 
 void ReminderStore::handleDamage(const QString& damage)

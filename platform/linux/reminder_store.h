@@ -1,10 +1,9 @@
 #pragma once
 
 #include "platform/clock.h"
-#include "platform/linux/once_log.h"
 #include "platform/notification_centre.h"
+#include "platform/once_log.h"
 
-#include <QByteArray>
 #include <QString>
 
 #include <vector>
@@ -41,7 +40,6 @@ public:
 
 private:
     void handleDamage(const QString& damage);
-    bool write(const QByteArray& content);
 
     const QString path;
     OnceLog log;

@@ -1,5 +1,8 @@
 #include "platform/linux/tray_host_watcher.h"
 
+#include "platform/linux/bus_names.h"
+#include "platform/linux/x_display.h"
+
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -18,9 +21,6 @@
 namespace voltmere {
 
 namespace {
-
-const QString watcherService = QStringLiteral("org.kde.StatusNotifierWatcher");
-const QString watcherPath = QStringLiteral("/StatusNotifierWatcher");
 
 template<typename Reply>
 std::unique_ptr<Reply, decltype(&std::free)> owned(Reply* reply)
@@ -70,22 +70,16 @@ TrayHostWatcher::TrayHostWatcher(std::function<void()> available)
     watchBus();
 }
 
-TrayHostWatcher::~TrayHostWatcher()
-{
-    if (traySelection != 0) {
-        qGuiApp->removeNativeEventFilter(this);
-    }
-}
-
 void TrayHostWatcher::watchBus()
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         return;
     }
-    bus.connect(watcherService, watcherPath, watcherService,
-                QStringLiteral("StatusNotifierHostRegistered"), this, SLOT(hostRegistered()));
-    auto* service = new QDBusServiceWatcher(watcherService, bus,
+    bus.connect(busNames::statusNotifierWatcher, busNames::statusNotifierWatcherPath,
+                busNames::statusNotifierWatcher, QStringLiteral("StatusNotifierHostRegistered"),
+                this, SLOT(hostRegistered()));
+    auto* service = new QDBusServiceWatcher(busNames::statusNotifierWatcher, bus,
                                             QDBusServiceWatcher::WatchForRegistration, this);
     connect(service, &QDBusServiceWatcher::serviceRegistered, this, &TrayHostWatcher::askBus);
     askBus();
@@ -93,10 +87,10 @@ void TrayHostWatcher::watchBus()
 
 void TrayHostWatcher::askBus()
 {
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        watcherService, watcherPath, QStringLiteral("org.freedesktop.DBus.Properties"),
-        QStringLiteral("Get"));
-    call << watcherService << QStringLiteral("IsStatusNotifierHostRegistered");
+    QDBusMessage call = QDBusMessage::createMethodCall(busNames::statusNotifierWatcher,
+                                                       busNames::statusNotifierWatcherPath,
+                                                       busNames::properties, QStringLiteral("Get"));
+    call << busNames::statusNotifierWatcher << QStringLiteral("IsStatusNotifierHostRegistered");
     call.setAutoStartService(false);
     const auto* watcher =
         new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
@@ -117,7 +111,7 @@ void TrayHostWatcher::watchSelection()
     if (connection == nullptr) {
         return;
     }
-    traySelection = internAtom(connection, "_NET_SYSTEM_TRAY_S0");
+    traySelection = internAtom(connection, xTraySelection);
     managerMessage = internAtom(connection, "MANAGER");
     qGuiApp->installNativeEventFilter(this);
     listenToRoot(connection);

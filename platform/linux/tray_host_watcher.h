@@ -22,7 +22,6 @@ public:
     /// Calls `available` once, on the main thread, as soon as there is a host: at the earliest in
     /// the next turn of the event loop.
     explicit TrayHostWatcher(std::function<void()> available);
-    ~TrayHostWatcher() override;
 
 private slots:
     void hostRegistered();

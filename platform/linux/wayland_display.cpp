@@ -15,10 +15,11 @@ namespace {
 
 std::string socketPath()
 {
-    const char* const display = std::getenv("WAYLAND_DISPLAY");
+    const char* const named = std::getenv("WAYLAND_DISPLAY");
     const char* const directory = std::getenv("XDG_RUNTIME_DIR");
-    if (display == nullptr || *display == '/') {
-        return display == nullptr ? "" : display;
+    const char* const display = named == nullptr ? "wayland-0" : named;
+    if (*display == '/') {
+        return display;
     }
     return directory == nullptr ? "" : std::string(directory) + '/' + display;
 }

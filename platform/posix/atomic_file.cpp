@@ -156,7 +156,8 @@ TextFile readTextFile(const fs::path& path)
     return found;
 }
 
-std::error_code replaceTextFile(const fs::path& path, std::string_view text)
+std::error_code replaceTextFile(const fs::path& path, std::string_view text,
+                                std::optional<mode_t> mode)
 {
     struct stat status { };
     const bool hasFile = ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode);
@@ -165,7 +166,8 @@ std::error_code replaceTextFile(const fs::path& path, std::string_view text)
     if (error) {
         return error;
     }
-    error = Replacement(destination).commit(text, hasFile ? status.st_mode & 07777 : newFileMode);
+    const mode_t present = hasFile ? status.st_mode & 07777 : newFileMode;
+    error = Replacement(destination).commit(text, mode.value_or(present));
     if (!error) {
         syncDirectory(destination.parent_path());
     }

@@ -1,23 +1,18 @@
 #include "platform/posix/environment_languages.h"
 
+#include "platform/posix/environment.h"
+
 #include <algorithm>
-#include <cstdlib>
 #include <string_view>
 
 namespace voltmere {
 
 namespace {
 
-std::string_view variable(const char* name)
-{
-    const char* const value = std::getenv(name);
-    return value == nullptr ? std::string_view{} : std::string_view(value);
-}
-
-std::string_view messageLocale()
+std::string messageLocale()
 {
     for (const char* const name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-        if (const std::string_view value = variable(name); !value.empty()) {
+        if (std::string value = environmentVariable(name); !value.empty()) {
             return value;
         }
     }
@@ -41,12 +36,13 @@ bool isUntranslated(std::string_view tag)
 
 std::vector<std::string> EnvironmentLanguages::tags() const
 {
-    const std::string_view locale = messageLocale();
+    const std::string locale = messageLocale();
     std::vector<std::string> tags;
     if (isUntranslated(locale)) {
         return tags;
     }
-    std::string_view list = variable("LANGUAGE");
+    const std::string languages = environmentVariable("LANGUAGE");
+    std::string_view list = languages;
     while (!list.empty()) {
         const std::size_t end = std::min(list.find(':'), list.size());
         const std::string tag = tagOf(list.substr(0, end));

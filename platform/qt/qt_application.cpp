@@ -1,5 +1,7 @@
 #include "platform/qt/qt_application.h"
 
+#include "platform/qt/activation_token.h"
+
 #include <QApplication>
 #include <QWidget>
 
@@ -14,7 +16,7 @@ void QtApplication::activate()
         }
     }
     // A token counts for one activation. Qt clears the one that it used, and uses none on X11.
-    qunsetenv("XDG_ACTIVATION_TOKEN");
+    activationToken::drop();
 }
 
 } // namespace voltmere

@@ -1,8 +1,9 @@
 #include "platform/qt/qt_defaults.h"
 
 #include "platform/exact_number.h"
-#include "platform/qt/private_directory.h"
+#include "platform/posix/atomic_file.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QMetaType>
 #include <QVariant>
@@ -25,8 +26,9 @@ QVariant valueOf(const QSettings& settings, std::string_view key)
 
 } // namespace
 
-QtDefaults::QtDefaults(std::unique_ptr<QSettings> settings)
-    : settings(std::move(settings))
+QtDefaults::QtDefaults(std::unique_ptr<QSettings> settings, SystemLog& log)
+    : log(log)
+    , settings(std::move(settings))
 {
 }
 
@@ -71,9 +73,21 @@ void QtDefaults::setBoolean(std::string_view key, bool value)
 
 void QtDefaults::write(std::string_view key, const QVariant& value)
 {
-    // QSettings itself would make it for all to read.
-    makePrivateDirectory(QFileInfo(settings->fileName()).path());
+    // QSettings itself would make it for all to read. Where it cannot be made, saving fails as
+    // well.
+    makePrivateDirectory(QFile::encodeName(QFileInfo(settings->fileName()).path()).toStdString());
     settings->setValue(viewOf(key).toString(), value);
+    // Comes after the saving, which setValue posted.
+    QMetaObject::invokeMethod(
+        settings.get(), [this] { reportFailure(); }, Qt::QueuedConnection);
+}
+
+void QtDefaults::reportFailure()
+{
+    if (settings->status() == QSettings::AccessError) {
+        log.report("the settings cannot be saved, so changes end with the program",
+                   settings->fileName().toStdString());
+    }
 }
 
 } // namespace voltmere

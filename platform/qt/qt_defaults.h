@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/defaults_store.h"
+#include "platform/once_log.h"
 #include "platform/system_log.h"
 
 #include <QSettings>
@@ -9,10 +10,14 @@
 
 namespace voltmere {
 
-/// Settings kept by QSettings, in any of its formats.
+/// Settings kept by QSettings, in any of its formats. What was changed is saved from the event
+/// loop; a change that cannot be saved lasts as long as this object, and the log gets one line.
 class QtDefaults : public DefaultsStore {
 public:
-    explicit QtDefaults(std::unique_ptr<QSettings> settings);
+    /// `log` must outlive this object.
+    QtDefaults(std::unique_ptr<QSettings> settings, SystemLog& log);
+    QtDefaults(const QtDefaults&) = delete;
+    QtDefaults& operator=(const QtDefaults&) = delete;
 
     std::optional<std::int64_t> integer(std::string_view key) const override;
     std::optional<bool> boolean(std::string_view key) const override;
@@ -22,7 +27,9 @@ public:
 
 private:
     void write(std::string_view key, const QVariant& value);
+    void reportFailure();
 
+    OnceLog log;
     std::unique_ptr<QSettings> settings;
 };
 

@@ -17,17 +17,13 @@ constexpr int widestLabel = 420;   // points
 constexpr int popUpWidth = 52;     // points
 constexpr int colonSpacing = 3;    // points, on both sides
 constexpr int confirmPadding = 10; // points, on both sides of its title
-constexpr int hoursPerDay = 24;
-constexpr int minutesPerHour = 60;
 
-/// A pop-up of two-digit numbers from 0 up to `end`, of which one is selected.
+/// A pop-up of two-digit numbers, of which one is selected.
 HoverPopUpButton* makePopUp(int step, int end, int selected, const QFont& font)
 {
     auto* const popUp = new HoverPopUpButton;
     popUp->setFont(font);
-    for (int value = 0; value < end; value += step) {
-        popUp->addItem(QStringLiteral("%1").arg(value, 2, 10, QLatin1Char('0')));
-    }
+    popUp->addTwoDigitNumbers(step, end);
     popUp->setCurrentIndex(selected / step);
     popUp->setFixedWidth(popUpWidth);
     return popUp;
@@ -67,7 +63,7 @@ QLabel* makeAlertLabel(const QString& text, const QFont& font, QWidget* parent)
 }
 
 CustomTimeRow::CustomTimeRow(const AlertContent& content, int width, int height, const QFont& font)
-    : hour(makePopUp(1, hoursPerDay, content.preselectedHour, font))
+    : hour(makePopUp(hourStep, hoursPerDay, content.preselectedHour, font))
     , minute(makePopUp(minuteStep, minutesPerHour, content.preselectedMinute, font))
     , confirm(makeConfirmButton(displayText(content.confirmTitle), font))
 {

@@ -219,8 +219,8 @@ TEST_P(OtherResponseTest, OnlyCallsTheCompletionHandler)
     EXPECT_EQ(runLoop.timerCount(), 0U);
 }
 
-INSTANTIATE_TEST_SUITE_P(TappingTheBody, OtherResponseTest, testing::Values(standard_action::open));
-INSTANTIATE_TEST_SUITE_P(Dismissing, OtherResponseTest, testing::Values(standard_action::dismiss));
+INSTANTIATE_TEST_SUITE_P(TappingTheBody, OtherResponseTest, testing::Values(standardAction::open));
+INSTANTIATE_TEST_SUITE_P(Dismissing, OtherResponseTest, testing::Values(standardAction::dismiss));
 INSTANTIATE_TEST_SUITE_P(UnknownActions, OtherResponseTest,
                          testing::Values("", "snooze_20", "SNOOZE_20 ", "SNOOZE_", "SNOOZE_2",
                                          "SNOOZE_CUSTOM2", "LOW_BATTERY", "default"));

@@ -189,7 +189,7 @@ TEST_F(DiagnoseCommandTest, TheDesktopsServicesAreNamed)
     PrivateBus bus;
     const std::string bare = reportOnBus(bus);
     EXPECT_THAT(bare, ContainsRegex("session bus +present\n"));
-    EXPECT_THAT(bare, ContainsRegex("tray +no StatusNotifier watcher"));
+    EXPECT_THAT(bare, ContainsRegex("tray +none: neither a StatusNotifier nor an XEmbed tray\n"));
     EXPECT_THAT(bare, ContainsRegex("notifications +not running"));
     EXPECT_THAT(bare, ContainsRegex("settings portal +not running"));
     EXPECT_THAT(bare, ContainsRegex("running instance +none\n"));

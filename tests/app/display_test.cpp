@@ -64,6 +64,14 @@ TEST_F(DisplayTest, ACompositorThatCannotBeReachedBesideADisplayThatCannotBeOpen
     EXPECT_THAT(problem(), HasSubstr("':64123' cannot be opened"));
 }
 
+TEST_F(DisplayTest, APlatformOfQtWhoseDisplayCannotBeReached)
+{
+    for (const char* const platform : {"xcb", "wayland", "wayland;xcb", "xcb:option"}) {
+        variables["QT_QPA_PLATFORM"] = platform;
+        EXPECT_THAT(problem(), HasSubstr("QT_QPA_PLATFORM ('" + std::string(platform) + "')"));
+    }
+}
+
 TEST_F(DisplayTest, ControlCharactersDoNotReachTheTerminal)
 {
     variables["DISPLAY"] = "\x1B[31m";

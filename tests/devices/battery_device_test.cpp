@@ -1,5 +1,7 @@
 #include "devices/battery_device.h"
 
+#include "fakes/sample_devices.h"
+
 #include <gmock/gmock.h>
 
 #include <limits>
@@ -79,7 +81,7 @@ TEST(BatteryDeviceCatalogue, IsOneObjectForTheWholeRun)
     EXPECT_EQ(&BatteryDevice::knownAppleDevices(), &BatteryDevice::knownAppleDevices());
 }
 
-const BatteryDevice mouse{803, "Magic Mouse", 40, "magicmouse", 0};
+const BatteryDevice sample = mouse(40);
 
 TEST(BatteryDevice, HoldsWhatItWasMadeOfWithoutClamping)
 {
@@ -93,45 +95,45 @@ TEST(BatteryDevice, HoldsWhatItWasMadeOfWithoutClamping)
 
 TEST(BatteryDevice, ACopyIsEqual)
 {
-    const BatteryDevice copy = mouse;
-    EXPECT_TRUE(copy == mouse);
-    EXPECT_FALSE(copy != mouse);
+    const BatteryDevice copy = sample;
+    EXPECT_TRUE(copy == sample);
+    EXPECT_FALSE(copy != sample);
 }
 
 TEST(BatteryDevice, RecordsThatDifferOnlyInLevelAreUnequal)
 {
-    BatteryDevice other = mouse;
+    BatteryDevice other = sample;
     other.level = 39;
-    EXPECT_FALSE(other == mouse);
-    EXPECT_NE(std::vector{other}, std::vector{mouse}) << "a change of level changes the list";
+    EXPECT_FALSE(other == sample);
+    EXPECT_NE(std::vector{other}, std::vector{sample}) << "a change of level changes the list";
 }
 
 TEST(BatteryDevice, RecordsWithTheSameIdButDifferentNamesAreUnequalYetHaveOneIdentity)
 {
-    BatteryDevice other = mouse;
+    BatteryDevice other = sample;
     other.name = "Mouse of Ann";
-    EXPECT_FALSE(other == mouse);
-    EXPECT_EQ(other.id, mouse.id);
+    EXPECT_FALSE(other == sample);
+    EXPECT_EQ(other.id, sample.id);
 }
 
 TEST(BatteryDevice, EveryOtherFieldCountsForEqualityToo)
 {
-    BatteryDevice otherId = mouse;
+    BatteryDevice otherId = sample;
     otherId.id = 617;
-    EXPECT_FALSE(otherId == mouse);
-    BatteryDevice otherSymbol = mouse;
+    EXPECT_FALSE(otherId == sample);
+    BatteryDevice otherSymbol = sample;
     otherSymbol.symbol = "keyboard";
-    EXPECT_FALSE(otherSymbol == mouse);
-    BatteryDevice otherOrder = mouse;
+    EXPECT_FALSE(otherSymbol == sample);
+    BatteryDevice otherOrder = sample;
     otherOrder.order = 1;
-    EXPECT_FALSE(otherOrder == mouse);
+    EXPECT_FALSE(otherOrder == sample);
 }
 
 TEST(IsLow, ADeviceAtTheThresholdIsLow)
 {
-    EXPECT_TRUE(isLow(mouse, 40));
-    EXPECT_TRUE(isLow(mouse, 41));
-    EXPECT_FALSE(isLow(mouse, 39));
+    EXPECT_TRUE(isLow(sample, 40));
+    EXPECT_TRUE(isLow(sample, 41));
+    EXPECT_FALSE(isLow(sample, 39));
 }
 
 TEST(IsLow, LevelsBeyondThePercentScaleAreComparedAsTheyStand)
@@ -145,8 +147,8 @@ TEST(LowDevices, AreThoseAtOrBelowTheThresholdInTheirOrder)
 {
     const BatteryDevice keyboard{805, "Magic Keyboard", 9, "keyboard", 1};
     const BatteryDevice trackpad{804, "Magic Trackpad", 41, "rectangle", 2};
-    EXPECT_THAT(lowDevices({trackpad, mouse, keyboard}, 40), ElementsAre(mouse, keyboard));
-    EXPECT_THAT(lowDevices({trackpad, mouse, keyboard}, 8), IsEmpty());
+    EXPECT_THAT(lowDevices({trackpad, sample, keyboard}, 40), ElementsAre(sample, keyboard));
+    EXPECT_THAT(lowDevices({trackpad, sample, keyboard}, 8), IsEmpty());
     EXPECT_THAT(lowDevices({}, 100), IsEmpty());
 }
 
@@ -154,8 +156,8 @@ TEST(NamesWithLevels, JoinsNameBlankLevelPercentWithTheSeparatorBetween)
 {
     const BatteryDevice keyboard{805, "Magic Keyboard", 9, "keyboard", 1};
     EXPECT_EQ(namesWithLevels({}, ", "), "");
-    EXPECT_EQ(namesWithLevels({mouse}, ", "), "Magic Mouse 40%");
-    EXPECT_EQ(namesWithLevels({mouse, keyboard, mouse}, " | "),
+    EXPECT_EQ(namesWithLevels({sample}, ", "), "Magic Mouse 40%");
+    EXPECT_EQ(namesWithLevels({sample, keyboard, sample}, " | "),
               "Magic Mouse 40% | Magic Keyboard 9% | Magic Mouse 40%");
 }
 
@@ -164,6 +166,18 @@ TEST(NamesWithLevels, WritesLevelsAsPlainDecimalsWhateverTheyAre)
     EXPECT_EQ(namesWithLevels(
                   {{803, "A", 0, "", 0}, {804, "B", -1, "", 0}, {805, "", 1234567, "", 0}}, "、"),
               "A 0%、B -1%、 1234567%");
+}
+
+TEST(WeakestDevice, IsTheFirstOfTheLowestOnes)
+{
+    const std::vector<BatteryDevice> devices{mouse(40), keyboard(15), trackpad(15)};
+
+    EXPECT_EQ(weakestDevice(devices), keyboard(15));
+}
+
+TEST(WeakestDevice, IsNoneInAnEmptyList)
+{
+    EXPECT_EQ(weakestDevice({}), std::nullopt);
 }
 
 } // namespace

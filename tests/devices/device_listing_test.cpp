@@ -1,6 +1,7 @@
 #include "devices/device_listing.h"
 
 #include "devices/bluetooth_address.h"
+#include "fakes/sample_devices.h"
 
 #include <gmock/gmock.h>
 
@@ -26,15 +27,6 @@ BatteryEntry entry(std::int64_t product, std::int64_t level,
             .address = std::move(address),
             .givenName = std::nullopt,
             .rejection = std::nullopt};
-}
-
-std::vector<std::string> namesOf(const std::vector<BatteryDevice>& devices)
-{
-    std::vector<std::string> names;
-    for (const BatteryDevice& device : devices) {
-        names.push_back(device.name);
-    }
-    return names;
 }
 
 std::string nameOf(const BatteryEntry& only, const NameMap& names)

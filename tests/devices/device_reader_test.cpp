@@ -5,6 +5,7 @@
 #include "fakes/fake_clock.h"
 #include "fakes/fake_process_runner.h"
 #include "fakes/fake_sources.h"
+#include "fakes/sample_devices.h"
 
 #include <gmock/gmock.h>
 
@@ -17,15 +18,6 @@ namespace {
 using testing::ElementsAre;
 using testing::Field;
 using testing::IsEmpty;
-
-std::vector<std::string> namesOf(const std::vector<BatteryDevice>& devices)
-{
-    std::vector<std::string> names;
-    for (const BatteryDevice& device : devices) {
-        names.push_back(device.name);
-    }
-    return names;
-}
 
 BatteryEntry mouseOf(std::string address)
 {

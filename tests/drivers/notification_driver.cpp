@@ -1,4 +1,5 @@
-// Tries the desktop's notifications by hand, since the program itself posts none with actions:
+// Tries the desktop's notifications, since the program itself posts none with actions. A story and
+// a person use it:
 //
 //   notification_driver [--post] [--window]
 //

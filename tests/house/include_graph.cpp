@@ -42,7 +42,7 @@ const std::map<std::string, std::set<std::string>> allowedRooms{
     {"leaf", {"port"}},
     {"devices", {"port"}},
     {"alerting", {"port", "leaf", "devices", "snooze"}},
-    {"snooze", {"port", "leaf", "devices", "alerting"}},
+    {"snooze", {"port", "leaf", "devices"}},
     {"model", core},
     {"ui", {"port", "leaf", "devices", "alerting", "snooze", "model", "window"}},
     {"window", {"port", "leaf", "devices", "alerting", "snooze", "model", "ui"}},

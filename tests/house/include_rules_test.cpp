@@ -56,6 +56,7 @@ TEST(IncludeRules, EachForbiddenStepUpOrAcrossIsSeen)
         {"alerting/a.cpp", "model/battery_model.h"},
         {"snooze/s.cpp", "model/m.h"},
         {"snooze/s.cpp", "snooze/window/w.h"},
+        {"snooze/s.cpp", "alerting/a.h"},
         {"model/m.cpp", "ui/u.h"},
         {"model/m.cpp", "platform/qt/q.h"},
         {"ui/u.cpp", "platform/linux/l.h"},

@@ -179,7 +179,7 @@ TEST_F(DesktopNotificationsTest, TappingTheBodyReachesTheDelegateAsTheDefaultAct
     daemon.emitActionInvoked(showChoice(), "default");
 
     ASSERT_TRUE(waitForAnswers(1));
-    EXPECT_THAT(delegate.answers, ElementsAre(standard_action::open));
+    EXPECT_THAT(delegate.answers, ElementsAre(standardAction::open));
 }
 
 TEST_F(DesktopNotificationsTest, ADismissalReachesTheDelegateOnce)
@@ -189,7 +189,7 @@ TEST_F(DesktopNotificationsTest, ADismissalReachesTheDelegateOnce)
     daemon.emitNotificationClosed(id, dismissed);
     roundTrip();
 
-    EXPECT_THAT(delegate.answers, ElementsAre(standard_action::dismiss));
+    EXPECT_THAT(delegate.answers, ElementsAre(standardAction::dismiss));
 }
 
 TEST_F(DesktopNotificationsTest, AnActionIsNotFollowedByADismissal)
@@ -257,7 +257,7 @@ TEST_F(DesktopNotificationsTest, EachNotificationHasItsOwnAnswer)
     daemon.emitActionInvoked(first, "FRONT");
 
     ASSERT_TRUE(waitForAnswers(2));
-    EXPECT_THAT(delegate.answers, ElementsAre(standard_action::dismiss, "FRONT"));
+    EXPECT_THAT(delegate.answers, ElementsAre(standardAction::dismiss, "FRONT"));
 }
 
 TEST_F(DesktopNotificationsTest, TheForegroundActionFindsTheActivationTokenInTheEnvironment)

@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -20,10 +21,13 @@
 namespace voltmere {
 namespace {
 
+using testing::AllOf;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Optional;
 using testing::SizeIs;
+using testing::StartsWith;
 
 class JsonSettingsTest : public testing::Test {
 protected:
@@ -61,7 +65,7 @@ protected:
         return document.object();
     }
 
-    QtDefaults open() { return QtDefaults(openJsonSettings(path(), log)); }
+    QtDefaults open() { return QtDefaults(openJsonSettings(path(), log), log); }
 
     /// Settings whose file holds `json` under "key".
     QtDefaults holding(const QByteArray& json)
@@ -146,7 +150,7 @@ TEST_F(JsonSettingsTest, ReadingAMissingFileCreatesNothing)
 {
     {
         const QtDefaults defaults(
-            openJsonSettings(directory.filePath("voltmere/settings.json"), log));
+            openJsonSettings(directory.filePath("voltmere/settings.json"), log), log);
         EXPECT_EQ(defaults.integer("threshold"), std::nullopt);
         EXPECT_EQ(defaults.boolean("enabled"), std::nullopt);
         EXPECT_EQ(defaults.text("language"), std::nullopt);
@@ -169,7 +173,7 @@ TEST_F(JsonSettingsTest, ReadingLeavesTheFileAsItIs)
 TEST_F(JsonSettingsTest, TheFirstWriteCreatesTheFileAndItsDirectory)
 {
     const QString nested = directory.filePath("voltmere/settings.json");
-    QtDefaults(openJsonSettings(nested, log)).setInteger("threshold", 25);
+    QtDefaults(openJsonSettings(nested, log), log).setInteger("threshold", 25);
 
     const QJsonObject object = QJsonDocument::fromJson(contentOf(nested)).object();
 
@@ -221,16 +225,13 @@ TEST_F(JsonSettingsTest, WhatIsNotNamedSurvivesASave)
 TEST_F(JsonSettingsTest, KeysOfAnotherWriterAreKept)
 {
     put("{\"threshold\": 20}");
-    QtDefaults first = open();
-    EXPECT_THAT(first.integer("threshold"), Optional(20));
-    put("{\"threshold\": 20, \"language\": \"en\"}");
-
     {
-        QtDefaults second = open();
-        second.setBoolean("enabled", false);
+        QtDefaults first = open();
+        EXPECT_THAT(first.integer("threshold"), Optional(20));
+        put("{\"threshold\": 20, \"language\": \"en\"}");
+        open().setBoolean("enabled", false);
+        first.setInteger("threshold", 50);
     }
-    first.setInteger("threshold", 50);
-    first = open();
 
     EXPECT_EQ(saved(), (QJsonObject{{"threshold", 50}, {"language", "en"}, {"enabled", false}}));
 }
@@ -318,7 +319,7 @@ TEST_F(JsonSettingsTest, APlaceThatCannotBeWrittenLosesNothing)
 {
     put("not a directory");
     {
-        QtDefaults defaults(openJsonSettings(path() + "/settings.json", log));
+        QtDefaults defaults(openJsonSettings(path() + "/settings.json", log), log);
         EXPECT_EQ(defaults.integer("threshold"), std::nullopt);
         defaults.setInteger("threshold", 45);
         defaults.setBoolean("enabled", false);
@@ -327,6 +328,20 @@ TEST_F(JsonSettingsTest, APlaceThatCannotBeWrittenLosesNothing)
     }
     EXPECT_EQ(contentOf(path()), "not a directory");
     EXPECT_EQ(files(), QStringList("settings.json"));
+}
+
+TEST_F(JsonSettingsTest, APlaceThatCannotBeWrittenIsLoggedOnce)
+{
+    put("not a directory");
+    QtDefaults defaults(openJsonSettings(path() + "/settings.json", log), log);
+    for (const int threshold : {45, 46}) {
+        defaults.setInteger("threshold", threshold);
+        QCoreApplication::processEvents();
+    }
+
+    EXPECT_THAT(log.lines,
+                ElementsAre(AllOf(StartsWith("Voltmere: the settings cannot be saved"),
+                                  HasSubstr(path().toStdString()))));
 }
 
 TEST_F(JsonSettingsTest, DamageThatCannotBeSetAsideIsNotOverwritten)
@@ -341,7 +356,7 @@ TEST_F(JsonSettingsTest, DamageThatCannotBeSetAsideIsNotOverwritten)
     file.close();
 
     {
-        QtDefaults defaults(openJsonSettings(longPath, log));
+        QtDefaults defaults(openJsonSettings(longPath, log), log);
         EXPECT_EQ(defaults.integer("threshold"), std::nullopt);
         EXPECT_THAT(log.lines, SizeIs(1));
         defaults.setInteger("threshold", 45);
@@ -355,7 +370,7 @@ TEST_F(JsonSettingsTest, ANewFileAndItsDirectoryBelongToTheUserAlone)
 {
     const mode_t previous = ::umask(0);
     const QString nested = directory.filePath("voltmere/settings.json");
-    QtDefaults(openJsonSettings(nested, log)).setInteger("threshold", 40);
+    QtDefaults(openJsonSettings(nested, log), log).setInteger("threshold", 40);
     ::umask(previous);
 
     EXPECT_EQ(modeOf(nested), 0600U);

@@ -231,7 +231,7 @@ TEST_F(NotificationFailuresTest, ADaemonThatTakesOverIsAskedAnewAndTheOldOnesAns
     EXPECT_EQ(successor.shown[0].actions, QStringList());
     successor.emitActionInvoked(successor.shown[0].id, "default");
     ASSERT_TRUE(waitFor([this] { return !delegate.answers.empty(); }));
-    EXPECT_THAT(delegate.answers, ElementsAre(standard_action::open));
+    EXPECT_THAT(delegate.answers, ElementsAre(standardAction::open));
     EXPECT_THAT(daemon.shown, SizeIs(1));
 }
 

@@ -3,6 +3,8 @@
 
 #include "platform/qt/qt_defaults.h"
 
+#include "fakes/recording_log.h"
+
 #include <gmock/gmock.h>
 
 #include <QDateTime>
@@ -49,9 +51,10 @@ protected:
     QtDefaults holding(const QVariant& value)
     {
         open()->setValue("key", value);
-        return QtDefaults(open());
+        return QtDefaults(open(), log);
     }
 
+    RecordingLog log;
     QTemporaryDir directory;
 };
 
@@ -98,7 +101,7 @@ TEST_F(QtDefaultsTest, OtherTypesAreAsIfAbsent)
 TEST_F(QtDefaultsTest, WhatIsWrittenHasTheTypeThatWasAskedFor)
 {
     {
-        QtDefaults defaults(open());
+        QtDefaults defaults(open(), log);
         defaults.setInteger("threshold", 35);
         defaults.setBoolean("enabled", false);
     }
@@ -111,7 +114,7 @@ TEST_F(QtDefaultsTest, OtherKeysAreKept)
 {
     open()->setValue("language", "zh");
     {
-        QtDefaults defaults(open());
+        QtDefaults defaults(open(), log);
         defaults.setInteger("threshold", 35);
     }
     EXPECT_EQ(database().value("language"), QVariant("zh"));

@@ -398,15 +398,5 @@ TEST_F(ContentViewTest, DeviceRowsAreRebuiltOnlyWhenTheListChanged)
     EXPECT_EQ(rowsOf(*view).at(3), "(symbol-rectangle.and.hand.point.up.left) Magic Trackpad 60%");
 }
 
-TEST_F(ContentViewTest, ARedrawThatIsStillPostedIsDroppedWithTheView)
-{
-    open();
-    model().status = "later";
-    view.reset();
-    model().status = "later still";
-    settle();
-    EXPECT_EQ(model().status.get(), "later still");
-}
-
 } // namespace
 } // namespace voltmere

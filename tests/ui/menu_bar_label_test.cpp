@@ -1,5 +1,6 @@
 #include "ui/menu_bar_label.h"
 
+#include "fakes/fake_appearance.h"
 #include "fakes/fake_status_item.h"
 #include "fakes/model_world.h"
 #include "fakes/sample_devices.h"
@@ -16,14 +17,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::SizeIs;
-
-class ChangingAppearance : public Appearance {
-public:
-    std::optional<ColourScheme> bestMatch() const override { return scheme; }
-    void onChange(std::function<void()> /*action*/) override { }
-
-    std::optional<ColourScheme> scheme = ColourScheme::light;
-};
 
 class MenuBarLabelTest : public testing::Test {
 protected:
@@ -70,7 +63,7 @@ protected:
 
     ModelWorld world;
     BatteryModel& model;
-    ChangingAppearance appearance;
+    FakeAppearance appearance;
     FakeStatusItem::Log bar;
     std::vector<QRect> toggles;
     std::unique_ptr<MenuBarLabel> label;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fakes/fake_appearance.h"
 #include "fakes/model_world.h"
 #include "ui/content_view.h"
 
@@ -18,15 +19,6 @@
 #include <vector>
 
 namespace voltmere {
-
-/// A desktop with the scheme that the test sets.
-class FakeAppearance : public Appearance {
-public:
-    std::optional<ColourScheme> bestMatch() const override { return scheme; }
-    void onChange(std::function<void()> /*action*/) override { }
-
-    std::optional<ColourScheme> scheme = ColourScheme::light;
-};
 
 /// The panel over a model whose outside is all fakes. The model's first reading is done before the
 /// panel opens.

@@ -58,16 +58,10 @@ TEST(StatusImage, OfDevicesAt40And15And15ShowsTheFirst15AndNothingElse)
 {
     const std::vector<BatteryDevice> devices{deviceAt(40, 803), deviceAt(15, 805),
                                              deviceAt(15, 804)};
-    EXPECT_EQ(weakestDevice(devices), deviceAt(15, 805));
     const DrawnImage image = StatusImage::make(devices, 20, ColourScheme::light);
     EXPECT_TRUE(looksLike(image, StatusImage::make({deviceAt(15)}, 20, ColourScheme::light)));
     EXPECT_FALSE(looksLike(image, StatusImage::make({deviceAt(16)}, 20, ColourScheme::light)));
     EXPECT_EQ(image.size.width(), qCeil(textLeft + widthOf("15%")));
-}
-
-TEST(StatusImage, HasNoWeakestDeviceForAnEmptyList)
-{
-    EXPECT_FALSE(weakestDevice({}));
 }
 
 TEST(StatusImage, AtTheThresholdIsRedAndAboveItNormal)

@@ -1,34 +1,15 @@
 #include "ui/theme.h"
 
+#include "tests/ui/contrast.h"
+
 #include <gmock/gmock.h>
 
 #include <QApplication>
 #include <QWidget>
 
-#include <cmath>
-
 namespace voltmere {
 namespace {
 
-/// The part of the brightest light that a colour gives back, as the web's accessibility guidelines
-/// (WCAG 2) define it.
-double luminance(const QColor& colour)
-{
-    const auto linear = [](double part) {
-        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-        0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other)
-{
-    const double a = luminance(one);
-    const double b = luminance(other);
-    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
-}
-
-constexpr double readable = 4.5; ///< the guidelines' least contrast for text
 constexpr double recognisable = 2;
 
 class ThemeTest : public testing::TestWithParam<ColourScheme> {

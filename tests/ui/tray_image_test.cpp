@@ -1,3 +1,4 @@
+#include "ui/contrast.h"
 #include "ui/pictures.h"
 
 #include "ui/tray_image.h"
@@ -8,7 +9,6 @@
 #include <QPainter>
 
 #include <algorithm>
-#include <cmath>
 #include <limits>
 
 namespace voltmere {
@@ -33,22 +33,6 @@ QColor plateColour(const QImage& image)
 bool isRed(const QColor& colour)
 {
     return colour.red() > 4 * std::max(colour.green(), colour.blue());
-}
-
-/// The share of light that a surface of this colour gives back, as the contrast of two colours is
-/// reckoned from it in the Web Content Accessibility Guidelines 2.
-double luminance(const QColor& colour)
-{
-    const auto linear = [](double part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
-        0.0722 * linear(colour.blueF());
-}
-
-double contrast(const QColor& light, const QColor& dark)
-{
-    return (luminance(light) + 0.05) / (luminance(dark) + 0.05);
 }
 
 QImage drawnNumber(std::int64_t number, const QSize& size)
@@ -144,7 +128,7 @@ TEST(TrayImage, HasItsNumberInPureWhite)
 TEST(TrayImage, IsReadableOnAnyPanelSinceItsNumberStandsOnAPlateOfItsOwn)
 {
     for (const std::int64_t level : {15, 42}) {
-        EXPECT_GT(contrast(Qt::white, plateColour(trayImageAt(level, 64))), 4.5) << level;
+        EXPECT_GT(contrast(Qt::white, plateColour(trayImageAt(level, 64))), readable) << level;
     }
     for (const int side : sides) {
         // The corners are round; within them nothing of the panel shows through.

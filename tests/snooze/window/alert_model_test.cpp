@@ -64,7 +64,7 @@ protected:
     std::size_t extraTimers() const { return world.runLoop.timerCount() - 1; }
 
     ModelWorld world;
-    FixedAppearance appearance;
+    FakeAppearance appearance;
     FakePointer pointer;
     SnoozeAlertPresenter presenter{appearance, pointer, world.runLoop};
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "fakes/fake_appearance.h"
 #include "fakes/fake_clock.h"
 #include "fakes/fake_pointer.h"
 #include "fakes/fake_preferred_languages.h"
@@ -27,15 +28,6 @@
 #include <vector>
 
 namespace voltmere {
-
-/// A desktop with the scheme that the test sets.
-class FixedAppearance : public Appearance {
-public:
-    std::optional<ColourScheme> bestMatch() const override { return scheme; }
-    void onChange(std::function<void()> /*action*/) override { }
-
-    std::optional<ColourScheme> scheme = ColourScheme::light;
-};
 
 /// Does what was left for the event loop, deletions included.
 inline void turnEventLoop()
@@ -185,7 +177,7 @@ protected:
     }
 
     LanguageGuard language{"en"};
-    FixedAppearance appearance;
+    FakeAppearance appearance;
     FakePointer pointer;
     FakeClock clock;
     FakeRunLoop runLoop{clock};

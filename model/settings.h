@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/defaults_store.h"
+
+#include <cstdint>
+#include <string_view>
+
+namespace voltmere {
+
+/// A setting as it is stored.
+template<typename Value>
+struct Setting {
+    std::string_view key;
+    Value initial; ///< for a user who never changed it
+};
+
+namespace settings {
+inline constexpr Setting<std::int64_t> threshold{"threshold", 20}; ///< percent
+inline constexpr Setting<std::int64_t> checkHour{"hour", 22};
+inline constexpr Setting<std::int64_t> checkMinute{"minute", 30};
+inline constexpr Setting<bool> enabled{"enabled", true};
+inline constexpr Setting<bool> instantEnabled{"instant", true};
+} // namespace settings
+
+/// The stored value of `setting`, its initial one where none that fits is stored.
+inline std::int64_t stored(const DefaultsStore& defaults, const Setting<std::int64_t>& setting)
+{
+    return defaults.integer(setting.key).value_or(setting.initial);
+}
+
+inline bool stored(const DefaultsStore& defaults, const Setting<bool>& setting)
+{
+    return defaults.boolean(setting.key).value_or(setting.initial);
+}
+
+} // namespace voltmere
