@@ -81,18 +81,19 @@ class Desktop:
                                 stderr=self.log, **options)
 
     def start_and_read_line(self, command):
-        """Starts a server that writes its address, as a line, into the file that is appended."""
+        """Starts a server that writes its address, as a line, into the file that is appended.
+        Returns the process and the line."""
         reading, writing = os.pipe()
-        self.start([*command, str(writing)], pass_fds=[writing])
+        process = self.start([*command, str(writing)], pass_fds=[writing])
         os.close(writing)
         with open(reading, encoding="utf-8") as answer:
             line = answer.readline().strip()
         if not line:
             raise Failure(f"{command[0]} does not start; its messages:\n{self.messages()}")
-        return line
+        return process, line
 
     def start_display(self):
-        number = self.start_and_read_line(
+        _, number = self.start_and_read_line(
             [find_program("Xvfb", "xvfb"), "-screen", "0", "1280x800x24", "-nolisten", "tcp",
              "-noreset", "-maxclients", "256", "-displayfd"])
         self.environment["DISPLAY"] = f":{number}"
@@ -100,12 +101,18 @@ class Desktop:
 
     def start_buses(self):
         daemon = find_program("dbus-daemon", "dbus-daemon")
+        self.buses = {}
         configuration = self.home / "system-bus.conf"
         configuration.write_text(SYSTEM_BUS)
         for name, option in (("DBUS_SYSTEM_BUS_ADDRESS", f"--config-file={configuration}"),
                              ("DBUS_SESSION_BUS_ADDRESS", "--session")):
-            self.environment[name] = self.start_and_read_line(
+            self.buses[name], self.environment[name] = self.start_and_read_line(
                 [daemon, option, "--nofork", "--print-address"])
+
+    def kill_session_bus(self):
+        bus = self.buses["DBUS_SESSION_BUS_ADDRESS"]
+        bus.send_signal(signal.SIGKILL)
+        bus.wait()
 
     def run(self, command, **options):
         """Runs a helper of this desktop to its end. Returns what it prints, empty for a failure."""
@@ -205,6 +212,11 @@ class Desktop:
             if not self.call("system", service, "/org/bluez", mock + ".AddDevice", "string:hci0",
                              f"string:{address.upper()}", f"string:{name}"):
                 raise Failure("the simulated BlueZ takes no device")
+
+    def has_window_titled(self, part):
+        """Whether a window has that in its title, seen without assistive technology."""
+        return bool(self.run([find_program("xdotool", "xdotool"), "search", "--onlyvisible",
+                              "--name", part]))
 
     def keys(self, *keys):
         """Types on the keyboard, into whatever window has the focus."""
