@@ -9,6 +9,8 @@ function(voltmere_test)
   voltmere_check_label(${TEST_NAME} "${TEST_LABEL}")
   add_executable(${TEST_NAME} ${TEST_SOURCES})
   voltmere_target(${TEST_NAME})
+  # What is tested is optimised as it ships; the tests themselves only have to be built fast.
+  target_compile_options(${TEST_NAME} PRIVATE $<$<CONFIG:Release>:-O1>)
   target_include_directories(${TEST_NAME} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${TEST_NAME} PRIVATE ${TEST_LIBRARIES})
   add_test(NAME ${TEST_NAME} COMMAND ${TEST_NAME})
