@@ -28,6 +28,7 @@ inline std::int64_t stored(const DefaultsStore& defaults, const Setting<std::int
     return defaults.integer(setting.key).value_or(setting.initial);
 }
 
+/// The same for what is on or off.
 inline bool stored(const DefaultsStore& defaults, const Setting<bool>& setting)
 {
     return defaults.boolean(setting.key).value_or(setting.initial);
