@@ -237,7 +237,7 @@ TEST_F(BluezNameSourceTest, TwoReadingsMayOverlap)
     const auto readNames = [] { return BluezNameSource(20s).readNames(); };
     auto first = std::async(std::launch::async, readNames);
     auto second = std::async(std::launch::async, readNames);
-    ASSERT_TRUE(QTest::qWaitFor([&waiting] { return waiting.size() == 2; }));
+    ASSERT_TRUE(QTest::qWaitFor([&waiting] { return waiting.size() == 2; }, 60'000));
     for (const QDBusMessage& call : waiting) {
         bluez->connection().send(call.createReply(QVariant::fromValue(objects)));
     }
@@ -258,7 +258,7 @@ TEST_F(BluezNameSourceTest, TheBusIsLeftAgain)
     read();
     read();
 
-    EXPECT_TRUE(QTest::qWaitFor([&] { return membersOfBus() <= before; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return membersOfBus() <= before; }, 60'000));
 }
 
 } // namespace

@@ -22,7 +22,7 @@ TEST_P(EndingSignalsTest, EndsFromTheEventLoop)
     std::raise(GetParam());
     EXPECT_EQ(ends, 0);
 
-    EXPECT_TRUE(QTest::qWaitFor([&ends] { return ends > 0; }));
+    EXPECT_TRUE(QTest::qWaitFor([&ends] { return ends > 0; }, 60'000));
     QCoreApplication::processEvents();
     EXPECT_EQ(ends, 1);
 }

@@ -1,8 +1,13 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QDBusVirtualObject>
+#include <QTest>
 
 #include <functional>
 #include <optional>
@@ -64,6 +69,21 @@ public:
     }
 
     QDBusConnection connection() const { return bus; }
+
+    /// Waits until this process has dealt with all that was sent to its connection `receiver` so
+    /// far.
+    void waitUntilDealtWith(QDBusConnection receiver) const
+    {
+        bool arrived = false;
+        const FakeBusService echo(receiver, "/echo", [&arrived](const QDBusMessage& call) {
+            arrived = true;
+            return call.createReply();
+        });
+        bus.asyncCall(
+            QDBusMessage::createMethodCall(receiver.baseService(), "/echo", "test.Echo", "Echo"));
+        EXPECT_TRUE(QTest::qWaitFor([&arrived] { return arrived; }, 60'000));
+        QCoreApplication::processEvents();
+    }
 
     /// The calls so far, the latest last.
     std::vector<QDBusMessage> calls;

@@ -57,23 +57,12 @@ protected:
     }
 
     /// Until all that the portal sent so far has been dealt with.
-    void catchUp()
-    {
-        QDBusConnection bus = QDBusConnection::sessionBus();
-        bool arrived = false;
-        const FakeBusService echo(bus, "/echo", [&arrived](const QDBusMessage& call) {
-            arrived = true;
-            return call.createReply();
-        });
-        portal->connection().asyncCall(
-            QDBusMessage::createMethodCall(bus.baseService(), "/echo", "test.Echo", "Echo"));
-        EXPECT_TRUE(QTest::qWaitFor([&arrived] { return arrived; }));
-        QCoreApplication::processEvents();
-    }
+    void catchUp() { portal->waitUntilDealtWith(QDBusConnection::sessionBus()); }
 
     bool becomes(ColourScheme scheme)
     {
-        return QTest::qWaitFor([this, scheme] { return appearance->bestMatch() == scheme; });
+        return QTest::qWaitFor([this, scheme] { return appearance->bestMatch() == scheme; },
+                               60'000);
     }
 
     static void setPalette(Qt::GlobalColor text, Qt::GlobalColor window)
@@ -134,7 +123,7 @@ TEST_F(PortalAppearanceTest, ThePortalIsAskedForTheOneSetting)
 {
     startPortal(0U);
     startProgram();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !portal->calls.empty(); }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !portal->calls.empty(); }, 60'000));
 
     EXPECT_EQ(portal->calls.front().interface(), settingsInterface);
     EXPECT_EQ(portal->calls.front().member(), "Read");
@@ -147,7 +136,7 @@ TEST_F(PortalAppearanceTest, NoPreferenceOrAnUnknownOneLeavesItToThePalette)
     for (const QVariant& value : {QVariant(0U), QVariant(3U), QVariant("dark"), QVariant(-1)}) {
         startPortal(value);
         startProgram();
-        ASSERT_TRUE(QTest::qWaitFor([this] { return !portal->calls.empty(); }));
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !portal->calls.empty(); }, 60'000));
         catchUp();
 
         EXPECT_THAT(appearance->bestMatch(), Optional(ColourScheme::dark));
@@ -167,7 +156,7 @@ TEST_F(PortalAppearanceTest, APortalThatRefusesOrTalksNonsenseIsNone)
           FakeBusService::Answer([](const QDBusMessage&) { return std::nullopt; })}) {
         startPortalThat(answer);
         startProgram();
-        ASSERT_TRUE(QTest::qWaitFor([this] { return !portal->calls.empty(); }));
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !portal->calls.empty(); }, 60'000));
         catchUp();
 
         EXPECT_THAT(appearance->bestMatch(), Optional(ColourScheme::dark));
@@ -180,7 +169,7 @@ TEST_F(PortalAppearanceTest, EachChangeIsAnnouncedOnce)
     setPalette(Qt::black, Qt::white);
     startPortal(2U);
     startProgram();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !portal->calls.empty(); }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !portal->calls.empty(); }, 60'000));
     catchUp();
     ASSERT_EQ(changes, 0);
 
@@ -199,7 +188,7 @@ TEST_F(PortalAppearanceTest, OtherSettingsAreIgnored)
     setPalette(Qt::black, Qt::white);
     startPortal(0U);
     startProgram();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !portal->calls.empty(); }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !portal->calls.empty(); }, 60'000));
 
     announce(appearanceSpace, "accent-color", 1U);
     announce("org.gnome.desktop.interface", schemeKey, 1U);
@@ -214,7 +203,7 @@ TEST_F(PortalAppearanceTest, OthersThatSendTheSignalAreIgnored)
     setPalette(Qt::black, Qt::white);
     startPortal(0U);
     startProgram();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !portal->calls.empty(); }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !portal->calls.empty(); }, 60'000));
     FakeBusService other(sessionBus().connect(), "/org/freedesktop/portal/desktop",
                          [](const QDBusMessage& call) { return call.createReply(); });
     other.emitSignal(settingsInterface, "SettingChanged",
@@ -240,7 +229,7 @@ TEST_F(PortalAppearanceTest, AFloodOfChangesLeavesTheLastOne)
     setPalette(Qt::black, Qt::white);
     startPortal(0U);
     startProgram();
-    ASSERT_TRUE(QTest::qWaitFor([this] { return !portal->calls.empty(); }));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return !portal->calls.empty(); }, 60'000));
     catchUp();
     for (int sent = 0; sent < 10'000; ++sent) {
         portal->emitSignal(settingsInterface, "SettingChanged",

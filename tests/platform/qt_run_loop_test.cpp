@@ -31,7 +31,7 @@ protected:
 
     bool hasFired(int times)
     {
-        return QTest::qWaitFor([this, times] { return fired >= times; });
+        return QTest::qWaitFor([this, times] { return fired >= times; }, 60'000);
     }
 
     /// Until a timer that is due after all others that are short has fired.
@@ -39,7 +39,7 @@ protected:
     {
         bool passed = false;
         const auto last = runLoop.scheduleOnce(Seconds(0.03), [&passed] { passed = true; });
-        EXPECT_TRUE(QTest::qWaitFor([&passed] { return passed; }));
+        EXPECT_TRUE(QTest::qWaitFor([&passed] { return passed; }, 60'000));
     }
 
     QtRunLoop runLoop;
@@ -193,7 +193,7 @@ TEST_F(QtRunLoopTest, WhatAnotherThreadPostsRunsOnTheMainThread)
     std::thread([&] { runLoop.postToMain([&] { thread = QThread::currentThread(); }); }).join();
     EXPECT_EQ(thread, nullptr);
 
-    EXPECT_TRUE(QTest::qWaitFor([&] { return thread != nullptr; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return thread != nullptr; }, 60'000));
     EXPECT_EQ(thread, qApp->thread());
 }
 
@@ -210,9 +210,9 @@ TEST_F(QtRunLoopTest, BackgroundWorkRunsBesideTheMainThread)
     EXPECT_EQ(worker, std::thread::id());
     release.set_value();
 
-    EXPECT_TRUE(QTest::qWaitFor([&] { return worker != std::thread::id(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return worker != std::thread::id(); }, 60'000));
     EXPECT_NE(worker, std::this_thread::get_id());
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !runLoop.isBusy(); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !runLoop.isBusy(); }, 60'000));
 }
 
 TEST_F(QtRunLoopTest, WorkThatHangsHoldsNoOtherWorkUp)
@@ -226,7 +226,7 @@ TEST_F(QtRunLoopTest, WorkThatHangsHoldsNoOtherWorkUp)
     EXPECT_TRUE(hasFired(3));
     EXPECT_TRUE(runLoop.isBusy());
     release.set_value();
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !runLoop.isBusy(); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !runLoop.isBusy(); }, 60'000));
 }
 
 TEST_F(QtRunLoopTest, AnIdleRunLoopIsNotBusy)

@@ -85,7 +85,7 @@ TEST_F(NoTrayPanelTest, EscapeClosesTheWindow)
     QTest::keyClick(window->windowHandle(), Qt::Key_Escape);
 
     EXPECT_FALSE(controller.isOpen());
-    EXPECT_TRUE(QTest::qWaitFor([this] { return window.isNull(); }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window.isNull(); }, 60'000));
 }
 
 TEST_F(NoTrayPanelTest, QuitQuits)
@@ -104,7 +104,7 @@ TEST_F(NoTrayPanelTest, GrowsWithItsDevices)
     model().refresh(false);
     settle();
 
-    EXPECT_TRUE(QTest::qWaitFor([this, before] { return window->height() > before; }));
+    EXPECT_TRUE(QTest::qWaitFor([this, before] { return window->height() > before; }, 60'000));
 }
 
 } // namespace

@@ -39,7 +39,7 @@ protected:
     void expectGone()
     {
         EXPECT_FALSE(controller->isOpen());
-        EXPECT_TRUE(QTest::qWaitFor([this] { return living() == 0; }));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return living() == 0; }, 60'000));
     }
 
     void openActive()
@@ -108,7 +108,7 @@ TEST_F(PanelControllerTest, EachOpeningBuildsANewPanel)
     controller->open(iconAtTop);
 
     EXPECT_THAT(built, SizeIs(4));
-    EXPECT_TRUE(QTest::qWaitFor([this] { return living() == 1; }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return living() == 1; }, 60'000));
     EXPECT_TRUE(controller->isOpen());
 }
 
@@ -260,7 +260,7 @@ TEST_F(PanelControllerTest, APanelThatWaitedForATrayGivesWayToTheOrdinaryWindow)
     controller->open();
 
     EXPECT_EQ(panel()->windowType(), Qt::Window);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return living() == 1; }));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return living() == 1; }, 60'000));
 }
 
 TEST_F(PanelControllerTest, AnOrdinaryWindowStaysOpenAlsoOnceThereIsATray)
