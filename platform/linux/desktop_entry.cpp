@@ -175,7 +175,7 @@ bool DesktopEntry::isTrue(std::string_view key) const
 {
     const std::string written = value(key).value_or("");
     const std::string_view word = trimmedRight(written);
-    // The numbers are what early versions of the specification had in place of the words.
+    // Early versions of the Desktop Entry Specification had these numbers in place of the words.
     return word == "true" || word == "1";
 }
 
