@@ -143,6 +143,20 @@ TEST_F(TrayHostWatcherTest, AWatcherThatDoesNotAnswerHoldsNothingUp)
     EXPECT_TRUE(isReported());
 }
 
+TEST_F(TrayHostWatcherTest, AFloodOfHostsIsReportedOnce)
+{
+    startWatcher(false);
+    startProgram();
+    waitForQuestion();
+    for (int sent = 0; sent < 10'000; ++sent) {
+        registerHost();
+    }
+    catchUp();
+
+    EXPECT_EQ(reports, 1);
+    EXPECT_EQ(service->calls.size(), 1U);
+}
+
 TEST_F(TrayHostWatcherTest, NothingIsReportedOnceTheWatchingHasEnded)
 {
     startWatcher(true);
