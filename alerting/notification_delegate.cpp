@@ -17,7 +17,7 @@ NotificationRequest snoozedReminder(Seconds delay)
     request.content.title = L10n::t("notify.snoozeTitle");
     request.content.body = L10n::t("notify.snoozeBody");
     request.content.defaultSound = true;
-    request.delay = delay.count();
+    request.delay = delay;
     return request;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/seconds.h"
+
 #include <cstdint>
 #include <functional>
 #include <optional>
@@ -39,7 +41,7 @@ struct NotificationContent {
 struct NotificationRequest {
     std::string identifier;
     NotificationContent content;
-    std::optional<double> delay; ///< seconds
+    std::optional<Seconds> delay;
 
     bool operator==(const NotificationRequest&) const = default;
 };

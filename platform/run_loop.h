@@ -1,13 +1,11 @@
 #pragma once
 
-#include <chrono>
+#include "platform/seconds.h"
+
 #include <functional>
 #include <memory>
 
 namespace voltmere {
-
-/// A span of time as timers take it, in seconds.
-using Seconds = std::chrono::duration<double>;
 
 /// A scheduled timer. Destroying it cancels it.
 class Timer {

@@ -2,7 +2,7 @@
 
 #include "platform/calendar.h"
 #include "platform/clock.h"
-#include "platform/run_loop.h"
+#include "platform/seconds.h"
 
 namespace voltmere {
 

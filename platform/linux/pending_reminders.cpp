@@ -8,9 +8,9 @@ namespace voltmere {
 namespace {
 
 /// A delay that timers can count; what is no number is no delay.
-Seconds usableDelay(double delay)
+Seconds usableDelay(Seconds delay)
 {
-    return delay > 0 ? Seconds(std::min(delay, longestReminderDelay)) : Seconds::zero();
+    return delay > Seconds::zero() ? std::min(delay, longestReminderDelay) : Seconds::zero();
 }
 
 } // namespace
@@ -25,7 +25,7 @@ PendingReminders::PendingReminders(ReminderStore reminderStore, RunLoop& runLoop
 {
     for (Reminder& reminder : store.load()) {
         // A clock that was set back makes nobody wait for longer than they asked for.
-        const Seconds asked(reminder.request.delay.value_or(0));
+        const Seconds asked = reminder.request.delay.value_or(Seconds::zero());
         const Seconds remaining =
             std::clamp(Seconds(reminder.due - clock.now()), Seconds::zero(), asked);
         arm(std::move(reminder), remaining);
@@ -39,8 +39,8 @@ void PendingReminders::add(NotificationRequest request)
         log.report("too many reminders are pending, so another one is not taken");
         return;
     }
-    const Seconds delay = usableDelay(request.delay.value_or(0));
-    request.delay = delay.count();
+    const Seconds delay = usableDelay(request.delay.value_or(Seconds::zero()));
+    request.delay = delay;
     const Instant dueTime = clock.now() + std::chrono::duration_cast<Instant::duration>(delay);
     arm({std::move(request), dueTime}, delay);
     save();

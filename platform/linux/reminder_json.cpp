@@ -31,9 +31,10 @@ bool isUsable(const QDateTime& due)
 std::optional<Reminder> readReminder(const QJsonObject& entry)
 {
     const QDateTime due = QDateTime::fromString(entry["due"].toString(), Qt::ISODateWithMs);
-    const double delay = entry["delay"].toDouble(-1);
+    const Seconds delay(entry["delay"].toDouble(-1));
     if (entry["identifier"].toString().isEmpty() || !entry["title"].isString() ||
-        !entry["body"].isString() || !isUsable(due) || delay < 0 || delay > longestReminderDelay) {
+        !entry["body"].isString() || !isUsable(due) || delay < Seconds::zero() ||
+        delay > longestReminderDelay) {
         return std::nullopt;
     }
     Reminder reminder;
@@ -63,7 +64,7 @@ QJsonObject entryOf(const Reminder& reminder)
             {"body", QString::fromStdString(content.body)},
             {"sound", content.defaultSound},
             {"category", QString::fromStdString(content.category)},
-            {"delay", delay.value_or(0)},
+            {"delay", delay.value_or(Seconds::zero()).count()},
             {"due", dueTime.toString(Qt::ISODateWithMs)}};
 }
 

@@ -19,7 +19,7 @@ struct Reminder {
 };
 
 inline constexpr std::size_t mostReminders = 64;
-inline constexpr double longestReminderDelay = 366.0 * 86'400; ///< seconds
+inline constexpr Seconds longestReminderDelay = std::chrono::days(366);
 
 /// The file that keeps reminders while the program does not run: a JSON object whose "reminders"
 /// are objects of "identifier", "title", "body", "sound", "category", "delay" (seconds) and "due"

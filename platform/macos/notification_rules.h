@@ -11,10 +11,10 @@ namespace voltmere {
 /// Source: UserNotifications, UNTimeIntervalNotificationTrigger.
 inline std::optional<double> triggerInterval(const NotificationRequest& request)
 {
-    if (!request.delay || !(*request.delay > 0)) {
+    if (!request.delay || !(*request.delay > Seconds::zero())) {
         return std::nullopt;
     }
-    return request.delay;
+    return request.delay->count();
 }
 
 } // namespace voltmere

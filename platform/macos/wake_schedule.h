@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/run_loop.h"
+#include "platform/seconds.h"
 
 #include <algorithm>
 #include <cmath>

@@ -140,7 +140,7 @@ TEST_F(NotificationDelegateTest, ANotificationWhileTheProgramIsFrontmostIsABanne
 
 struct TimedChoice {
     const char* action;
-    double delay;
+    double seconds;
 };
 
 class TimedChoiceTest : public NotificationDelegateTest,
@@ -152,7 +152,7 @@ TEST_P(TimedChoiceTest, AddsOneReminderAfterItsDelayAndThenCompletesOnce)
 
     ASSERT_THAT(centre.requests, SizeIs(1));
     EXPECT_EQ(requestsAtCompletion, 1U);
-    EXPECT_EQ(centre.requests[0].delay, GetParam().delay);
+    EXPECT_EQ(centre.requests[0].delay, Seconds(GetParam().seconds));
     EXPECT_THAT(centre.requests[0].identifier, SizeIs(43));
     EXPECT_THAT(centre.requests[0].identifier, MatchesRegex("snooze-" + uuidForm));
     EXPECT_EQ(centre.requests[0].content,
@@ -176,7 +176,7 @@ TEST_F(NotificationDelegateTest, ChoosingSnooze60AddsExactlyOneRequestOf3600Seco
     ASSERT_THAT(centre.requests, SizeIs(1));
     EXPECT_THAT(centre.requests[0].identifier, StartsWith("snooze-"));
     EXPECT_EQ(centre.requests[0].identifier.size(), 7U + 36U);
-    EXPECT_EQ(centre.requests[0].delay, 3600.0);
+    EXPECT_EQ(centre.requests[0].delay, Seconds(3600));
 }
 
 TEST_F(NotificationDelegateTest, TheReminderSpeaksTheLanguageOfTheMoment)

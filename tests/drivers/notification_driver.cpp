@@ -69,7 +69,7 @@ public:
     void add(NotificationRequest request) override
     {
         const std::string when =
-            request.delay ? "after " + std::to_string(*request.delay) + " s" : "at once";
+            request.delay ? "after " + std::to_string(request.delay->count()) + " s" : "at once";
         print("add " + request.identifier + " " + when + ": " + request.content.title + " | " +
               request.content.body + (request.content.defaultSound ? " | sound" : ""));
         real->add(std::move(request));

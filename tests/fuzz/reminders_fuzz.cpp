@@ -12,7 +12,8 @@ void checkReminder(const Reminder& reminder)
 {
     const auto& [identifier, content, delay] = reminder.request;
     fuzz::require(!identifier.empty(), "a reminder has an identifier");
-    fuzz::require(delay && *delay >= 0 && *delay <= longestReminderDelay, "a usable delay");
+    fuzz::require(delay && *delay >= Seconds::zero() && *delay <= longestReminderDelay,
+                  "a usable delay");
     for (const std::string& text : {identifier, content.title, content.body, content.category}) {
         fuzz::require(reference::decoded(text).has_value(), "texts are UTF-8");
     }

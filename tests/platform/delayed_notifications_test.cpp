@@ -119,7 +119,7 @@ TEST_F(DelayedNotificationsTest, AReminderThatNoDaemonTookWaitsForTheNextStart)
 
 TEST_F(DelayedNotificationsTest, AReminderKeepsItsContentAcrossTheEnd)
 {
-    NotificationRequest full{"id", {"电量 \"x\"", "<b>\n", true, "CHOICE"}, 60.0};
+    NotificationRequest full{"id", {"电量 \"x\"", "<b>\n", true, "CHOICE"}, Seconds(60)};
     centre->add(full);
     restartAfter(1s);
     runLoop.advance(59s);

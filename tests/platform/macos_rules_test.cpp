@@ -16,7 +16,7 @@ namespace {
 using testing::Optional;
 using Status = LoginItemService::Status;
 
-NotificationRequest requestAfter(std::optional<double> delay)
+NotificationRequest requestAfter(std::optional<Seconds> delay)
 {
     NotificationRequest request;
     request.delay = delay;
@@ -25,16 +25,15 @@ NotificationRequest requestAfter(std::optional<double> delay)
 
 TEST(NotificationRulesTest, ADelayIsTheTriggersInterval)
 {
-    EXPECT_THAT(triggerInterval(requestAfter(1200.0)), Optional(1200.0));
-    EXPECT_THAT(triggerInterval(requestAfter(0.001)), Optional(0.001));
+    EXPECT_THAT(triggerInterval(requestAfter(Seconds(1200))), Optional(1200.0));
+    EXPECT_THAT(triggerInterval(requestAfter(Seconds(0.001))), Optional(0.001));
 }
 
 TEST(NotificationRulesTest, WhatATriggerWouldThrowAtIsPostedAtOnce)
 {
-    for (const std::optional<double> delay :
-         {std::optional<double>(), std::optional(0.0), std::optional(-5.0),
-          std::optional(std::numeric_limits<double>::quiet_NaN())}) {
-        EXPECT_EQ(triggerInterval(requestAfter(delay)), std::nullopt);
+    EXPECT_EQ(triggerInterval(requestAfter(std::nullopt)), std::nullopt);
+    for (const double seconds : {0.0, -5.0, std::numeric_limits<double>::quiet_NaN()}) {
+        EXPECT_EQ(triggerInterval(requestAfter(Seconds(seconds))), std::nullopt);
     }
 }
 

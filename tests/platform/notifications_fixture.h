@@ -85,10 +85,10 @@ protected:
         return {"id-" + title, {title, "Body", false, category}, std::nullopt};
     }
 
-    static NotificationRequest delayed(const std::string& title, double delay)
+    static NotificationRequest delayed(const std::string& title, double seconds)
     {
         NotificationRequest result = request(title);
-        result.delay = delay;
+        result.delay = Seconds(seconds);
         return result;
     }
 

@@ -30,7 +30,7 @@ const Instant dueTime = Instant(std::chrono::sys_days(std::chrono::year(2026) / 
 
 Reminder sample(const std::string& identifier = "snooze-1")
 {
-    return {{identifier, {"Title", "Body", true, ""}, 1200.0}, dueTime};
+    return {{identifier, {"Title", "Body", true, ""}, Seconds(1200)}, dueTime};
 }
 
 const std::string sampleEntry = R"({"identifier": "snooze-1", "title": "Title", "body": "Body",
@@ -89,7 +89,7 @@ TEST_F(ReminderStoreTest, WhatWasSavedIsLoadedAgain)
 {
     Reminder other = sample("snooze-2");
     other.request.content = {"电量提醒", "a\n\"b\" <c> 🔋 100%s", false, "CHOICE"};
-    other.request.delay = 0.5;
+    other.request.delay = Seconds(0.5);
     store().save({sample(), other});
 
     EXPECT_THAT(load(), ElementsAre(sample(), other));
