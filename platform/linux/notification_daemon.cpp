@@ -63,17 +63,17 @@ NotificationDaemon::NotificationDaemon(QDBusConnection bus, SystemLog& log,
 
 bool NotificationDaemon::isReady() const
 {
-    return daemon && unanswered < mostUnanswered;
+    return daemon && bus.isConnected() && unanswered < mostUnanswered;
 }
 
 void NotificationDaemon::contact()
 {
     wanted = true;
-    if (daemon || asking) {
-        return;
-    }
     if (!bus.isConnected()) {
         log.report("there is no session bus, so notifications are not shown");
+        return;
+    }
+    if (daemon || asking) {
         return;
     }
     watchOwner();

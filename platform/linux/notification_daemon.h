@@ -43,8 +43,8 @@ public:
     NotificationDaemon(QDBusConnection bus, SystemLog& log, std::chrono::milliseconds replyLimit,
                        std::function<void()> ready);
 
-    /// Whether it can be given a notification now: it is known, and has not left too many calls
-    /// without an answer.
+    /// Whether it can be given a notification now: the bus lives, the daemon is known, and has not
+    /// left too many calls without an answer.
     bool isReady() const;
 
     /// Makes the daemon known, and starts it where the bus can. Where there is none, one that comes

@@ -117,6 +117,19 @@ TEST_F(DelayedNotificationsTest, AReminderThatNoDaemonTookWaitsForTheNextStart)
     EXPECT_THAT(saved(), Not(HasSubstr("id-Later")));
 }
 
+TEST_F(DelayedNotificationsTest, AReminderThatFallsDueAfterTheEndOfTheBusWaitsForTheNextStart)
+{
+    centre->add(request("Now"));
+    ASSERT_TRUE(waitForShown(1));
+    centre->add(delayed("Later", 1200));
+    bus.stop();
+    ASSERT_TRUE(waitFor([this] { return !client.isConnected(); }));
+    runLoop.advance(1200s);
+
+    EXPECT_THAT(log.lines, ElementsAre(HasSubstr("there is no session bus")));
+    EXPECT_THAT(saved(), HasSubstr("id-Later"));
+}
+
 TEST_F(DelayedNotificationsTest, AReminderKeepsItsContentAcrossTheEnd)
 {
     NotificationRequest full{"id", {"电量 \"x\"", "<b>\n", true, "CHOICE"}, Seconds(60)};
