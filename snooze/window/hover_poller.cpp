@@ -6,6 +6,18 @@
 
 namespace voltmere {
 
+namespace {
+
+/// A rectangle holds its left and upper edge and not the other two, where the next pixel begins.
+bool holds(const QWidget& view, const QPointF& onScreen)
+{
+    const QPointF point = view.mapFromGlobal(onScreen);
+    return point.x() >= 0 && point.y() >= 0 && point.x() < view.width() &&
+        point.y() < view.height();
+}
+
+} // namespace
+
 HoverPoller::HoverPoller(QWidget* window, std::vector<Item> givenItems, const Pointer& pointer,
                          RunLoop& runLoop)
     : window(window)
@@ -53,8 +65,7 @@ void HoverPoller::refresh()
         return;
     }
     for (const Item& item : items) {
-        const QPointF point = item.view->mapFromGlobal(QPointF(position->x, position->y));
-        item.hover->setHovering(QRectF(item.view->rect()).contains(point));
+        item.hover->setHovering(holds(*item.view, QPointF(position->x, position->y)));
     }
 }
 

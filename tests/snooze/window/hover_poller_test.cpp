@@ -127,18 +127,19 @@ TEST_F(HoverPollerTest, MovingFromOneControlToTheOtherChangesBothOnTheSameTick)
     EXPECT_THAT(rightHover.told, ElementsAre(false, true));
 }
 
-TEST_F(HoverPollerTest, ThePointerOnAnEdgeCountsAndJustOutsideDoesNot)
+TEST_F(HoverPollerTest, ThePointerOnTheControlsLastPixelsCountsAndJustOutsideDoesNot)
 {
     pointAt({10, 10});
     start();
-    pointAt({9, 10});
-    tick();
-    pointAt({60, 38});
-    tick();
-    pointAt({61, 20});
-    tick();
+    for (const QPoint outside : {QPoint(9, 10), QPoint(10, 9), QPoint(60, 20), QPoint(20, 38)}) {
+        pointAt(outside);
+        tick();
+        pointAt({59, 37});
+        tick();
+    }
 
-    EXPECT_THAT(leftHover.told, ElementsAre(true, false, true, false));
+    EXPECT_THAT(leftHover.told,
+                ElementsAre(true, false, true, false, true, false, true, false, true));
 }
 
 TEST_F(HoverPollerTest, OverlappingControlsMayBothBeHovered)
