@@ -4,12 +4,15 @@
 #include "ui/panel_metrics.h"
 #include "ui/wrapping_label.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QVBoxLayout>
 
 namespace voltmere {
 
-NoTrayPanel::NoTrayPanel(BatteryModel& model, std::unique_ptr<QWidget> content)
-    : notice(new WrappingLabel(this))
+NoTrayPanel::NoTrayPanel(BatteryModel& model, std::unique_ptr<QWidget> givenContent)
+    : content(givenContent.release())
+    , notice(new WrappingLabel(this))
     , redrawScheduler(model.objectWillChange, [this] { redraw(); })
 {
     notice->setObjectName("noTray");
@@ -17,13 +20,21 @@ NoTrayPanel::NoTrayPanel(BatteryModel& model, std::unique_ptr<QWidget> content)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->setSizeConstraint(QLayout::SetFixedSize);
-    column->addWidget(content.release());
+    column->addWidget(content);
     auto* const margin = new QVBoxLayout;
     margin->setContentsMargins(panelMetrics::padding, 0, panelMetrics::padding,
                                panelMetrics::padding);
     margin->addWidget(notice);
     column->addLayout(margin);
     redraw();
+}
+
+void NoTrayPanel::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        QApplication::sendEvent(content, event);
+    }
 }
 
 void NoTrayPanel::redraw()

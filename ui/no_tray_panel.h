@@ -17,9 +17,14 @@ class NoTrayPanel : public QWidget {
 public:
     NoTrayPanel(BatteryModel& model, std::unique_ptr<QWidget> content);
 
+protected:
+    /// Tells the content of a change of colours that only this window was told of.
+    void changeEvent(QEvent* event) override;
+
 private:
     void redraw();
 
+    QWidget* content;
     WrappingLabel* notice;
     RedrawScheduler redrawScheduler;
 };

@@ -3,6 +3,8 @@
 #include "ui/panel_controller.h"
 #include "ui/panel_fixture.h"
 
+#include "ui/colours.h"
+
 #include <QPointer>
 
 namespace voltmere {
@@ -65,6 +67,20 @@ TEST_F(NoTrayPanelTest, FollowsTheLanguage)
 
     EXPECT_EQ(notice().text(), "此桌面没有系统托盘。再次启动本程序即可重新打开此面板。");
     EXPECT_EQ(window->windowTitle(), "续航哨兵");
+}
+
+TEST_F(NoTrayPanelTest, AChangeOfSchemeThatTheWindowIsToldOfReachesThePanel)
+{
+    world.setLevels({{803, 5}});
+    openWindow();
+    const auto* const status = content->findChild<QLabel*>("status");
+    ASSERT_EQ(status->palette().color(QPalette::WindowText), systemRed(ColourScheme::light));
+    appearance.scheme = ColourScheme::dark;
+    QEvent change(QEvent::PaletteChange);
+    QCoreApplication::sendEvent(window, &change);
+    settle();
+
+    EXPECT_EQ(status->palette().color(QPalette::WindowText), systemRed(ColourScheme::dark));
 }
 
 TEST_F(NoTrayPanelTest, OpeningItTakesAReadingAsThePanelDoes)
