@@ -11,6 +11,7 @@ add_library(voltmere_ui STATIC
   platform/qt/qt_defaults.cpp
   platform/qt/qt_pointer.cpp
   platform/qt/qt_run_loop.cpp
+  platform/qt/scheduled_timer.cpp
   snooze/window/alert_rows.cpp
   snooze/window/hover_controls.cpp
   snooze/window/hover_poller.cpp
@@ -46,7 +47,7 @@ add_library(voltmere_ui STATIC
 if(APPLE)
   include(cmake/MacPorts.cmake)
   target_link_libraries(voltmere_ui PUBLIC voltmere_macos)
-  target_sources(voltmere_ui PRIVATE platform/macos/wake_timer.cpp)
+  target_sources(voltmere_ui PRIVATE platform/macos/thread_class.cpp platform/macos/wake_timer.cpp)
 else()
   find_package(Qt6 6.4 REQUIRED COMPONENTS DBus)
   find_package(PkgConfig REQUIRED)
@@ -61,6 +62,7 @@ else()
     platform/linux/portal_appearance.cpp
     platform/linux/reminder_json.cpp
     platform/linux/reminder_store.cpp
+    platform/linux/thread_class.cpp
     platform/linux/tray_host_watcher.cpp
     platform/linux/wake_timer.cpp
     platform/linux/wayland_display.cpp

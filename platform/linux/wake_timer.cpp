@@ -1,10 +1,12 @@
 #include "platform/qt/wake_timer.h"
 
 #include "platform/posix/file_descriptor.h"
+#include "platform/qt/scheduled_timer.h"
 
 #include <QSocketNotifier>
 
 #include <sys/timerfd.h>
+#include <time.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -23,11 +25,18 @@ timespec toTimespec(Seconds span)
     return {wholeSeconds.count(), (whole - wholeSeconds).count()};
 }
 
+Seconds bootTime()
+{
+    timespec time{};
+    ::clock_gettime(CLOCK_BOOTTIME, &time);
+    return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
+}
+
 /// CLOCK_BOOTTIME counts the time in which the machine is suspended, unlike CLOCK_MONOTONIC.
 class BootTimer : public Timer {
 public:
-    BootTimer(Seconds delay, Seconds interval, std::function<void()> action)
-        : descriptor(::timerfd_create(CLOCK_BOOTTIME, TFD_CLOEXEC | TFD_NONBLOCK))
+    BootTimer(FileDescriptor timer, Seconds delay, Seconds interval, std::function<void()> action)
+        : descriptor(std::move(timer))
         , notifier(descriptor.get(), QSocketNotifier::Read)
         , action(std::move(action))
     {
@@ -66,7 +75,13 @@ private:
 
 std::unique_ptr<Timer> makeWakeTimer(Seconds delay, Seconds interval, std::function<void()> action)
 {
-    return std::make_unique<BootTimer>(delay, interval, std::move(action));
+    FileDescriptor timer(::timerfd_create(CLOCK_BOOTTIME, TFD_CLOEXEC | TFD_NONBLOCK));
+    if (!timer) {
+        // No descriptor is left. A timer of Qt's needs none, but nothing tells it of a sleep.
+        return std::make_unique<ScheduledTimer>(&bootTime, Seconds(60), delay, interval,
+                                                std::move(action));
+    }
+    return std::make_unique<BootTimer>(std::move(timer), delay, interval, std::move(action));
 }
 
 } // namespace voltmere

@@ -1,12 +1,8 @@
 #include "platform/qt/wake_timer.h"
 
 #include "platform/macos/wake_observer.h"
-#include "platform/macos/wake_schedule.h"
+#include "platform/qt/scheduled_timer.h"
 
-#include <QTimer>
-
-#include <algorithm>
-#include <limits>
 #include <time.h>
 #include <utility>
 
@@ -22,52 +18,18 @@ Seconds continuousTime()
     return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
-/// Qt's timers stand still while the machine sleeps, so each wake asks anew how long to wait.
+/// Each wake asks anew how long to wait.
 class WakeTimer : public Timer {
 public:
     WakeTimer(Seconds delay, Seconds interval, std::function<void()> action)
-        : schedule(continuousTime(), delay, interval)
-        , action(std::move(action))
-        , wake([this] { wait(); })
+        : timer(&continuousTime, ScheduledTimer::longestWaitOfQt, delay, interval,
+                std::move(action))
+        , wake([this] { timer.look(); })
     {
-        timer.setSingleShot(true);
-        timer.setTimerType(Qt::PreciseTimer);
-        QObject::connect(&timer, &QTimer::timeout, &timer, [this] { fireIfDue(); });
-        wait();
     }
 
 private:
-    void wait()
-    {
-        if (finished) {
-            return;
-        }
-        using std::chrono::milliseconds;
-        const auto whole = std::chrono::ceil<milliseconds>(schedule.remaining(continuousTime()));
-        constexpr milliseconds longest{std::numeric_limits<int>::max()};
-        timer.start(std::min(whole, longest));
-    }
-
-    void fireIfDue()
-    {
-        const Seconds now = continuousTime();
-        if (!schedule.isDue(now)) {
-            wait();
-            return;
-        }
-        finished = !schedule.repeats();
-        if (!finished) {
-            schedule.advancePast(now);
-            wait();
-        }
-        const std::function<void()> current = action; // the action may destroy this timer
-        current();
-    }
-
-    WakeSchedule schedule;
-    std::function<void()> action;
-    bool finished = false;
-    QTimer timer;
+    ScheduledTimer timer;
     WakeObserver wake;
 };
 

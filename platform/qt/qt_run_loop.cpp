@@ -1,5 +1,6 @@
 #include "platform/qt/qt_run_loop.h"
 
+#include "platform/qt/thread_class.h"
 #include "platform/qt/wake_timer.h"
 
 #include <QMetaObject>
@@ -40,6 +41,7 @@ void QtRunLoop::runInBackground(Action work)
     ++*running;
     try {
         std::thread([work = std::move(work), running = running] {
+            becomeUtilityThread();
             work();
             --*running;
         }).detach();

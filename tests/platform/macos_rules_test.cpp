@@ -4,7 +4,6 @@
 #include "platform/macos/login_item_status.h"
 #include "platform/macos/notification_rules.h"
 #include "platform/macos/screen_coordinates.h"
-#include "platform/macos/wake_schedule.h"
 
 #include <gmock/gmock.h>
 
@@ -79,43 +78,6 @@ TEST(InstanceChoiceTest, OfTwoThatStartTogetherExactlyOneStays)
     const std::vector<RunningInstance> both{{500, false}, {501, false}};
     EXPECT_FALSE(givesWay(500, both));
     EXPECT_TRUE(givesWay(501, both));
-}
-
-TEST(WakeScheduleTest, ItIsDueOnceItsDelayHasPassed)
-{
-    const WakeSchedule schedule(Seconds(1000), Seconds(1800), Seconds(0));
-
-    EXPECT_FALSE(schedule.repeats());
-    EXPECT_FALSE(schedule.isDue(Seconds(2799)));
-    EXPECT_EQ(schedule.remaining(Seconds(2799)), Seconds(1));
-    EXPECT_TRUE(schedule.isDue(Seconds(2800)));
-}
-
-TEST(WakeScheduleTest, WhatFellDueDuringASleepIsDueAtOnce)
-{
-    const WakeSchedule schedule(Seconds(0), Seconds(1800), Seconds(0));
-
-    EXPECT_TRUE(schedule.isDue(Seconds(9000)));
-    EXPECT_EQ(schedule.remaining(Seconds(9000)), Seconds(0));
-}
-
-TEST(WakeScheduleTest, ARepeatingOneComesBackAfterEachInterval)
-{
-    WakeSchedule schedule(Seconds(0), Seconds(60), Seconds(60));
-    EXPECT_TRUE(schedule.repeats());
-    schedule.advancePast(Seconds(60));
-    EXPECT_EQ(schedule.remaining(Seconds(60)), Seconds(60));
-    schedule.advancePast(Seconds(121));
-    EXPECT_EQ(schedule.remaining(Seconds(121)), Seconds(59));
-}
-
-TEST(WakeScheduleTest, MissedPeriodsCountAsOne)
-{
-    WakeSchedule schedule(Seconds(0), Seconds(60), Seconds(60));
-    schedule.advancePast(Seconds(3630));
-
-    EXPECT_FALSE(schedule.isDue(Seconds(3630)));
-    EXPECT_EQ(schedule.remaining(Seconds(3630)), Seconds(30));
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "platform/qt/qt_run_loop.h"
 
+#include "platform/few_descriptors.h"
+
 #include <gmock/gmock.h>
 
 #include <QElapsedTimer>
@@ -45,6 +47,22 @@ protected:
     QtRunLoop runLoop;
     int fired = 0;
 };
+
+TEST_F(QtRunLoopTest, WithoutFileDescriptorsATimerFiresAllTheSame)
+{
+    std::unique_ptr<Timer> once;
+    std::unique_ptr<Timer> again;
+    int repeated = 0;
+    {
+        const FewDescriptors scarcity(0);
+        once = runLoop.scheduleOnce(soon, count());
+        again = runLoop.scheduleRepeating(soon, [&repeated] { ++repeated; });
+    }
+
+    EXPECT_TRUE(hasFired(1));
+    EXPECT_TRUE(QTest::qWaitFor([&repeated] { return repeated >= 3; }, 60'000));
+    EXPECT_EQ(fired, 1);
+}
 
 TEST_F(QtRunLoopTest, ATimerFiresOnceAfterItsDelayAndNotBefore)
 {

@@ -1,8 +1,8 @@
 #include "platform/linux/sysfs_battery_source.h"
 #include "platform/posix/atomic_file.h"
-#include "platform/posix/file_descriptor.h"
 #include "platform/posix/posix_process_runner.h"
 #include "platform/posix/posix_system_log.h"
+#include "tests/platform/few_descriptors.h"
 #include "tests/platform/sysfs_fixture.h"
 
 #include <gmock/gmock.h>
@@ -12,9 +12,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
-#include <vector>
-
 namespace voltmere {
 namespace {
 
@@ -23,32 +20,6 @@ using testing::HasSubstr;
 using testing::SizeIs;
 
 // What the program does where the system has nothing left to give.
-
-/// Takes every file descriptor of this process but a few.
-class FewDescriptors {
-public:
-    explicit FewDescriptors(std::size_t left)
-    {
-        EXPECT_EQ(::getrlimit(RLIMIT_NOFILE, &previous), 0);
-        const rlimit limit{64, previous.rlim_max};
-        EXPECT_EQ(::setrlimit(RLIMIT_NOFILE, &limit), 0);
-        for (int taken = ::dup(STDERR_FILENO); taken >= 0; taken = ::dup(STDERR_FILENO)) {
-            held.emplace_back(taken);
-        }
-        EXPECT_EQ(errno, EMFILE);
-        EXPECT_GT(held.size(), left);
-        held.resize(held.size() - left);
-    }
-
-    ~FewDescriptors() { ::setrlimit(RLIMIT_NOFILE, &previous); }
-
-    FewDescriptors(const FewDescriptors&) = delete;
-    FewDescriptors& operator=(const FewDescriptors&) = delete;
-
-private:
-    rlimit previous{};
-    std::vector<FileDescriptor> held;
-};
 
 ProcessRequest childThatSays(const std::string& text, ProcessRequest::ErrorOutput errors)
 {
