@@ -50,7 +50,9 @@ int VoltmereApp::run()
     }
     const int status = QApplication::exec();
     if (services.runLoop.isBusy()) {
-        // A reading still uses what an ordinary end would destroy. Nothing is left to save.
+        // A reading still uses what an ordinary end would destroy, but not the settings: what was
+        // changed last may still have to be saved.
+        services.defaults.reset();
         std::_Exit(status);
     }
     return status;

@@ -166,13 +166,14 @@ class Program:
         self.press(self.wait_for_alert(), "push button", choice)
         wait_until(lambda: self.alert() is None, "the end of the reminder")
 
-    def tab_to(self, role, name):
-        """Presses Tab until a control has the keyboard, known by its name or its label."""
-        for _ in range(20):
+    def tab_to(self, role, name, key="Tab"):
+        """Presses Tab until a control has the keyboard, known by its name or its label. Returns how
+        often that was."""
+        for presses in range(20):
             control = self.focused()
             if control and control.role == role and name in (control.name, control.label()):
-                return
-            self.desktop.keys("Tab")
+                return presses
+            self.desktop.keys(key)
             wait_until(lambda: self.keyboard_moved_from(control), "a move of the keyboard")
         raise Failure(f"Tab does not reach the {role} “{name}”")
 

@@ -2,6 +2,7 @@
 """The tool that tells the levels misbehaves in every way."""
 
 import os
+import signal
 
 from story import Story, tell
 from virtual_desktop.processes import wait_until
@@ -62,6 +63,19 @@ class UnrulyTools(Story):
         self.assert_reads("No peripherals found")
         self.assert_right_reading(54)
         self.assertEqual(self.program.end(), 0)
+
+    def test_a_change_at_the_very_end_is_saved_while_the_tool_hangs(self):
+        self.install("#!/bin/sh\nexec sleep 1000\n")
+        program = self.start_with("--tools", str(self.tools), "--panel")
+        program.wait_for_panel()
+        program.tab_to("push button", "Quit")
+        way = program.tab_to("combo box", "Threshold", key="shift+Tab")
+        # All keys are there before the program sees the first one.
+        program.process.send_signal(signal.SIGSTOP)
+        self.desktop.keys("3", "5", *["Tab"] * way, "space")
+        program.process.send_signal(signal.SIGCONT)
+        self.assertEqual(program.end_by_itself(), 0)
+        self.assertEqual(program.settings()["threshold"], 35)
 
     def assert_click_acts(self, panel):
         toggle = panel.all("check box", "Daily check")[0]
