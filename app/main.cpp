@@ -3,6 +3,7 @@
 #include "app/exit_status.h"
 #include "app/list_command.h"
 #include "app/platform_factory.h"
+#include "app/qt_start.h"
 #include "app/screenshots.h"
 #include "app/single_instance.h"
 #include "app/terminal_output.h"
@@ -65,7 +66,7 @@ int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
     if (const auto problem = voltmere::displayProblem()) {
         return reportNoDisplay(*problem);
     }
-    const QApplication application(argc, argv);
+    const auto application = voltmere::startQt(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setDesktopFileName(voltmere::applicationId);
     const auto log = voltmere::makeSystemLog();
@@ -82,7 +83,7 @@ int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
 int drawScreenshots(const CommandLine& commandLine, int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
+    const auto application = voltmere::startQt(argc, argv);
     return voltmere::drawScreenshots(commandLine);
 }
 

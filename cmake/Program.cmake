@@ -91,6 +91,7 @@ add_library(voltmere_app STATIC
   app/diagnose_command.cpp
   app/list_command.cpp
   app/peripherals.cpp
+  app/qt_start.cpp
   app/reading_report.cpp
   app/screenshots.cpp
   app/services.cpp

@@ -1,8 +1,17 @@
 // Runs the built program without a display that it could use.
 
+#include "platform/posix/file_descriptor.h"
 #include "tests/app/program_fixture.h"
 
 #include <gmock/gmock.h>
+
+#include <QLibraryInfo>
+
+#include <sys/socket.h>
+#include <sys/un.h>
+
+#include <filesystem>
+#include <vector>
 
 namespace voltmere {
 namespace {
@@ -20,6 +29,36 @@ protected:
         EXPECT_EQ(outcome.output, "");
         EXPECT_THAT(outcome.errors, MatchesRegex("voltmere: [^\n]+; [^\n]+ use --list[^\n]*\n"));
         return outcome.errors;
+    }
+
+    /// Something that takes connections, and says nothing.
+    static FileDescriptor listenAt(const std::string& path)
+    {
+        FileDescriptor listening(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        EXPECT_LT(path.copy(address.sun_path, sizeof address.sun_path), sizeof address.sun_path);
+        const void* const general = &address;
+        EXPECT_EQ(::bind(listening.get(), static_cast<const sockaddr*>(general), sizeof address),
+                  0);
+        EXPECT_EQ(::listen(listening.get(), 1), 0);
+        return listening;
+    }
+
+    /// Lets the program run where Qt has these platform plugins and no others.
+    void usePluginsOfQt(const std::vector<std::string>& names)
+    {
+        namespace files = std::filesystem;
+        const files::path installed =
+            QLibraryInfo::path(QLibraryInfo::PluginsPath).toStdString() + "/platforms";
+        files::create_directories(directory / "plugins" / "platforms");
+        for (const std::string& name : names) {
+            ASSERT_TRUE(files::exists(installed / name)) << installed / name;
+            files::create_symlink(installed / name, directory / "plugins" / "platforms" / name);
+        }
+        files::copy_file(executable, directory / "voltmere");
+        writeFile(directory / "qt.conf", "[Paths]\nPlugins=plugins\n");
+        executable = directory / "voltmere";
     }
 };
 
@@ -72,11 +111,29 @@ TEST_F(DisplayTest, APlatformOfQtWhoseDisplayCannotBeReached)
     }
 }
 
+TEST_F(DisplayTest, APlatformThatQtDoesNotHave)
+{
+    variables["QT_QPA_PLATFORM"] = "nonsense";
+
+    EXPECT_THAT(problem(), HasSubstr("platform plugin \"nonsense\""));
+}
+
+TEST_F(DisplayTest, ACompositorForWhichQtHasNoPlugin)
+{
+    const FileDescriptor compositor = listenAt(runtime() / "wayland-0");
+    variables["WAYLAND_DISPLAY"] = "wayland-0";
+    variables["XDG_SESSION_TYPE"] = "wayland";
+    usePluginsOfQt({"libqoffscreen.so", "libqxcb.so"});
+
+    EXPECT_THAT(problem(), HasSubstr("platform plugin \"wayland\""));
+}
+
 TEST_F(DisplayTest, ControlCharactersDoNotReachTheTerminal)
 {
-    variables["DISPLAY"] = "\x1B[31m";
-
-    EXPECT_THAT(problem(), testing::Not(HasSubstr("\x1B")));
+    for (const char* const variable : {"DISPLAY", "QT_QPA_PLATFORM"}) {
+        variables = {{variable, "\x1B[31m"}};
+        EXPECT_THAT(problem(), testing::Not(HasSubstr("\x1B")));
+    }
 }
 
 TEST_F(DisplayTest, WithoutASessionBusTheProgramRunsAndSaysWhatDoesNotWork)

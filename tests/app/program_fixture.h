@@ -100,7 +100,7 @@ protected:
     void start(QProcess& program, const QStringList& words) const
     {
         program.setProcessEnvironment(environment());
-        program.start(VOLTMERE_PROGRAM, words);
+        program.start(QString::fromStdString(executable), words);
         EXPECT_TRUE(program.waitForStarted(60'000)) << words.join(' ').toStdString();
     }
 
@@ -127,6 +127,7 @@ protected:
     }
 
     TemporaryDirectory directory;
+    std::string executable = VOLTMERE_PROGRAM;
     std::string locale = "C.UTF-8";
     std::map<std::string, std::string> variables; ///< more of the environment
 };
