@@ -33,18 +33,23 @@ bool isRunning(const QDBusConnection& bus, const QString& service)
     return bus.interface()->isServiceRegistered(service);
 }
 
+std::string trayBesideNoHost(const char* otherwise)
+{
+    return hasXTray() ? "XEmbed tray" : otherwise;
+}
+
 std::string trayHost(const QDBusConnection& bus)
 {
     const QString watcher = busNames::statusNotifierWatcher;
     if (!isRunning(bus, watcher)) {
-        return hasXTray() ? "XEmbed tray" : "none: neither a StatusNotifier nor an XEmbed tray";
+        return trayBesideNoHost("none: neither a StatusNotifier nor an XEmbed tray");
     }
     const QDBusReply<QDBusVariant> reply =
         ask(bus, watcher, busNames::statusNotifierWatcherPath, busNames::properties, "Get",
             {watcher, "IsStatusNotifierHostRegistered"});
     return reply.isValid() && reply.value().variant().toBool()
         ? "StatusNotifier host registered"
-        : "StatusNotifier watcher without a host";
+        : trayBesideNoHost("none: a StatusNotifier watcher without a host, and no XEmbed tray");
 }
 
 std::string notificationService(const QDBusConnection& bus)
@@ -70,9 +75,11 @@ std::string presence(bool present, const char* otherwise)
 void addSession(const QDBusConnection& bus, std::vector<Finding>& findings)
 {
     if (!bus.isConnected()) {
-        findings.emplace_back("session bus",
-                              "missing: no notifications, no StatusNotifier tray, dark or light is "
-                              "taken from Qt, and a second start runs a second time");
+        findings.insert(findings.end(),
+                        {{"session bus",
+                          "missing: no notifications, no StatusNotifier tray, dark or light is "
+                          "taken from Qt, and a second start runs a second time"},
+                         {"tray", trayBesideNoHost("none: no XEmbed tray")}});
         return;
     }
     findings.insert(findings.end(),

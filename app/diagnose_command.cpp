@@ -3,6 +3,7 @@
 #include "app/desktop_services.h"
 #include "app/peripherals.h"
 #include "app/settings_location.h"
+#include "app/settings_report.h"
 #include "app/terminal_output.h"
 #include "app/version.h"
 #include "devices/device_listing.h"
@@ -50,13 +51,9 @@ void addVersions(Report& report)
 /// The user's home directory is part of the path, so it is named only on request.
 void addSettings(const CommandLine& commandLine, Report& report)
 {
-    const QFileInfo file(settingsPath());
-    const QString state = !file.exists() ? "not there, defaults are used"
-        : !file.isFile()                 ? "not a file, defaults are used"
-        : !file.isReadable()             ? "cannot be read"
-                                         : QString("%1 bytes").arg(file.size());
-    const QString name = commandLine.verbose ? file.filePath() : file.fileName();
-    report.add("settings", (name + ": " + state).toStdString());
+    const QString path = settingsPath();
+    const QString name = commandLine.verbose ? path : QFileInfo(path).fileName();
+    report.add("settings", name.toStdString() + ": " + describeSettingsFile(path));
 }
 
 std::string valueOr(const std::optional<std::int64_t>& number, const char* otherwise)

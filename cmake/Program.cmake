@@ -102,11 +102,11 @@ add_library(voltmere_app STATIC
 if(APPLE)
   target_sources(voltmere_app PRIVATE
     app/desktop_services_macos.cpp app/platform_factory_macos.cpp
-    app/settings_location_macos.cpp app/system_sources_macos.cpp)
+    app/settings_location_macos.cpp app/settings_report_macos.cpp app/system_sources_macos.cpp)
 else()
   target_sources(voltmere_app PRIVATE
     app/bus_instance.cpp app/desktop_services_linux.cpp app/platform_factory_linux.cpp
-    app/settings_location_linux.cpp app/system_sources_linux.cpp)
+    app/settings_location_linux.cpp app/settings_report_linux.cpp app/system_sources_linux.cpp)
   set_target_properties(voltmere_app PROPERTIES AUTOMOC ON)
 endif()
 target_link_libraries(voltmere_app PUBLIC voltmere_ui)

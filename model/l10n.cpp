@@ -1,6 +1,7 @@
 #include "model/l10n.h"
 
 #include "model/app_language.h"
+#include "model/settings.h"
 
 namespace voltmere {
 
@@ -24,7 +25,8 @@ void L10n::usePreferredLanguages(const PreferredLanguages* languages)
 
 std::string L10n::storedSetting(const DefaultsStore& defaults)
 {
-    return defaults.text("language").value_or(std::string(rawValue(AppLanguage::system)));
+    return defaults.text(settings::languageKey)
+        .value_or(std::string(rawValue(AppLanguage::system)));
 }
 
 void L10n::loadSetting(const DefaultsStore& defaults)

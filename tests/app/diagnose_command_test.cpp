@@ -174,12 +174,48 @@ TEST_F(DiagnoseCommandTest, ADirectoryInThePlaceOfTheSettingsFileIsSaid)
     EXPECT_THAT(diagnoseTools().output, ContainsRegex("settings +settings.json: not a file"));
 }
 
-TEST_F(DiagnoseCommandTest, WithoutABusNothingIsSaidOfTheServicesOnIt)
+TEST_F(DiagnoseCommandTest, ADamagedSettingsFileIsSaidAndLeftAlone)
+{
+    for (const char* const damage : {"{\"threshold\": 30,", "[]", "30"}) {
+        writeFile(settings(), damage);
+        EXPECT_THAT(diagnoseTools().output,
+                    ContainsRegex("settings +settings.json: [0-9]+ bytes, not a JSON object: "
+                                  "defaults are used, and a start sets it aside\n"));
+        EXPECT_EQ(readFile(settings()), damage);
+    }
+}
+
+TEST_F(DiagnoseCommandTest, DamagedSettingsThatAreKeptAreSaid)
+{
+    writeFile(settings().string() + ".damaged-20260302T100000.000Z", "[]");
+    writeFile(settings().string() + ".damaged-20260303T100000.000Z", "[]");
+
+    EXPECT_THAT(diagnoseTools().output,
+                ContainsRegex("settings.json: not there, defaults are used; 2 damaged kept beside "
+                              "it\n"));
+}
+
+TEST_F(DiagnoseCommandTest, SettingsWithoutAUsableValueAreNamed)
+{
+    writeFile(settings(),
+              R"({"threshold": "30", "hour": 8, "minute": 0.5, "enabled": 2, "instant": 1,
+                  "language": "fr", "other": []})");
+    EXPECT_THAT(diagnoseTools().output,
+                HasSubstr(" bytes, no usable value, so the default: threshold, minute, enabled, "
+                          "language\n"));
+
+    writeFile(settings(),
+              R"({"threshold": 35.0, "hour": true, "enabled": false, "language": "zh"})");
+    EXPECT_THAT(diagnoseTools().output, ContainsRegex("settings +settings.json: [0-9]+ bytes\n"));
+}
+
+TEST_F(DiagnoseCommandTest, WithoutABusOnlyTheTrayThatNeedsNoneIsNamed)
 {
     const std::string report = diagnoseTools().output;
 
+    EXPECT_THAT(report, ContainsRegex("\ntray +none: no XEmbed tray\n"));
     for (const char* const service :
-         {"tray", "notifications", "settings portal", "running instance", "BlueZ"}) {
+         {"notifications", "settings portal", "running instance", "BlueZ"}) {
         EXPECT_THAT(report, Not(ContainsRegex("\n" + std::string(service) + " +")));
     }
 }
@@ -214,7 +250,9 @@ TEST_F(DiagnoseCommandTest, TheDesktopsServicesAreNamed)
     EXPECT_THAT(full, ContainsRegex("running instance +present\n"));
 
     hasHost = false;
-    EXPECT_THAT(reportOnBus(bus), ContainsRegex("tray +StatusNotifier watcher without a host\n"));
+    EXPECT_THAT(
+        reportOnBus(bus),
+        ContainsRegex("tray +none: a StatusNotifier watcher without a host, and no XEmbed"));
 }
 
 TEST_F(DiagnoseCommandTest, AServiceThatDoesNotAnswerHoldsTheReportUpForASecondAtMost)
