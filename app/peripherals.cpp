@@ -8,13 +8,13 @@ namespace voltmere {
 
 namespace {
 
-std::string toolsDirectory(const CommandLine& commandLine)
+std::string toolsDirectory(const CommandLine& commandLine, const std::string& systemTools)
 {
     if (commandLine.demo) {
         return demoToolsDirectory();
     }
     return commandLine.toolsDirectory ? QFile::encodeName(*commandLine.toolsDirectory).toStdString()
-                                      : systemToolsDirectory;
+                                      : systemTools;
 }
 
 std::filesystem::path systemRoot(const CommandLine& commandLine)
@@ -24,11 +24,11 @@ std::filesystem::path systemRoot(const CommandLine& commandLine)
 
 } // namespace
 
-Peripherals::Peripherals(const CommandLine& commandLine)
+Peripherals::Peripherals(const CommandLine& commandLine, const std::string& systemTools)
     : toolsOnly(commandLine.demo || commandLine.toolsDirectory)
     , systemOnly(commandLine.sysfsRoot.has_value())
-    , registry(processes, toolsDirectory(commandLine))
-    , profiler(processes, toolsDirectory(commandLine))
+    , registry(processes, toolsDirectory(commandLine, systemTools))
+    , profiler(processes, toolsDirectory(commandLine, systemTools))
     , system(makeSystemSources(systemRoot(commandLine)))
 {
 }

@@ -6,12 +6,16 @@
 #include "devices/peripheral_tools.h"
 #include "platform/posix/posix_process_runner.h"
 
+#include <string>
+
 namespace voltmere {
 
 /// Where this run of the program reads the peripherals, as the command line and the system decide.
 class Peripherals {
 public:
-    explicit Peripherals(const CommandLine& commandLine);
+    /// `systemTools` is where the tools of this system are.
+    explicit Peripherals(const CommandLine& commandLine,
+                         const std::string& systemTools = systemToolsDirectory);
 
     /// The sources for one reading: the tools where the registry tool can be run, else the system's
     /// own. With a place named on the command line, that place and no other.
