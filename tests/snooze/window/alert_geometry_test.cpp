@@ -4,6 +4,8 @@
 #include <QScreen>
 #include <QTextDocument>
 
+#include <algorithm>
+
 namespace voltmere {
 namespace {
 
@@ -149,6 +151,17 @@ TEST_F(AlertGeometryTest, ATextWiderThan237WidensTheWindowToItself)
         EXPECT_NEAR(view.rows()[row]->geometry().center().x(), view.container().rect().center().x(),
                     1);
     }
+}
+
+TEST_F(AlertGeometryTest, TwoLowDevicesAreNamedWhole)
+{
+    const AlertView view = show({mouse(12), keyboard(8)}, true);
+
+    EXPECT_TRUE(view.detail().text().endsWith("12%, Keyboard8%. Please charge."))
+        << view.detail().text().toStdString();
+    EXPECT_GE(view.detail().width(), view.detail().sizeHint().width());
+    EXPECT_EQ(view.container().width(), std::max(237, view.detail().width()));
+    EXPECT_EQ(view.container().height(), 252);
 }
 
 TEST_F(AlertGeometryTest, ATextOf420IsShownWhole)
