@@ -9,6 +9,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <mutex>
 
 namespace voltmere {
 
@@ -20,7 +21,10 @@ struct Message {
     QString text;
 };
 
-/// What Qt has said since the start began. Its messages reach a plain function only.
+// Qt hands its messages to a plain function, from any of its threads.
+std::mutex saidMutex;
+
+/// What Qt has said since the start began.
 QList<Message>& said()
 {
     static QList<Message> messages;
@@ -30,6 +34,7 @@ QList<Message>& said()
 /// What Qt gives up with is long and names no cause; its first complaint before that does.
 void keepOrGiveUp(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
+    const std::lock_guard lock(saidMutex);
     if (type != QtFatalMsg) {
         said().append({type, context.category, text});
         return;
@@ -49,6 +54,7 @@ std::unique_ptr<QApplication> startQt(int& argc, char** argv)
     const QtMessageHandler usual = qInstallMessageHandler(keepOrGiveUp);
     auto application = std::make_unique<QApplication>(argc, argv);
     qInstallMessageHandler(usual);
+    const std::lock_guard lock(saidMutex);
     for (const Message& message : said()) {
         qt_message_output(message.type,
                           QMessageLogContext(nullptr, 0, nullptr, message.category.constData()),

@@ -28,7 +28,7 @@ bool isUsable(const DefaultsStore& defaults, const Setting<bool>& setting)
 
 bool isUsableLanguage(const DefaultsStore& defaults)
 {
-    return appLanguage(defaults.text(settings::languageKey).value_or("")).has_value();
+    return appLanguage(defaults.text(languageKey).value_or("")).has_value();
 }
 
 /// The settings that are in the file and do not count.
@@ -48,7 +48,7 @@ QStringList unusableSettings(const QString& path, const QJsonObject& stored)
     note(settings::checkMinute.key, isUsable(defaults, settings::checkMinute));
     note(settings::enabled.key, isUsable(defaults, settings::enabled));
     note(settings::instantEnabled.key, isUsable(defaults, settings::instantEnabled));
-    note(settings::languageKey, isUsableLanguage(defaults));
+    note(languageKey, isUsableLanguage(defaults));
     return found;
 }
 

@@ -1,7 +1,6 @@
 #include "model/l10n.h"
 
 #include "model/app_language.h"
-#include "model/settings.h"
 
 namespace voltmere {
 
@@ -25,8 +24,7 @@ void L10n::usePreferredLanguages(const PreferredLanguages* languages)
 
 std::string L10n::storedSetting(const DefaultsStore& defaults)
 {
-    return defaults.text(settings::languageKey)
-        .value_or(std::string(rawValue(AppLanguage::system)));
+    return defaults.text(languageKey).value_or(std::string(rawValue(AppLanguage::system)));
 }
 
 void L10n::loadSetting(const DefaultsStore& defaults)

@@ -20,9 +20,6 @@ inline constexpr Setting<std::int64_t> checkHour{"hour", 22};
 inline constexpr Setting<std::int64_t> checkMinute{"minute", 30};
 inline constexpr Setting<bool> enabled{"enabled", true};
 inline constexpr Setting<bool> instantEnabled{"instant", true};
-
-/// A text that the program reads and never writes.
-inline constexpr std::string_view languageKey = "language";
 } // namespace settings
 
 /// The stored value of `setting`, its initial one where none that fits is stored.

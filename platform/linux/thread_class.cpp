@@ -4,8 +4,7 @@ namespace voltmere {
 
 void becomeUtilityThread()
 {
-    // Linux has no such classes. Its scheduler favours whoever slept for long, which is the main
-    // thread.
+    // Linux has no such classes.
 }
 
 } // namespace voltmere

@@ -6,10 +6,10 @@
 #include <QSocketNotifier>
 
 #include <sys/timerfd.h>
-#include <time.h>
 
 #include <algorithm>
 #include <cstdint>
+#include <ctime>
 #include <utility>
 
 namespace voltmere {

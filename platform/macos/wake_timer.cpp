@@ -24,7 +24,7 @@ public:
     WakeTimer(Seconds delay, Seconds interval, std::function<void()> action)
         : timer(&continuousTime, ScheduledTimer::longestWaitOfQt, delay, interval,
                 std::move(action))
-        , wake([this] { timer.look(); })
+        , wake([this] { timer.wait(); })
     {
     }
 

@@ -14,32 +14,32 @@ ScheduledTimer::ScheduledTimer(Now now, Seconds longestWait, Seconds delay, Seco
 {
     timer.setSingleShot(true);
     timer.setTimerType(Qt::PreciseTimer);
-    QObject::connect(&timer, &QTimer::timeout, &timer, [this] { look(); });
-    wait(delay);
+    QObject::connect(&timer, &QTimer::timeout, &timer, [this] { fireIfDue(); });
+    wait();
 }
 
-void ScheduledTimer::look()
+void ScheduledTimer::wait()
+{
+    if (!finished) {
+        const Seconds span = std::min(schedule.remaining(now()), longestWait);
+        timer.start(std::chrono::ceil<std::chrono::milliseconds>(span));
+    }
+}
+
+void ScheduledTimer::fireIfDue()
 {
     const Seconds present = now();
-    if (finished) {
-        return;
-    }
     if (!schedule.isDue(present)) {
-        wait(schedule.remaining(present));
+        wait();
         return;
     }
     finished = !schedule.repeats();
     if (!finished) {
         schedule.advancePast(present);
-        wait(schedule.remaining(present));
+        wait();
     }
     const std::function<void()> current = action; // the action may destroy this timer
     current();
-}
-
-void ScheduledTimer::wait(Seconds remaining)
-{
-    timer.start(std::chrono::ceil<std::chrono::milliseconds>(std::min(remaining, longestWait)));
 }
 
 } // namespace voltmere

@@ -10,9 +10,8 @@
 
 namespace voltmere {
 
-/// A timer over one of Qt's, which stands still while the machine sleeps: what it waits for is told
-/// by another clock, which runs on. It looks at that clock when it is told to, and at the latest
-/// after its longest wait.
+/// A timer over one of Qt's, which stands still while the machine sleeps: whether it is due is told
+/// by another clock, which runs on. It looks at that clock after each of Qt's waits.
 class ScheduledTimer : public Timer {
 public:
     /// The time since any fixed moment.
@@ -26,11 +25,11 @@ public:
     ScheduledTimer(Now now, Seconds longestWait, Seconds delay, Seconds interval,
                    std::function<void()> action);
 
-    /// Looks at the clock, as after a sleep.
-    void look();
+    /// Waits anew, by what the clock says now, as is right after a sleep. Fires nothing itself.
+    void wait();
 
 private:
-    void wait(Seconds remaining);
+    void fireIfDue();
 
     const Now now;
     const Seconds longestWait;
