@@ -1,6 +1,7 @@
 #include "platform/qt/qt_run_loop.h"
 
 #include "platform/few_descriptors.h"
+#include "platform/qt/scheduled_timer.h"
 
 #include <gmock/gmock.h>
 
@@ -53,6 +54,8 @@ TEST_F(QtRunLoopTest, WithoutFileDescriptorsATimerFiresAllTheSame)
     std::unique_ptr<Timer> once;
     std::unique_ptr<Timer> again;
     int repeated = 0;
+    // A sanitizer that meets a type for the first time needs descriptors to look at it.
+    const ScheduledTimer seen([] { return Seconds(0); }, later, farOff, Seconds(0), [] {});
     {
         const FewDescriptors scarcity(0);
         once = runLoop.scheduleOnce(soon, count());
