@@ -33,7 +33,7 @@ bool isRunning(const QDBusConnection& bus, const QString& service)
     return bus.interface()->isServiceRegistered(service);
 }
 
-std::string trayBesideNoHost(const char* otherwise)
+std::string xTrayOr(const char* otherwise)
 {
     return hasXTray() ? "XEmbed tray" : otherwise;
 }
@@ -42,14 +42,14 @@ std::string trayHost(const QDBusConnection& bus)
 {
     const QString watcher = busNames::statusNotifierWatcher;
     if (!isRunning(bus, watcher)) {
-        return trayBesideNoHost("none: neither a StatusNotifier nor an XEmbed tray");
+        return xTrayOr("none: neither a StatusNotifier nor an XEmbed tray");
     }
     const QDBusReply<QDBusVariant> reply =
         ask(bus, watcher, busNames::statusNotifierWatcherPath, busNames::properties, "Get",
             {watcher, "IsStatusNotifierHostRegistered"});
     return reply.isValid() && reply.value().variant().toBool()
         ? "StatusNotifier host registered"
-        : trayBesideNoHost("none: a StatusNotifier watcher without a host, and no XEmbed tray");
+        : xTrayOr("none: a StatusNotifier watcher without a host, and no XEmbed tray");
 }
 
 std::string notificationService(const QDBusConnection& bus)
@@ -79,7 +79,7 @@ void addSession(const QDBusConnection& bus, std::vector<Finding>& findings)
                         {{"session bus",
                           "missing: no notifications, no StatusNotifier tray, dark or light is "
                           "taken from Qt, and a second start runs a second time"},
-                         {"tray", trayBesideNoHost("none: no XEmbed tray")}});
+                         {"tray", xTrayOr("none: no XEmbed tray")}});
         return;
     }
     findings.insert(findings.end(),

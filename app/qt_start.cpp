@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QList>
 #include <QString>
+#include <QtGlobal>
 
 #include <cstdio>
 #include <cstdlib>
@@ -21,25 +22,25 @@ struct Message {
     QString text;
 };
 
-// Qt hands its messages to a plain function, from any of its threads.
-std::mutex saidMutex;
+/// What Qt has said since its start began, but for what only a developer asks for.
+struct Said {
+    QtMessageHandler usual = nullptr;
+    std::mutex mutex; ///< Qt has threads of its own, which may speak too
+    QList<Message> messages;
+};
 
-/// What Qt has said since the start began.
-QList<Message>& said()
+/// Qt hands its messages to a plain function, so what that needs has to stand here.
+Said& said()
 {
-    static QList<Message> messages;
-    return messages;
+    static Said instance;
+    return instance;
 }
 
 /// What Qt gives up with is long and names no cause; its first complaint before that does.
-void keepOrGiveUp(QtMsgType type, const QMessageLogContext& context, const QString& text)
+[[noreturn]] void giveUp(const QString& farewell)
 {
-    const std::lock_guard lock(saidMutex);
-    if (type != QtFatalMsg) {
-        said().append({type, context.category, text});
-        return;
-    }
-    const QString cause = said().isEmpty() ? text.section('\n', 0, 0) : said().first().text;
+    const QList<Message>& messages = said().messages;
+    const QString cause = messages.isEmpty() ? farewell.section('\n', 0, 0) : messages.first().text;
     std::fprintf(stderr,
                  "voltmere: Qt cannot show windows here (%s); check QT_QPA_PLATFORM, install the "
                  "plugin (qt6-wayland for Wayland), or use --list\n",
@@ -47,20 +48,33 @@ void keepOrGiveUp(QtMsgType type, const QMessageLogContext& context, const QStri
     std::_Exit(exitStatus::cannotRun);
 }
 
+void listen(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    const std::lock_guard lock(said().mutex);
+    if (type == QtDebugMsg) {
+        said().usual(type, context, text);
+    } else if (type == QtFatalMsg) {
+        giveUp(text);
+    } else {
+        said().messages.append({type, context.category, text});
+    }
+}
+
 } // namespace
 
 std::unique_ptr<QApplication> startQt(int& argc, char** argv)
 {
-    const QtMessageHandler usual = qInstallMessageHandler(keepOrGiveUp);
+    const QtMessageHandler usual = qInstallMessageHandler(nullptr);
+    said().usual = usual;
+    qInstallMessageHandler(listen);
     auto application = std::make_unique<QApplication>(argc, argv);
     qInstallMessageHandler(usual);
-    const std::lock_guard lock(saidMutex);
-    for (const Message& message : said()) {
-        qt_message_output(message.type,
-                          QMessageLogContext(nullptr, 0, nullptr, message.category.constData()),
-                          message.text);
+    const std::lock_guard lock(said().mutex);
+    for (const Message& message : said().messages) {
+        usual(message.type, QMessageLogContext(nullptr, 0, nullptr, message.category.constData()),
+              message.text);
     }
-    said().clear();
+    said().messages.clear();
     return application;
 }
 

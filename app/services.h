@@ -22,7 +22,7 @@
 namespace voltmere {
 
 /// The real outside of the program, port by port. Needs a Qt application. A reading may still use
-/// it when the program ends: then the process must end without destroying it.
+/// it when the program ends: then the process must end without destroying what a reading uses.
 class Services {
 public:
     explicit Services(const CommandLine& commandLine);

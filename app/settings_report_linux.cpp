@@ -1,16 +1,20 @@
 #include "app/settings_report.h"
 
-#include "app/null_services.h"
 #include "model/app_language.h"
 #include "model/settings.h"
-#include "platform/qt/qt_defaults.h"
+#include "platform/posix/memory_defaults.h"
 
+#include <QByteArray>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QJsonValue>
 #include <QStringList>
+
+#include <cstdint>
+#include <string_view>
 
 namespace voltmere {
 
@@ -31,11 +35,28 @@ bool isUsableLanguage(const DefaultsStore& defaults)
     return appLanguage(defaults.text(languageKey).value_or("")).has_value();
 }
 
-/// The settings that are in the file and do not count.
-QStringList unusableSettings(const QString& path, const QJsonObject& stored)
+/// What the program would find stored. Values that are neither number, truth nor text are none.
+MemoryDefaults defaultsOf(const QJsonObject& stored)
 {
-    static NullLog silence; // of an object nothing is said
-    const QtDefaults defaults(openJsonSettings(path, silence), silence);
+    MemoryDefaults defaults;
+    for (auto entry = stored.begin(); entry != stored.end(); ++entry) {
+        const std::string key = entry.key().toStdString();
+        const QJsonValue value = entry.value();
+        if (value.isBool()) {
+            defaults.set(key, value.toBool());
+        } else if (value.isDouble()) {
+            defaults.set(key, value.toDouble());
+        } else if (value.isString()) {
+            defaults.set(key, value.toString().toStdString());
+        }
+    }
+    return defaults;
+}
+
+/// The settings that are in the file and do not count.
+QStringList unusableSettings(const QJsonObject& stored)
+{
+    const MemoryDefaults defaults = defaultsOf(stored);
     QStringList found;
     const auto note = [&](std::string_view key, bool usable) {
         const QString name = QString::fromUtf8(key.data(), static_cast<qsizetype>(key.size()));
@@ -52,9 +73,9 @@ QStringList unusableSettings(const QString& path, const QJsonObject& stored)
     return found;
 }
 
-QString describeContent(const QString& path, const QByteArray& content)
+QString describeContent(const QByteArray& content)
 {
-    const QString size = QString("%1 bytes").arg(content.size());
+    QString size = QString("%1 bytes").arg(content.size());
     const QJsonDocument document = QJsonDocument::fromJson(content);
     if (content.trimmed().isEmpty()) {
         return size;
@@ -62,7 +83,7 @@ QString describeContent(const QString& path, const QByteArray& content)
     if (!document.isObject()) {
         return size + ", not a JSON object: defaults are used, and a start sets it aside";
     }
-    const QStringList unusable = unusableSettings(path, document.object());
+    const QStringList unusable = unusableSettings(document.object());
     return unusable.isEmpty() ? size
                               : size + ", no usable value, so the default: " + unusable.join(", ");
 }
@@ -77,7 +98,7 @@ QString describeFile(const QString& path)
         return "not a file, defaults are used";
     }
     QFile content(path);
-    return content.open(QFile::ReadOnly) ? describeContent(path, content.readAll())
+    return content.open(QFile::ReadOnly) ? describeContent(content.readAll())
                                          : "cannot be read, defaults are used";
 }
 

@@ -50,8 +50,8 @@ int VoltmereApp::run()
     }
     const int status = QApplication::exec();
     if (services.runLoop.isBusy()) {
-        // A reading still uses what an ordinary end would destroy, but not the settings: what was
-        // changed last may still have to be saved.
+        // A reading still uses most of what an ordinary end would destroy. So only the settings are
+        // ended, which saves the last change.
         services.defaults.reset();
         std::_Exit(status);
     }

@@ -118,6 +118,16 @@ TEST_F(DisplayTest, APlatformThatQtDoesNotHave)
     EXPECT_THAT(problem(), HasSubstr("platform plugin \"nonsense\""));
 }
 
+TEST_F(DisplayTest, WhatQtTellsADeveloperIsPrintedAndNotTakenForTheCause)
+{
+    variables = {{"QT_QPA_PLATFORM", "nonsense"}, {"QT_DEBUG_PLUGINS", "1"}};
+    const Outcome outcome = run({});
+
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.errors, HasSubstr("checking directory path"));
+    EXPECT_THAT(outcome.errors, HasSubstr("(Could not find the Qt platform plugin \"nonsense\""));
+}
+
 TEST_F(DisplayTest, ACompositorForWhichQtHasNoPlugin)
 {
     const FileDescriptor compositor = listenAt(runtime() / "wayland-0");

@@ -34,13 +34,6 @@ protected:
     }
 };
 
-TEST_F(ListCommandTest, WithoutAPlaceNamedTheSystemsOwnEntriesAreRead)
-{
-    ASSERT_FALSE(std::filesystem::exists("/usr/sbin/ioreg"));
-
-    EXPECT_EQ(parsed(run({"--list", "--json"}).output)["source"].toString(), "sysfs");
-}
-
 TEST_F(ListCommandTest, PrintsATable)
 {
     makeTools();

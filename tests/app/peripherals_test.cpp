@@ -4,6 +4,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QString>
+
+#include <filesystem>
+
 namespace voltmere {
 namespace {
 
@@ -11,10 +15,7 @@ class PeripheralsTest : public testing::Test {
 protected:
     Peripherals make() const { return Peripherals(commandLine, directory / "system"); }
 
-    void install(const std::string& place) const
-    {
-        writeProgram(directory / place / "ioreg", "#!/bin/sh\n");
-    }
+    void installSystemTools() const { writeProgram(directory / "system" / "ioreg", "#!/bin/sh\n"); }
 
     TemporaryDirectory directory;
     CommandLine commandLine;
@@ -29,7 +30,7 @@ TEST_F(PeripheralsTest, TheToolsAreReadAsLongAsTheRegistryToolCanBeRun)
 {
     Peripherals peripherals = make();
     ASSERT_EQ(peripherals.choose().label, "sysfs");
-    install("system");
+    installSystemTools();
     EXPECT_EQ(peripherals.choose().label, "tools");
 
     std::filesystem::permissions(directory / "system" / "ioreg", std::filesystem::perms{0600});
@@ -45,7 +46,7 @@ TEST_F(PeripheralsTest, ToolsThatAreNamedAreReadEvenIfTheyAreNotThere)
 
 TEST_F(PeripheralsTest, EntriesThatAreNamedAreReadEvenBesideTheTools)
 {
-    install("system");
+    installSystemTools();
     commandLine.sysfsRoot = QString::fromStdString(directory / "named");
 
     EXPECT_EQ(make().choose().label, "sysfs");

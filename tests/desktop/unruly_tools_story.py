@@ -26,7 +26,7 @@ class UnrulyTools(Story):
     def setUp(self):
         super().setUp()
         self.tools = self.home / "tools"
-        self.tools.mkdir()
+        self.tools.mkdir(exist_ok=True)
 
     def install(self, script):
         written = self.tools / "new"
@@ -65,11 +65,17 @@ class UnrulyTools(Story):
         self.assertEqual(self.program.end(), 0)
 
     def test_a_change_at_the_very_end_is_saved_while_the_tool_hangs(self):
-        self.install("#!/bin/sh\nexec sleep 1000\n")
-        program = self.start_with("--tools", str(self.tools), "--panel")
-        program.wait_for_panel()
+        self.install_right_one(58)
+        program = self.start_with("--tools", str(self.tools))
+        program.wait_for_lines("Magic Mouse 58%")
+        program.open_panel("58%")
         program.tab_to("push button", "Quit")
         way = program.tab_to("combo box", "Threshold", key="shift+Tab")
+        program.close_panel()
+        self.install(f"#!/bin/sh\n: >'{self.home}/hangs'\nexec sleep 1000\n")
+        program.open_panel()
+        wait_until((self.home / "hangs").exists, "the start of the tool that hangs")
+        program.tab_to("combo box", "Threshold")
         # All keys are there before the program sees the first one.
         program.process.send_signal(signal.SIGSTOP)
         self.desktop.keys("3", "5", *["Tab"] * way, "space")

@@ -122,6 +122,7 @@ TEST_F(DelayedNotificationsTest, AReminderThatFallsDueAfterTheEndOfTheBusWaitsFo
     centre->add(request("Now"));
     ASSERT_TRUE(waitForShown(1));
     centre->add(delayed("Later", 1200));
+    settleCalls();
     bus.stop();
     ASSERT_TRUE(waitFor([this] { return !client.isConnected(); }));
     runLoop.advance(1200s);

@@ -6,6 +6,7 @@ import select
 import struct
 
 WRITTEN = 0x2
+CLOSED_UNWRITTEN = 0x10
 CREATED = 0x100
 RENAMED = 0x80
 DELETED = 0x200
