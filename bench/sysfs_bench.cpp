@@ -1,10 +1,11 @@
 // How fast the kernel's entries are read, from synthetic ones in a directory.
 
 #include "platform/linux/sysfs_battery_source.h"
+#include "tests/platform/temporary_directory.h"
 
 #include <benchmark/benchmark.h>
 
-#include <cstdlib>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -19,32 +20,18 @@ class SyntheticTree {
 public:
     explicit SyntheticTree(std::int64_t count)
     {
-        std::string pattern = fs::temp_directory_path() / "voltmere-bench-XXXXXX";
-        if (::mkdtemp(pattern.data()) == nullptr) {
-            std::abort();
-        }
-        root = pattern;
         for (std::int64_t number = 0; number < count; ++number) {
             addEntry("02:00:5e:00:" + std::to_string(10 + number / 90) + ':' +
                      std::to_string(10 + number % 90));
         }
     }
 
-    ~SyntheticTree()
-    {
-        std::error_code ignored;
-        fs::remove_all(root, ignored);
-    }
-
-    SyntheticTree(const SyntheticTree&) = delete;
-    SyntheticTree& operator=(const SyntheticTree&) = delete;
-
-    const fs::path& path() const { return root; }
+    const fs::path& path() const { return directory.path(); }
 
 private:
     void addEntry(const std::string& address)
     {
-        const fs::path entry = root / "class" / "power_supply" / ("hid-" + address + "-battery");
+        const fs::path entry = path() / "class" / "power_supply" / ("hid-" + address + "-battery");
         fs::create_directories(entry / "device");
         std::ofstream(entry / "capacity") << "56\n";
         std::ofstream(entry / "device" / "uevent")
@@ -53,7 +40,7 @@ private:
             << address << "\nMODALIAS=hid:b0005g0001v0000004Cp00000269\n";
     }
 
-    fs::path root;
+    TemporaryDirectory directory;
 };
 
 void sysfsReading(benchmark::State& state)
