@@ -64,6 +64,10 @@ the terminal and by status bars as well.")
 # the platform, PNG and the input methods with libqt6gui6, SVG with libqt6svg6.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS hicolor-icon-theme)
+if(Qt6_VERSION VERSION_GREATER_EQUAL 6.5)
+  # Its X11 platform is not loaded without this library.
+  string(APPEND CPACK_DEBIAN_PACKAGE_DEPENDS ", libxcb-cursor0")
+endif()
 set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
     "bluez, default-dbus-session-bus | dbus-session-bus, qt6-wayland")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "fonts-wqy-microhei | fonts-noto-cjk, notification-daemon")

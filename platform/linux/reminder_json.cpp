@@ -4,6 +4,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QTimeZone>
 
 #include <algorithm>
 #include <chrono>
@@ -58,7 +59,7 @@ QJsonObject entryOf(const Reminder& reminder)
 {
     const auto& [identifier, content, delay] = reminder.request;
     const auto due = std::chrono::duration_cast<milliseconds>(reminder.due.time_since_epoch());
-    const QDateTime dueTime = QDateTime::fromMSecsSinceEpoch(due.count(), Qt::UTC);
+    const QDateTime dueTime = QDateTime::fromMSecsSinceEpoch(due.count(), QTimeZone::utc());
     return {{"identifier", QString::fromStdString(identifier)},
             {"title", QString::fromStdString(content.title)},
             {"body", QString::fromStdString(content.body)},

@@ -2,6 +2,7 @@
 
 #include "platform/linux/bus_names.h"
 #include "platform/linux/x_display.h"
+#include "platform/linux/xcb_reply.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -14,19 +15,11 @@
 
 #include <xcb/xcb.h>
 
-#include <cstdlib>
-#include <memory>
 #include <utility>
 
 namespace voltmere {
 
 namespace {
-
-template<typename Reply>
-std::unique_ptr<Reply, decltype(&std::free)> owned(Reply* reply)
-{
-    return {reply, &std::free};
-}
 
 xcb_connection_t* xConnection()
 {

@@ -1,9 +1,10 @@
 #include "platform/linux/x_display.h"
 
+#include "platform/linux/xcb_reply.h"
+
 #include <xcb/xcb.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <string_view>
 
@@ -17,12 +18,6 @@ using Connection = std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)>;
 Connection connectToDisplay()
 {
     return {xcb_connect(nullptr, nullptr), &xcb_disconnect};
-}
-
-template<typename Reply>
-std::unique_ptr<Reply, decltype(&std::free)> owned(Reply* reply)
-{
-    return {reply, &std::free};
 }
 
 } // namespace

@@ -163,8 +163,6 @@ protected:
     DeviceReader reader{[this] { return PeripheralSources{"tools", &registry, &profiler}; }, clock};
 };
 
-const std::string percent55 = property("BatteryPercent", "55");
-const std::string product803 = property("ProductID", "803");
 const std::string annsReport = "          Mouse of Ann:\n"
                                "              Address: AA:BB:CC:DD:EE:FF\n";
 

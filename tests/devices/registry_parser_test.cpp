@@ -19,9 +19,6 @@ using testing::SizeIs;
 
 constexpr std::optional<std::int64_t> nothing = std::nullopt;
 
-const std::string percent55 = property("BatteryPercent", "55");
-const std::string product803 = property("ProductID", "803");
-
 /// The only entry of a text with one block; an empty entry when there is not exactly one.
 BatteryEntry onlyEntry(std::string_view text)
 {

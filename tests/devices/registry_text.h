@@ -33,4 +33,7 @@ inline std::string registryBlock(std::initializer_list<std::string_view> propert
     return block + "\n    }\n\n";
 }
 
+inline const std::string percent55 = property("BatteryPercent", "55");
+inline const std::string product803 = property("ProductID", "803");
+
 } // namespace voltmere

@@ -9,7 +9,7 @@ namespace {
 
 const QStringList everything{"actions", "body", "body-markup"};
 
-DesktopNotification sample()
+DesktopNotification sampleNotification()
 {
     return {"Program", "program-icon", "Title",
             "Body",    false,          {{"A", "First", false}, {"B", "Second", true}}};
@@ -23,14 +23,14 @@ QVariantList argumentsFor(const DesktopNotification& notification,
 
 QString bodyFor(const std::string& body, const QStringList& capabilities)
 {
-    DesktopNotification notification = sample();
+    DesktopNotification notification = sampleNotification();
     notification.body = body;
     return argumentsFor(notification, capabilities)[4].toString();
 }
 
 TEST(NotifyCall, GoesToTheOwnerOfTheNameInTheFormThatTheStandardGives)
 {
-    const QDBusMessage call = notifyCall(":1.7", everything, sample());
+    const QDBusMessage call = notifyCall(":1.7", everything, sampleNotification());
 
     EXPECT_EQ(call.service(), ":1.7");
     EXPECT_EQ(call.path(), "/org/freedesktop/Notifications");
@@ -48,7 +48,7 @@ TEST(NotifyCall, GoesToTheOwnerOfTheNameInTheFormThatTheStandardGives)
 
 TEST(NotifyCall, NamesTheDesktopEntryAndANormalUrgencyAsAByte)
 {
-    const QVariantMap hints = argumentsFor(sample())[6].toMap();
+    const QVariantMap hints = argumentsFor(sampleNotification())[6].toMap();
 
     EXPECT_EQ(hints["desktop-entry"], QVariant("org.voltmere.Voltmere"));
     EXPECT_EQ(hints["urgency"], QVariant::fromValue(uchar(1)));
@@ -57,7 +57,7 @@ TEST(NotifyCall, NamesTheDesktopEntryAndANormalUrgencyAsAByte)
 
 TEST(NotifyCall, AsksForTheSoundByItsNameInTheNamingStandard)
 {
-    DesktopNotification notification = sample();
+    DesktopNotification notification = sampleNotification();
     notification.sound = true;
     const QVariantMap hints = argumentsFor(notification)[6].toMap();
 
@@ -67,7 +67,7 @@ TEST(NotifyCall, AsksForTheSoundByItsNameInTheNamingStandard)
 
 TEST(NotifyCall, AsksForSilenceWithoutASound)
 {
-    const QVariantMap hints = argumentsFor(sample())[6].toMap();
+    const QVariantMap hints = argumentsFor(sampleNotification())[6].toMap();
 
     EXPECT_EQ(hints["suppress-sound"], QVariant(true));
     EXPECT_FALSE(hints.contains("sound-name"));
@@ -75,13 +75,13 @@ TEST(NotifyCall, AsksForSilenceWithoutASound)
 
 TEST(NotifyCall, OffersTheClickOnItselfAndThenTheActionsInTheirOrder)
 {
-    EXPECT_EQ(argumentsFor(sample())[5].toStringList(),
+    EXPECT_EQ(argumentsFor(sampleNotification())[5].toStringList(),
               QStringList({"default", "", "A", "First", "B", "Second"}));
 }
 
 TEST(NotifyCall, OffersNothingToADaemonWithoutButtons)
 {
-    EXPECT_EQ(argumentsFor(sample(), {"body"})[5].toStringList(), QStringList());
+    EXPECT_EQ(argumentsFor(sampleNotification(), {"body"})[5].toStringList(), QStringList());
 }
 
 TEST(NotifyCall, EscapesTheBodyForADaemonThatReadsMarkup)
@@ -97,7 +97,7 @@ TEST(NotifyCall, LeavesTheBodyAloneForADaemonThatShowsItAsItIs)
 
 TEST(NotifyCall, NeverEscapesTheTitle)
 {
-    DesktopNotification notification = sample();
+    DesktopNotification notification = sampleNotification();
     notification.summary = "A < B & C";
 
     EXPECT_EQ(argumentsFor(notification)[3], QVariant("A < B & C"));

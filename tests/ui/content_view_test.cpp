@@ -18,10 +18,6 @@ using testing::ElementsAreArray;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr std::int64_t mouse = 803;
-constexpr std::int64_t keyboard = 805;
-constexpr std::int64_t trackpad = 804;
-
 /// One row, as a person would read it: pictures in (), pickers in [], boxes as [x] or [ ].
 std::string described(const QWidget& widget)
 {

@@ -9,8 +9,6 @@
 namespace voltmere {
 namespace {
 
-constexpr std::int64_t mouse = 803;
-
 /// Names that people, or mischief, give to a device.
 class HostileNamesTest : public PanelTest {
 protected:

@@ -12,7 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-std::vector<int> sides(const QByteArray& container, int pixels)
+std::vector<int> sidesOf(const QByteArray& container, int pixels)
 {
     std::vector<int> sides;
     for (const IcnsPicture& picture : icnsPictures(container, pixels)) {
@@ -28,15 +28,15 @@ QByteArray threeSizes()
 
 TEST(Icns, TheSmallestPictureThatIsLargeEnoughComesFirst)
 {
-    EXPECT_THAT(sides(threeSizes(), 20), ElementsAre(32, 64, 16));
-    EXPECT_THAT(sides(threeSizes(), 32), ElementsAre(32, 64, 16));
-    EXPECT_THAT(sides(threeSizes(), 33), ElementsAre(64, 32, 16));
-    EXPECT_THAT(sides(threeSizes(), 1), ElementsAre(16, 32, 64));
+    EXPECT_THAT(sidesOf(threeSizes(), 20), ElementsAre(32, 64, 16));
+    EXPECT_THAT(sidesOf(threeSizes(), 32), ElementsAre(32, 64, 16));
+    EXPECT_THAT(sidesOf(threeSizes(), 33), ElementsAre(64, 32, 16));
+    EXPECT_THAT(sidesOf(threeSizes(), 1), ElementsAre(16, 32, 64));
 }
 
 TEST(Icns, TheLargestPictureComesFirstWhereNoneIsLargeEnough)
 {
-    EXPECT_THAT(sides(threeSizes(), 65), ElementsAre(64, 32, 16));
+    EXPECT_THAT(sidesOf(threeSizes(), 65), ElementsAre(64, 32, 16));
 }
 
 TEST(Icns, APictureIsThePngAsItStands)
@@ -50,7 +50,7 @@ TEST(Icns, ChunksThatAreNoPngArePassedOver)
     const QByteArray container = icnsChunk("icns",
                                            icnsChunk("TOC ", "ic07....") + icnsChunk("it32", "") +
                                                icnsChunk("ic07", pngOf(Qt::red, 16)));
-    EXPECT_THAT(sides(container, 16), ElementsAre(16));
+    EXPECT_THAT(sidesOf(container, 16), ElementsAre(16));
 }
 
 TEST(Icns, APngWithoutASensibleWidthIsPassedOver)
@@ -58,13 +58,13 @@ TEST(Icns, APngWithoutASensibleWidthIsPassedOver)
     for (const quint32 width : {0U, 4097U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
         QByteArray png = pngOf(Qt::red, 16);
         png.replace(16, 4, bigEndian(width));
-        EXPECT_THAT(sides(icnsOf({png}), 16), IsEmpty()) << width;
+        EXPECT_THAT(sidesOf(icnsOf({png}), 16), IsEmpty()) << width;
     }
 }
 
 TEST(Icns, WhatFollowsTheContainerDoesNotCount)
 {
-    EXPECT_THAT(sides(threeSizes() + "more", 64), ElementsAre(64, 32, 16));
+    EXPECT_THAT(sidesOf(threeSizes() + "more", 64), ElementsAre(64, 32, 16));
 }
 
 TEST(Icns, AContainerCutShortAnywhereGivesNothing)
@@ -74,14 +74,14 @@ TEST(Icns, AContainerCutShortAnywhereGivesNothing)
         // Memory of just that length, so that a sanitizer sees a read beyond it.
         const auto memory = std::make_unique<char[]>(static_cast<std::size_t>(length));
         std::copy_n(whole.data(), length, memory.get());
-        EXPECT_THAT(sides(QByteArray::fromRawData(memory.get(), length), 32), IsEmpty()) << length;
+        EXPECT_THAT(sidesOf(QByteArray::fromRawData(memory.get(), length), 32), IsEmpty()) << length;
     }
 }
 
 TEST(Icns, AnotherMagicGivesNothing)
 {
-    EXPECT_THAT(sides(icnsChunk("icnS", icnsChunk("ic07", pngOf(Qt::red, 16))), 16), IsEmpty());
-    EXPECT_THAT(sides(pngOf(Qt::red, 16), 16), IsEmpty());
+    EXPECT_THAT(sidesOf(icnsChunk("icnS", icnsChunk("ic07", pngOf(Qt::red, 16))), 16), IsEmpty());
+    EXPECT_THAT(sidesOf(pngOf(Qt::red, 16), 16), IsEmpty());
 }
 
 class IcnsLength : public testing::TestWithParam<quint32> { };
@@ -90,14 +90,14 @@ TEST_P(IcnsLength, OfTheContainerThatIsWrongGivesNothing)
 {
     QByteArray container = threeSizes();
     container.replace(4, 4, bigEndian(GetParam()));
-    EXPECT_THAT(sides(container, 16), IsEmpty());
+    EXPECT_THAT(sidesOf(container, 16), IsEmpty());
 }
 
 TEST_P(IcnsLength, OfAChunkThatIsWrongGivesNothing)
 {
     QByteArray container = threeSizes();
     container.replace(12, 4, bigEndian(GetParam()));
-    EXPECT_THAT(sides(container, 16), IsEmpty());
+    EXPECT_THAT(sidesOf(container, 16), IsEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(EachWay, IcnsLength,
@@ -106,14 +106,14 @@ INSTANTIATE_TEST_SUITE_P(EachWay, IcnsLength,
 
 TEST(Icns, AHeaderAloneHasNoPictures)
 {
-    EXPECT_THAT(sides(icnsOf({}), 16), IsEmpty());
+    EXPECT_THAT(sidesOf(icnsOf({}), 16), IsEmpty());
 }
 
 TEST(Icns, APngThatEndsWithinItsHeaderIsPassedOver)
 {
     const QByteArray png = pngOf(Qt::red, 16);
     for (qsizetype length = 0; length < 20; ++length) {
-        EXPECT_THAT(sides(icnsOf({png.first(length)}), 16), IsEmpty()) << length;
+        EXPECT_THAT(sidesOf(icnsOf({png.first(length)}), 16), IsEmpty()) << length;
     }
 }
 

@@ -15,9 +15,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr std::int64_t mouse = 803;
-constexpr std::int64_t keyboard = 805;
-
 /// What a person does in the panel, and what the model makes of it.
 class PanelChoicesTest : public PanelTest {
 protected:

@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QTest>
 
+#include <cstdint>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -24,6 +25,11 @@ namespace voltmere {
 /// panel opens.
 class PanelTest : public testing::Test {
 protected:
+    // Product identifiers.
+    static constexpr std::int64_t mouse = 803;
+    static constexpr std::int64_t keyboard = 805;
+    static constexpr std::int64_t trackpad = 804;
+
     /// Starts the model in `language`, with the peripherals that the world then has.
     BatteryModel& startModel(const std::string& language = "en")
     {
