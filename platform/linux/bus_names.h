@@ -5,6 +5,8 @@
 /// Programs of the desktop and the system, by their names on the message buses.
 namespace voltmere::busNames {
 
+inline const QString bus = QStringLiteral("org.freedesktop.DBus");
+inline const QString busPath = QStringLiteral("/org/freedesktop/DBus");
 inline const QString statusNotifierWatcher = QStringLiteral("org.kde.StatusNotifierWatcher");
 inline const QString statusNotifierWatcherPath = QStringLiteral("/StatusNotifierWatcher");
 inline const QString notifications = QStringLiteral("org.freedesktop.Notifications");

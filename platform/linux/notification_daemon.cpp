@@ -36,10 +36,13 @@ const std::array<DaemonSignal, 3> daemonSignals{{
     {"NotificationClosed", SLOT(notificationClosed(uint, uint, QDBusMessage))},
 }};
 
-/// Whether a reply comes from a program, and not from the bus or, when time is up, from nobody.
-bool isFromDaemon(const QDBusMessage& reply)
+/// Whether an error says that the daemon itself did not answer, within the limit or at all.
+bool isWithoutAnswer(const QDBusMessage& reply)
 {
-    return reply.service().startsWith(':');
+    const QDBusError::ErrorType type = QDBusError(reply).type();
+    return reply.type() == QDBusMessage::ErrorMessage &&
+        (type == QDBusError::NoReply || type == QDBusError::ServiceUnknown ||
+         type == QDBusError::Disconnected);
 }
 
 std::string errorOf(const QDBusMessage& reply)
@@ -113,8 +116,19 @@ void NotificationDaemon::ownerChanged(const QString& newOwner)
 
 void NotificationDaemon::takeCapabilities(const QDBusMessage& reply)
 {
+    // The call has started the daemon if the bus could. Qt does not tell who sent a reply.
+    QDBusMessage call = QDBusMessage::createMethodCall(busNames::bus, busNames::busPath,
+                                                       busNames::bus,
+                                                       QStringLiteral("GetNameOwner"));
+    call << service;
+    send(call, [this, reply](const QDBusMessage& ownerReply) { takeOwner(reply, ownerReply); });
+}
+
+void NotificationDaemon::takeOwner(const QDBusMessage& reply, const QDBusMessage& ownerReply)
+{
     asking = false;
-    if (!isFromDaemon(reply) || reply.service() != owner.value_or(reply.service())) {
+    const QDBusPendingReply<QString> name(ownerReply);
+    if (name.isError() || isWithoutAnswer(reply)) {
         giveUpContact(reply);
         return;
     }
@@ -122,7 +136,7 @@ void NotificationDaemon::takeCapabilities(const QDBusMessage& reply)
     if (capabilities.isError()) {
         log.report("the notification service does not tell what it can do", errorOf(reply));
     }
-    daemon = Daemon{reply.service(), capabilities.isError() ? QStringList() : capabilities.value()};
+    daemon = Daemon{name.value(), capabilities.isError() ? QStringList() : capabilities.value()};
     wanted = false;
     if (isReady()) {
         ready();

@@ -77,6 +77,7 @@ private:
     void watchOwner();
     void ownerChanged(const QString& newOwner);
     void takeCapabilities(const QDBusMessage& reply);
+    void takeOwner(const QDBusMessage& reply, const QDBusMessage& ownerReply);
     void giveUpContact(const QDBusMessage& reply);
     void takeNotificationId(const QString& daemonName, Shown entry, const QDBusMessage& reply);
     void remember(Shown entry);

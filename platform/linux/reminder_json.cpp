@@ -4,7 +4,6 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QTimeZone>
 
 #include <algorithm>
 #include <chrono>
@@ -59,7 +58,7 @@ QJsonObject entryOf(const Reminder& reminder)
 {
     const auto& [identifier, content, delay] = reminder.request;
     const auto due = std::chrono::duration_cast<milliseconds>(reminder.due.time_since_epoch());
-    const QDateTime dueTime = QDateTime::fromMSecsSinceEpoch(due.count(), QTimeZone::utc());
+    const QDateTime dueTime = QDateTime::fromMSecsSinceEpoch(due.count()).toUTC();
     return {{"identifier", QString::fromStdString(identifier)},
             {"title", QString::fromStdString(content.title)},
             {"body", QString::fromStdString(content.body)},

@@ -22,7 +22,7 @@ class NotificationAction(Story):
         with open(output, "wb") as log:
             driver = subprocess.Popen(
                 [DRIVER, "--post"], stdin=subprocess.DEVNULL, stdout=log, stderr=log,
-                env=self.desktop.environment | {"LANG": "en_US.UTF-8"} |
+                env=self.desktop.environment |
                 clock("2026-03-02 10:00:00", RATE))
         self.addCleanup(driver.kill)
         wait_until(lambda: len(shown.read_text().splitlines()) == 1, "the notification")

@@ -43,7 +43,7 @@ class Program:
             self.process = subprocess.Popen(
                 [*as_ordinary_user(), INSTALLED, *options], stdin=subprocess.DEVNULL,
                 stdout=messages, stderr=messages,
-                env=desktop.environment | {"LANG": "en_US.UTF-8"} | (variables or {}))
+                env=desktop.environment | (variables or {}))
         self.item = StatusItem(desktop, self.process.pid)
 
     # Its life

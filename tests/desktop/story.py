@@ -17,6 +17,9 @@ MOUSE_ADDRESS = "02:00:5e:00:53:01"
 KEYBOARD_ADDRESS = "02:00:5e:00:53:02"
 TRACKPAD_ADDRESS = "02:00:5e:00:53:03"
 LONGEST = 280  # seconds; CTest would leave the processes behind
+PROGRAMS = ("Xvfb", "dbus-daemon", "dbus-send", "dunst", "import", "openbox", "setpriv", "trayer",
+            "xdotool", "xfce4-panel", "xprop")
+NOT_RUN = 77  # the status for which CTest says that the test did not run
 
 
 class Story(unittest.TestCase):
@@ -94,7 +97,11 @@ PICTURES = pathlib.Path(os.environ.get("VOLTMERE_PICTURES", tempfile.gettempdir(
 
 
 def tell():
-    """Runs the stories of the script that calls."""
+    """Runs the stories of the script that calls, where the programs of a desktop are installed."""
+    missing = [program for program in PROGRAMS if shutil.which(program) is None]
+    if missing:
+        print(f"not run: these programs are not installed: {', '.join(missing)}")
+        sys.exit(NOT_RUN)
     def too_long(*_):
         raise Failure(f"the story is not at its end after {LONGEST} s")
     signal.signal(signal.SIGALRM, too_long)

@@ -10,6 +10,7 @@ gi.require_version("Atspi", "2.0")
 from gi.repository import Atspi, GLib
 
 WITH_LISTS = ("combo box", "list")
+RENAMED = {"button": "push button"}  # by at-spi2-core 2.54
 
 
 class Control:
@@ -17,7 +18,8 @@ class Control:
 
     def __init__(self, accessible):
         self.accessible = accessible
-        self.role = accessible.get_role_name()
+        role = accessible.get_role_name()
+        self.role = RENAMED.get(role, role)
         self.name = accessible.get_name()
         self.description = accessible.get_description()
         self.states = {state.value_nick for state in accessible.get_state_set().get_states()}
