@@ -90,6 +90,7 @@ TEST_F(NotificationFailuresTest, ABusThatEndsTakesNothingWithIt)
 {
     add(1);
     ASSERT_TRUE(waitForShown(1));
+    roundTrip(); // so that no call is under way
     bus.stop();
     ASSERT_TRUE(waitFor([this] { return !client.isConnected(); }));
     add(2);
