@@ -8,6 +8,7 @@
 #include "app/version.h"
 #include "devices/device_listing.h"
 #include "platform/posix/plain_text.h"
+#include "platform/posix/posix_system_log.h"
 
 #include <QFileInfo>
 #include <QSysInfo>
@@ -88,7 +89,8 @@ void addEntry(std::size_t number, const BatteryEntry& entry, const EntryVerdict&
 
 void addReading(const CommandLine& commandLine, Report& report)
 {
-    Peripherals peripherals(commandLine);
+    PosixSystemLog log;
+    Peripherals peripherals(commandLine, log);
     const PeripheralSources sources = peripherals.choose();
     report.add("source", sources.label);
     const NameMap names = sources.names->readNames();

@@ -22,7 +22,7 @@ int listPeripherals(const CommandLine& commandLine)
     L10n::loadSetting(*defaults);
 
     const SystemClock clock;
-    Peripherals peripherals(commandLine);
+    Peripherals peripherals(commandLine, log);
     PeripheralSources sources = peripherals.choose();
     DeviceReader reader([&sources] { return sources; }, clock);
     const Reading reading{sources.label, reader.readDevices(false),

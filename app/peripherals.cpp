@@ -24,9 +24,11 @@ std::filesystem::path systemRoot(const CommandLine& commandLine)
 
 } // namespace
 
-Peripherals::Peripherals(const CommandLine& commandLine, const std::string& systemTools)
+Peripherals::Peripherals(const CommandLine& commandLine, SystemLog& log,
+                         const std::string& systemTools)
     : toolsOnly(commandLine.demo || commandLine.toolsDirectory)
     , systemOnly(commandLine.sysfsRoot.has_value())
+    , processes(log)
     , registry(processes, toolsDirectory(commandLine, systemTools))
     , profiler(processes, toolsDirectory(commandLine, systemTools))
     , system(makeSystemSources(systemRoot(commandLine)))

@@ -14,8 +14,8 @@ namespace voltmere {
 class Peripherals {
 public:
     /// `systemTools` is where the tools of this system are.
-    explicit Peripherals(const CommandLine& commandLine,
-                         const std::string& systemTools = systemToolsDirectory);
+    Peripherals(const CommandLine& commandLine, SystemLog& log,
+                const std::string& systemTools = systemToolsDirectory);
 
     /// The sources for one reading: the tools where the registry tool can be run, else the system's
     /// own. With a place named on the command line, that place and no other.

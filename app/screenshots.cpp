@@ -46,7 +46,7 @@ public:
 class Studio {
 public:
     explicit Studio(const CommandLine& commandLine)
-        : peripherals(commandLine)
+        : peripherals(commandLine, log)
         , reader(std::make_shared<DeviceReader>([this] { return peripherals.choose(); }, clock))
         , model({defaults, runLoop, clock, calendar, loginItems, notifications,
                  notificationDelegate, alerts, log, reader})

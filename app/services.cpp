@@ -40,7 +40,7 @@ Services::Services(const CommandLine& commandLine)
     , notifications(openNotifications(commandLine.demo, runLoop, clock, *log))
     , appearance(makeAppearance())
     , alerts(*appearance, pointer, runLoop, keepAfloat)
-    , peripherals(commandLine)
+    , peripherals(commandLine, *log)
     , reader(std::make_shared<DeviceReader>([this] { return peripherals.choose(); }, clock))
 {
     L10n::usePreferredLanguages(languages.get());

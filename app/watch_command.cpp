@@ -33,7 +33,7 @@ public:
     explicit Watch(const CommandLine& commandLine)
         : commandLine(commandLine)
         , defaults(openSettings(commandLine.demo, log))
-        , peripherals(commandLine)
+        , peripherals(commandLine, log)
         , reader(std::make_shared<DeviceReader>([this] { return peripherals.choose(); }, clock))
         , model({*defaults, runLoop, clock, calendar, loginItems, notifications, delegate, alerts,
                  silence, reader})

@@ -33,22 +33,14 @@ add_library(voltmere_core STATIC
   snooze/custom_time.cpp
   snooze/snooze_alert.cpp)
 
-if(APPLE)
-  target_sources(voltmere_core PRIVATE
-    platform/macos/large_pipe.cpp
-    platform/macos/spawn_flags.cpp
-    platform/macos/wait_for_child.cpp)
-else()
+if(NOT APPLE)
   target_sources(voltmere_core PRIVATE
     platform/linux/autostart_login_item.cpp
     platform/linux/autostart_rules.cpp
     platform/linux/autostart_session.cpp
     platform/linux/desktop_entry.cpp
     platform/linux/hid_uevent.cpp
-    platform/linux/large_pipe.cpp
-    platform/linux/spawn_flags.cpp
-    platform/linux/sysfs_battery_source.cpp
-    platform/linux/wait_for_child.cpp)
+    platform/linux/sysfs_battery_source.cpp)
 endif()
 
 target_link_libraries(voltmere_core PUBLIC Threads::Threads)

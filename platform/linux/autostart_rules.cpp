@@ -34,12 +34,11 @@ bool isForDesktop(const DesktopEntry& entry, const std::vector<std::string>& des
 
 bool canRun(const fs::path& program, const std::vector<fs::path>& directories)
 {
-    const PosixProcessRunner runner;
     if (program.is_absolute()) {
-        return runner.isExecutable(program);
+        return isExecutableFile(program);
     }
     return std::any_of(directories.begin(), directories.end(), [&](const fs::path& directory) {
-        return runner.isExecutable(directory / program);
+        return isExecutableFile(directory / program);
     });
 }
 

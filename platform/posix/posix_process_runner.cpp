@@ -1,16 +1,18 @@
 #include "platform/posix/posix_process_runner.h"
 
-#include "platform/posix/child_process.h"
-#include "platform/posix/pipe.h"
-#include "platform/posix/spawn_flags.h"
+#include "platform/posix/file_descriptor.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <spawn.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 
 #include <array>
 #include <cerrno>
 #include <optional>
+#include <system_error>
+#include <thread>
 
 extern char** environ; // NOLINT(readability-redundant-declaration): not every system declares it
 
@@ -18,32 +20,54 @@ namespace voltmere {
 
 namespace {
 
-/// The file actions of a spawn: which of the child's descriptors are redirected.
-class FileActions {
-public:
-    FileActions() { ::posix_spawn_file_actions_init(&actions); }
-    ~FileActions() { ::posix_spawn_file_actions_destroy(&actions); }
-    FileActions(const FileActions&) = delete;
-    FileActions& operator=(const FileActions&) = delete;
-
-    void redirect(int target, const Pipe& pipe)
-    {
-        ::posix_spawn_file_actions_adddup2(&actions, pipe.writeEnd.get(), target);
-    }
-
-    void keep(int descriptor) { inheritDescriptor(actions, descriptor); }
-
-    const posix_spawn_file_actions_t* get() const { return &actions; }
-
-private:
-    posix_spawn_file_actions_t actions{};
+/// Both ends of a pipe, closed on exec. The read end never blocks.
+struct Pipe {
+    FileDescriptor readEnd;
+    FileDescriptor writeEnd;
 };
 
-/// The attributes of a spawn: a process group of its own, and no signal blocked or ignored.
-class SpawnAttributes {
+#ifdef F_SETPIPE_SZ
+bool openPipe(int (&ends)[2])
+{
+    if (::pipe2(ends, O_CLOEXEC) != 0) {
+        return false;
+    }
+    // The most that a user without privileges may ask for by default. Where an administrator
+    // lowered it, smaller sizes are tried.
+    constexpr int largest = 1 << 20;
+    constexpr int usual = 1 << 16;
+    for (int size = largest; size > usual && ::fcntl(ends[1], F_SETPIPE_SZ, size) < 0; size /= 2) {
+    }
+    return true;
+}
+#else
+// A child that another thread starts in between is kept from the pipe by POSIX_SPAWN_CLOEXEC_DEFAULT.
+bool openPipe(int (&ends)[2])
+{
+    return ::pipe(ends) == 0 && ::fcntl(ends[0], F_SETFD, FD_CLOEXEC) == 0 &&
+        ::fcntl(ends[1], F_SETFD, FD_CLOEXEC) == 0;
+}
+#endif
+
+/// A pipe that holds as much unread data as the system lets this user have.
+std::optional<Pipe> openLargePipe()
+{
+    int ends[2] = {-1, -1};
+    const bool open = openPipe(ends);
+    Pipe pipe{FileDescriptor(ends[0]), FileDescriptor(ends[1])};
+    if (!open || ::fcntl(ends[0], F_SETFL, O_NONBLOCK) != 0) {
+        return std::nullopt;
+    }
+    return pipe;
+}
+
+/// How a child is started: which of its descriptors are redirected, a process group of its own, and
+/// no signal blocked or ignored. It gets the standard descriptors and no others.
+class SpawnSettings {
 public:
-    SpawnAttributes()
+    SpawnSettings()
     {
+        ::posix_spawn_file_actions_init(&actions);
         ::posix_spawnattr_init(&attributes);
         sigset_t none;
         sigset_t all;
@@ -52,37 +76,70 @@ public:
         ::posix_spawnattr_setsigmask(&attributes, &none);
         ::posix_spawnattr_setsigdefault(&attributes, &all);
         ::posix_spawnattr_setpgroup(&attributes, 0);
-        constexpr int flags =
-            POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
-        ::posix_spawnattr_setflags(&attributes, static_cast<short>(flags | closeByDefaultFlag));
+        int flags = POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
+#ifdef POSIX_SPAWN_CLOEXEC_DEFAULT
+        flags |= POSIX_SPAWN_CLOEXEC_DEFAULT;
+#endif
+        ::posix_spawnattr_setflags(&attributes, static_cast<short>(flags));
     }
 
-    ~SpawnAttributes() { ::posix_spawnattr_destroy(&attributes); }
-    SpawnAttributes(const SpawnAttributes&) = delete;
-    SpawnAttributes& operator=(const SpawnAttributes&) = delete;
+    ~SpawnSettings()
+    {
+        ::posix_spawnattr_destroy(&attributes);
+        ::posix_spawn_file_actions_destroy(&actions);
+    }
 
-    const posix_spawnattr_t* get() const { return &attributes; }
+    SpawnSettings(const SpawnSettings&) = delete;
+    SpawnSettings& operator=(const SpawnSettings&) = delete;
 
-private:
+    void redirect(int descriptor, const Pipe& pipe)
+    {
+        ::posix_spawn_file_actions_adddup2(&actions, pipe.writeEnd.get(), descriptor);
+    }
+
+    void inherit([[maybe_unused]] int descriptor)
+    {
+#ifdef POSIX_SPAWN_CLOEXEC_DEFAULT
+        ::posix_spawn_file_actions_addinherit_np(&actions, descriptor);
+#endif
+    }
+
+    posix_spawn_file_actions_t actions{};
     posix_spawnattr_t attributes{};
 };
 
-std::optional<pid_t> spawn(const ProcessRequest& request, const FileActions& actions)
+/// The form in which the system takes a list of texts. It never writes to them.
+std::vector<char*> pointersTo(const std::vector<std::string>& texts)
 {
-    // The interface takes the arguments as writable for old reasons only; it never writes to them.
-    std::vector<char*> arguments{const_cast<char*>(request.executable.c_str())};
-    for (const std::string& argument : request.arguments) {
-        arguments.push_back(const_cast<char*>(argument.c_str()));
+    std::vector<char*> pointers;
+    pointers.reserve(texts.size() + 1);
+    for (const std::string& text : texts) {
+        pointers.push_back(const_cast<char*>(text.c_str()));
     }
-    arguments.push_back(nullptr);
+    pointers.push_back(nullptr);
+    return pointers;
+}
 
-    const SpawnAttributes attributes;
-    pid_t pid = 0;
-    if (::posix_spawn(&pid, request.executable.c_str(), actions.get(), attributes.get(),
-                      arguments.data(), environ) != 0) {
-        return std::nullopt;
+/// Waits until the child, the leader of its group, has exited, and reaps it. A child that is still
+/// running after `limit` is killed with its group: then the answer is false.
+bool exitsWithin(std::chrono::milliseconds limit, pid_t pid)
+{
+    constexpr std::chrono::milliseconds interval(5);
+    const auto deadline = std::chrono::steady_clock::now() + limit;
+    for (;;) {
+        const pid_t exited = ::waitpid(pid, nullptr, WNOHANG);
+        if (exited == pid || (exited < 0 && errno != EINTR)) {
+            return true;
+        }
+        if (std::chrono::steady_clock::now() >= deadline) {
+            break;
+        }
+        std::this_thread::sleep_for(interval);
     }
-    return pid;
+    ::kill(-pid, SIGKILL);
+    ::kill(pid, SIGKILL); // in case it has left its group
+    while (::waitpid(pid, nullptr, 0) < 0 && errno == EINTR) { }
+    return false;
 }
 
 /// What is in the pipe at this moment. Does not wait for anyone who still holds its write end.
@@ -100,38 +157,69 @@ std::string readAvailable(const Pipe& pipe)
     }
 }
 
+std::string wholeLines(std::string text)
+{
+    const std::size_t end = text.rfind('\n');
+    text.resize(end == std::string::npos ? 0 : end);
+    return text;
+}
+
 } // namespace
+
+PosixProcessRunner::PosixProcessRunner(SystemLog& log)
+    : log(log)
+{
+    for (char* const* variable = environ; variable != nullptr && *variable != nullptr; ++variable) {
+        environment.emplace_back(*variable);
+    }
+}
 
 std::string PosixProcessRunner::run(const ProcessRequest& request)
 {
+    const bool swallows = request.errorOutput == ProcessRequest::ErrorOutput::swallowed;
     std::optional<Pipe> output = openLargePipe();
-    std::optional<Pipe> complaints;
-    FileActions actions;
-    if (!output) {
+    const std::optional<Pipe> complaints = swallows ? openLargePipe() : std::nullopt;
+    if (!output || (swallows && !complaints)) {
+        reportFailure(request.executable, errno);
         return {};
     }
-    actions.redirect(STDOUT_FILENO, *output);
-    actions.keep(STDIN_FILENO);
-    if (request.errorOutput == ProcessRequest::ErrorOutput::swallowed) {
-        complaints = openLargePipe();
-        if (!complaints) {
-            return {};
-        }
-        actions.redirect(STDERR_FILENO, *complaints);
+    SpawnSettings settings;
+    settings.inherit(STDIN_FILENO);
+    settings.redirect(STDOUT_FILENO, *output);
+    if (complaints) {
+        settings.redirect(STDERR_FILENO, *complaints);
     } else {
-        actions.keep(STDERR_FILENO);
+        settings.inherit(STDERR_FILENO);
     }
 
-    const std::optional<pid_t> pid = spawn(request, actions);
+    std::vector<std::string> words{request.executable};
+    words.insert(words.end(), request.arguments.begin(), request.arguments.end());
+    pid_t pid = 0;
+    const int error =
+        ::posix_spawn(&pid, request.executable.c_str(), &settings.actions, &settings.attributes,
+                      pointersTo(words).data(), pointersTo(environment).data());
     output->writeEnd.reset();
-    if (!pid) {
+    if (error != 0) {
+        reportFailure(request.executable, error);
         return {};
     }
-    waitForChild(*pid, request.limit);
-    return readAvailable(*output);
+    const bool whole = exitsWithin(request.limit, pid);
+    std::string text = readAvailable(*output);
+    return whole ? text : wholeLines(std::move(text));
+}
+
+void PosixProcessRunner::reportFailure(const std::string& executable, int error)
+{
+    const std::lock_guard lock(logGuard);
+    log.report(executable + " cannot be started", std::generic_category().message(error));
 }
 
 bool PosixProcessRunner::isExecutable(const std::string& path) const
+{
+    return isExecutableFile(path);
+}
+
+bool isExecutableFile(const std::string& path)
 {
     struct stat status { };
     return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&

@@ -1,5 +1,6 @@
 #include "app/peripherals.h"
 
+#include "tests/fakes/recording_log.h"
 #include "tests/platform/temporary_directory.h"
 
 #include <gtest/gtest.h>
@@ -13,12 +14,13 @@ namespace {
 
 class PeripheralsTest : public testing::Test {
 protected:
-    Peripherals make() const { return Peripherals(commandLine, directory / "system"); }
+    Peripherals make() { return Peripherals(commandLine, log, directory / "system"); }
 
     void installSystemTools() const { writeProgram(directory / "system" / "ioreg", "#!/bin/sh\n"); }
 
     TemporaryDirectory directory;
     CommandLine commandLine;
+    RecordingLog log;
 };
 
 TEST_F(PeripheralsTest, TheSystemsOwnEntriesAreReadWhereThereIsNoRegistryTool)

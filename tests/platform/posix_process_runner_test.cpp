@@ -1,6 +1,7 @@
 #include "platform/posix/posix_process_runner.h"
 
 #include "platform/posix/file_descriptor.h"
+#include "tests/fakes/recording_log.h"
 #include "tests/platform/temporary_directory.h"
 
 #include <gmock/gmock.h>
@@ -11,6 +12,7 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 
+#include <atomic>
 #include <cerrno>
 #include <thread>
 
@@ -174,7 +176,8 @@ protected:
     }
 
     TemporaryDirectory directory;
-    PosixProcessRunner runner;
+    RecordingLog log;
+    PosixProcessRunner runner{log};
 };
 
 TEST_F(PosixProcessRunnerTest, ReturnsWhatTheChildWrote)
@@ -241,11 +244,27 @@ TEST_F(PosixProcessRunnerTest, AChildThatWritesMoreThanThePipeHoldsIsEndedAtTheL
     EXPECT_GE(output.size(), 64 * kibibyte);
     EXPECT_LT(output.size(), size);
     EXPECT_TRUE(output == numberedLines(output.size()));
+    EXPECT_TRUE((output + '\n') == numberedLines(output.size() + 1)) << "the last line is cut";
 }
 
-TEST_F(PosixProcessRunnerTest, AChildThatNeverExitsIsEndedAtTheLimitAndItsOutputIsRead)
+TEST_F(PosixProcessRunnerTest, OfAChildThatNeverExitsTheWholeLinesUntilTheLimitCount)
 {
     EXPECT_EQ(outputOfEnded({"hang"}), "before");
+}
+
+TEST_F(PosixProcessRunnerTest, OfATextThatTheLimitCutInItsFirstLineNothingCounts)
+{
+    LifeLine lifeLine(directory / "fifo");
+
+    std::string held;
+    std::string output = "none";
+    for (auto limit = 250ms; held.empty() && limit < 60s; limit *= 2) {
+        output = runner.run(request({"hang-in-line", lifeLine.path()}, limit));
+        held = lifeLine.take();
+    }
+
+    EXPECT_EQ(held, "written");
+    EXPECT_EQ(output, "");
 }
 
 TEST_F(PosixProcessRunnerTest, TheChildsOwnChildIsEndedWithIt)
@@ -314,6 +333,19 @@ TEST_F(PosixProcessRunnerTest, WhatCannotBeStartedWroteNothing)
     EXPECT_EQ(runner.run(requestOf("")), "");
 }
 
+TEST_F(PosixProcessRunnerTest, AProgramThatCannotBeStartedLeavesOneLineInTheLog)
+{
+    const std::string missing = directory / "missing";
+    runner.run(requestOf(missing));
+    runner.run(requestOf(missing));
+    runner.run(requestOf(directory.path()));
+
+    EXPECT_THAT(log.lines,
+                testing::ElementsAre(
+                    "Voltmere: " + missing + " cannot be started (No such file or directory)",
+                    testing::HasSubstr("(Permission denied)")));
+}
+
 TEST_F(PosixProcessRunnerTest, ANameIsNotSearchedFor)
 {
     EXPECT_EQ(runner.run(requestOf("echo")), "");
@@ -334,12 +366,31 @@ TEST_F(PosixProcessRunnerTest, ArgumentsArriveAsTheyAre)
     EXPECT_EQ(runner.run(request(words)), expected);
 }
 
-TEST_F(PosixProcessRunnerTest, TheChildHasOurEnvironment)
+TEST_F(PosixProcessRunnerTest, TheChildHasTheEnvironmentThatWasThereAtFirst)
 {
+    const ProcessRequest ask = request({"environment", "VOLTMERE_TEST_VARIABLE"});
     ::setenv("VOLTMERE_TEST_VARIABLE", "handed down", 1);
-    EXPECT_EQ(runner.run(request({"environment", "VOLTMERE_TEST_VARIABLE"})), "handed down");
+    PosixProcessRunner later(log);
     ::unsetenv("VOLTMERE_TEST_VARIABLE");
-    EXPECT_EQ(runner.run(request({"environment", "VOLTMERE_TEST_VARIABLE"})), "unset");
+
+    EXPECT_EQ(runner.run(ask), "unset");
+    EXPECT_EQ(later.run(ask), "handed down");
+}
+
+TEST_F(PosixProcessRunnerTest, ToolsStartWhileTheMainThreadChangesTheEnvironment)
+{
+    std::atomic<bool> ended = false;
+    std::thread readings([&] {
+        for (int i = 0; i < 50; ++i) {
+            EXPECT_EQ(runner.run(request({"exit", "0", "hello"})), "hello");
+        }
+        ended = true;
+    });
+    for (int i = 0; !ended; ++i) {
+        ::setenv("VOLTMERE_TEST_VARIABLE", std::string(std::size_t(i % 100), 'x').c_str(), 1);
+        ::unsetenv("VOLTMERE_TEST_VARIABLE");
+    }
+    readings.join();
 }
 
 TEST_F(PosixProcessRunnerTest, TheChildLeadsAGroupOfItsOwn)

@@ -2,6 +2,7 @@
 #include "platform/posix/atomic_file.h"
 #include "platform/posix/posix_process_runner.h"
 #include "platform/posix/posix_system_log.h"
+#include "tests/fakes/recording_log.h"
 #include "tests/platform/few_descriptors.h"
 #include "tests/platform/sysfs_fixture.h"
 
@@ -40,7 +41,8 @@ std::size_t descriptorsInUse()
 
 TEST(ScarcityTest, WithoutFileDescriptorsAToolWroteNothingAndNothingLeaks)
 {
-    PosixProcessRunner runner;
+    RecordingLog log;
+    PosixProcessRunner runner(log);
     const std::size_t before = descriptorsInUse();
     for (const auto errors :
          {ProcessRequest::ErrorOutput::inherited, ProcessRequest::ErrorOutput::swallowed}) {
@@ -113,7 +115,8 @@ int outcomeWhereForkIsRefused()
     } else if (child > 0) {
         return 4;
     }
-    PosixProcessRunner runner;
+    RecordingLog log;
+    PosixProcessRunner runner(log);
     const auto errors = ProcessRequest::ErrorOutput::swallowed;
     return runner.run(childThatSays("x", errors)).empty() ? 0 : 5;
 }

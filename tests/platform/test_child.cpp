@@ -145,13 +145,17 @@ int behave(const Arguments& arguments)
         ::signal(SIGTERM, SIG_IGN);
         ::signal(SIGINT, SIG_IGN);
         ::signal(SIGHUP, SIG_IGN);
-        writeAll(STDOUT_FILENO, "before");
+        writeAll(STDOUT_FILENO, "before\nand a part of");
+        hang();
+    } else if (mode == "hang-in-line") {
+        writeAll(STDOUT_FILENO, "\"BatteryPercent\" = 10");
+        writeAll(::open(arguments.at(1).c_str(), O_WRONLY), "written");
         hang();
     } else if (mode == "hang-outside-group") {
-        writeAll(STDOUT_FILENO, ::setpgid(0, ::getpgid(::getppid())) == 0 ? "left" : "stayed");
+        writeAll(STDOUT_FILENO, ::setpgid(0, ::getpgid(::getppid())) == 0 ? "left\n" : "stayed\n");
         hang();
     } else if (mode == "hang-with-child") {
-        writeAll(STDOUT_FILENO, std::to_string(startHolder(arguments.at(1))));
+        writeAll(STDOUT_FILENO, std::to_string(startHolder(arguments.at(1))) + '\n');
         hang();
     } else if (mode == "leave-child") {
         writeAll(STDOUT_FILENO, std::to_string(startHolder(arguments.at(1))));
