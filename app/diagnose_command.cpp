@@ -7,8 +7,8 @@
 #include "app/terminal_output.h"
 #include "app/version.h"
 #include "devices/device_listing.h"
-#include "platform/posix/plain_text.h"
 #include "platform/posix/posix_system_log.h"
+#include "texts/plain_text.h"
 
 #include <QFileInfo>
 #include <QSysInfo>
@@ -24,7 +24,7 @@ public:
     {
         constexpr std::size_t labelWidth = 18;
         const std::size_t padding = label.size() < labelWidth ? labelWidth - label.size() : 1;
-        lines += label + std::string(padding, ' ') + plainLine(text) + '\n';
+        lines += label + std::string(padding, ' ') + plainText(text) + '\n';
     }
 
     std::string lines;
@@ -83,7 +83,7 @@ void addEntry(std::size_t number, const BatteryEntry& entry, const EntryVerdict&
         const auto* device = std::get_if<BatteryDevice>(&verdict);
         report.add("",
                    "from " + entry.origin + ", address " + entry.address.value_or("none") +
-                       ", name " + (device != nullptr ? device->name : "none"));
+                       ", name " + (device != nullptr ? shownName(*device) : "none"));
     }
 }
 

@@ -16,7 +16,7 @@ namespace voltmere {
 int listPeripherals(const CommandLine& commandLine)
 {
     PosixSystemLog log;
-    const auto defaults = openSettings(commandLine.demo, log);
+    const auto defaults = openSettings(commandLine.demo, SettingsUse::readOnly, log);
     const auto languages = makePreferredLanguages();
     L10n::usePreferredLanguages(languages.get());
     L10n::loadSetting(*defaults);

@@ -11,8 +11,8 @@
 #include "app/voltmere_app.h"
 #include "app/watch_command.h"
 #include "platform/application_id.h"
-#include "platform/posix/plain_text.h"
 #include "platform/qt/ending_signals.h"
+#include "texts/plain_text.h"
 
 #include <QApplication>
 
@@ -34,14 +34,14 @@ QStringList wordsOf(int argc, char** argv)
 
 int reportUsageError(const UsageError& error)
 {
-    const std::string message = voltmere::plainLine(error.message.toStdString());
+    const std::string message = voltmere::plainText(error.message.toStdString());
     std::fprintf(stderr, "voltmere: %s\n%s", message.c_str(), qPrintable(voltmere::usageText()));
     return voltmere::exitStatus::wrongUsage;
 }
 
 int reportNoDisplay(const std::string& problem)
 {
-    std::fprintf(stderr, "voltmere: %s\n", voltmere::plainLine(problem).c_str());
+    std::fprintf(stderr, "voltmere: %s\n", voltmere::plainText(problem).c_str());
     return voltmere::exitStatus::cannotRun;
 }
 

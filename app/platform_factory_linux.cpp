@@ -1,7 +1,6 @@
 #include "app/platform_factory.h"
 
 #include "app/bus_instance.h"
-#include "devices/utf8.h"
 #include "model/l10n.h"
 #include "platform/application_id.h"
 #include "platform/linux/autostart_login_item.h"
@@ -14,6 +13,7 @@
 #include "platform/posix/environment_languages.h"
 #include "platform/posix/posix_system_log.h"
 #include "platform/qt/qt_application.h"
+#include "texts/utf8.h"
 #include "ui/status_label.h"
 #include "ui/tray_image.h"
 

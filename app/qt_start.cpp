@@ -1,7 +1,7 @@
 #include "app/qt_start.h"
 
 #include "app/exit_status.h"
-#include "platform/posix/plain_text.h"
+#include "texts/plain_text.h"
 
 #include <QByteArray>
 #include <QList>
@@ -44,7 +44,7 @@ Said& said()
     std::fprintf(stderr,
                  "voltmere: Qt cannot show windows here (%s); check QT_QPA_PLATFORM, install the "
                  "plugin (qt6-wayland for Wayland), or use --list\n",
-                 plainLine(cause.toStdString()).c_str());
+                 plainText(cause.toStdString()).c_str());
     std::_Exit(exitStatus::cannotRun);
 }
 

@@ -2,7 +2,7 @@
 
 #include "alerting/status_text.h"
 #include "app/terminal_width.h"
-#include "platform/posix/plain_text.h"
+#include "texts/plain_text.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -35,15 +35,16 @@ QJsonObject deviceJson(const BatteryDevice& device, std::int64_t threshold)
 
 std::string compactJson(const QJsonObject& object)
 {
-    return escapedControls(QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString());
+    return escapedJson(QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString());
 }
 
 /// The bar reads markup in tooltips.
 QString waybarTooltip(const Reading& reading)
 {
-    QString tooltip = QString::fromStdString(statusText(reading.devices, reading.threshold));
+    QString tooltip =
+        QString::fromStdString(plainText(statusText(reading.devices, reading.threshold)));
     for (const BatteryDevice& device : reading.devices) {
-        tooltip += '\n' + QString::fromStdString(plainLine(namesWithLevels({device}, {})));
+        tooltip += '\n' + QString::fromStdString(shownNameWithLevel(device));
     }
     return tooltip.toHtmlEscaped();
 }
@@ -58,11 +59,11 @@ std::string readingTable(const Reading& reading)
     const std::string heading = "NAME";
     std::size_t nameWidth = heading.size();
     for (const BatteryDevice& device : reading.devices) {
-        nameWidth = std::max(nameWidth, terminalWidth(plainLine(device.name)));
+        nameWidth = std::max(nameWidth, terminalWidth(shownName(device)));
     }
     std::string table = row(heading, nameWidth, "LEVEL", "STATE");
     for (const BatteryDevice& device : reading.devices) {
-        table += row(plainLine(device.name), nameWidth, std::to_string(device.level) + '%',
+        table += row(shownName(device), nameWidth, std::to_string(device.level) + '%',
                      isLow(device, reading.threshold) ? "low" : "ok");
     }
     return table;

@@ -33,7 +33,7 @@ std::unique_ptr<NotificationCentre> openNotifications(bool demo, RunLoop& runLoo
 Services::Services(const CommandLine& commandLine)
     : log(makeSystemLog())
     , languages(makePreferredLanguages())
-    , defaults(openSettings(commandLine.demo, *log))
+    , defaults(openSettings(commandLine.demo, SettingsUse::readAndWrite, *log))
     , loginItems(openLoginItems(commandLine.demo))
     , application(makeApplication())
     , notificationDelegate(runLoop, *application)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/defaults_store.h"
+#include "platform/qt/qt_defaults.h"
 #include "platform/system_log.h"
 
 #include <QString>
@@ -15,6 +16,6 @@ namespace voltmere {
 QString settingsPath();
 
 /// The user's settings, or settings that nobody keeps for a demonstration. `log` must outlive them.
-std::unique_ptr<DefaultsStore> openSettings(bool demo, SystemLog& log);
+std::unique_ptr<DefaultsStore> openSettings(bool demo, SettingsUse use, SystemLog& log);
 
 } // namespace voltmere

@@ -1,7 +1,6 @@
 #include "app/settings_location.h"
 
 #include "platform/posix/memory_defaults.h"
-#include "platform/qt/qt_defaults.h"
 
 #include <QStandardPaths>
 
@@ -13,12 +12,12 @@ QString settingsPath()
         "/voltmere/settings.json";
 }
 
-std::unique_ptr<DefaultsStore> openSettings(bool demo, SystemLog& log)
+std::unique_ptr<DefaultsStore> openSettings(bool demo, SettingsUse use, SystemLog& log)
 {
     if (demo) {
         return std::make_unique<MemoryDefaults>();
     }
-    return std::make_unique<QtDefaults>(openJsonSettings(settingsPath(), log), log);
+    return std::make_unique<QtDefaults>(openJsonSettings(settingsPath(), use, log), log);
 }
 
 } // namespace voltmere

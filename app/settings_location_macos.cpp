@@ -13,7 +13,7 @@ QString settingsPath()
     return QDir::homePath() + "/Library/Preferences/" + applicationId + ".plist";
 }
 
-std::unique_ptr<DefaultsStore> openSettings(bool demo, SystemLog& log)
+std::unique_ptr<DefaultsStore> openSettings(bool demo, SettingsUse /*use*/, SystemLog& log)
 {
     if (demo) {
         return std::make_unique<MemoryDefaults>();

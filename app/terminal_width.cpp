@@ -1,6 +1,6 @@
 #include "app/terminal_width.h"
 
-#include "devices/utf8.h"
+#include "texts/utf8.h"
 
 #include <clocale>
 #include <cwchar>

@@ -32,7 +32,7 @@ class Watch {
 public:
     explicit Watch(const CommandLine& commandLine)
         : commandLine(commandLine)
-        , defaults(openSettings(commandLine.demo, log))
+        , defaults(openSettings(commandLine.demo, SettingsUse::readOnly, log))
         , peripherals(commandLine, log)
         , reader(std::make_shared<DeviceReader>([this] { return peripherals.choose(); }, clock))
         , model({*defaults, runLoop, clock, calendar, loginItems, notifications, delegate, alerts,
@@ -62,7 +62,7 @@ private:
             return;
         }
         // A panel elsewhere may have changed them.
-        const auto present = openSettings(commandLine.demo, log);
+        const auto present = openSettings(commandLine.demo, SettingsUse::readOnly, log);
         L10n::loadSetting(*present);
         const Reading reading{peripherals.choose().label, model.devices,
                               stored(*present, settings::threshold)};

@@ -15,7 +15,7 @@ add_library(voltmere_core STATIC
   devices/peripheral_tools.cpp
   devices/profiler_parser.cpp
   devices/registry_parser.cpp
-  devices/utf8.cpp
+  texts/utf8.cpp
   model/app_language.cpp
   model/battery_model.cpp
   model/check_cycle.cpp
@@ -26,7 +26,7 @@ add_library(voltmere_core STATIC
   platform/posix/atomic_file.cpp
   platform/posix/environment_languages.cpp
   platform/posix/memory_defaults.cpp
-  platform/posix/plain_text.cpp
+  texts/plain_text.cpp
   platform/posix/posix_calendar.cpp
   platform/posix/posix_process_runner.cpp
   platform/posix/posix_system_log.cpp

@@ -1,5 +1,7 @@
 #include "devices/battery_device.h"
 
+#include "texts/plain_text.h"
+
 #include <algorithm>
 #include <iterator>
 
@@ -35,6 +37,22 @@ std::optional<BatteryDevice> weakestDevice(const std::vector<BatteryDevice>& dev
 {
     const auto weakest = std::ranges::min_element(devices, {}, &BatteryDevice::level);
     return weakest == devices.end() ? std::nullopt : std::optional(*weakest);
+}
+
+std::string shownName(const BatteryDevice& device)
+{
+    const std::string name = plainText(device.name);
+    if (name.find_first_not_of(' ') != std::string::npos) {
+        return name;
+    }
+    const auto& catalogue = BatteryDevice::knownAppleDevices();
+    const auto known = catalogue.find(device.id);
+    return known == catalogue.end() ? name : known->second.name;
+}
+
+std::string shownNameWithLevel(const BatteryDevice& device)
+{
+    return shownName(device) + ' ' + std::to_string(device.level) + '%';
 }
 
 std::string namesWithLevels(const std::vector<BatteryDevice>& devices, std::string_view separator)

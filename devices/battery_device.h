@@ -45,7 +45,15 @@ std::vector<BatteryDevice> lowDevices(const std::vector<BatteryDevice>& devices,
 /// empty list.
 std::optional<BatteryDevice> weakestDevice(const std::vector<BatteryDevice>& devices);
 
-/// The devices in one line, each as "name level%", with `separator` between them.
+/// The device's name as it is fit to be shown: the catalogue's where nobody would see anything of
+/// it.
+std::string shownName(const BatteryDevice& device);
+
+/// `shownName` and the level, as "name level%".
+std::string shownNameWithLevel(const BatteryDevice& device);
+
+/// The devices in one line, each as "name level%", with `separator` between them. Names stand there
+/// as they came.
 std::string namesWithLevels(const std::vector<BatteryDevice>& devices, std::string_view separator);
 
 } // namespace voltmere

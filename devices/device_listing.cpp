@@ -1,7 +1,7 @@
 #include "devices/device_listing.h"
 
 #include "devices/bluetooth_address.h"
-#include "devices/utf8.h"
+#include "texts/utf8.h"
 
 #include <algorithm>
 #include <set>

@@ -1,7 +1,7 @@
 #include "devices/profiler_parser.h"
 
 #include "devices/bluetooth_address.h"
-#include "devices/utf8.h"
+#include "texts/utf8.h"
 
 #include <optional>
 #include <utility>

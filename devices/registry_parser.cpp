@@ -1,7 +1,7 @@
 #include "devices/registry_parser.h"
 
 #include "devices/numeric_character.h"
-#include "devices/utf8.h"
+#include "texts/utf8.h"
 
 #include <algorithm>
 #include <charconv>

@@ -17,7 +17,7 @@ std::string kindOf(const BatteryDevice& device)
     case 2:
         return L10n::t("device.trackpad");
     default:
-        return device.name;
+        return shownName(device);
     }
 }
 
@@ -39,8 +39,9 @@ std::string titleText(const std::vector<BatteryDevice>& devices, bool isLow)
     if (!isLow) {
         return L10n::t("alert.normalTitle");
     }
-    return devices.size() == 1 ? L10n::format(L10n::t("alert.titleOne"), {devices.front().name})
-                               : L10n::t("alert.titleMany");
+    return devices.size() == 1
+        ? L10n::format(L10n::t("alert.titleOne"), {shownName(devices.front())})
+        : L10n::t("alert.titleMany");
 }
 
 std::string detailText(const std::vector<BatteryDevice>& devices, bool isLow)

@@ -87,6 +87,8 @@ ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
     addBottomRow(*column);
     onRedraw([this] { setWindowTitle(QString::fromStdString(L10n::t("app.name"))); });
     redraw();
+    // No control has the keyboard until Tab, so that no key changes a setting by accident.
+    setFocus();
 }
 
 ContentView::~ContentView() = default;

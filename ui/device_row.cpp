@@ -19,7 +19,7 @@ DeviceRow::DeviceRow(const BatteryDevice& device, QWidget* parent)
     auto* const symbol = makeSymbolView(QString::fromStdString(device.symbol), this);
     name->setObjectName("deviceName");
     name->setFont(headlineFont(font()));
-    name->setFullText(displayText(device.name));
+    name->setFullText(QString::fromStdString(shownName(device)));
     level->setObjectName("deviceLevel");
     level->setTextFormat(Qt::PlainText);
     level->setFont(title3Font(font()));

@@ -1,6 +1,6 @@
 #include "ui/icon_texts.h"
 
-#include "devices/device_listing.h"
+#include "devices/battery_device.h"
 #include "model/l10n.h"
 #include "ui/display_text.h"
 
@@ -10,7 +10,7 @@ QStringList deviceLines(const std::vector<BatteryDevice>& devices)
 {
     QStringList lines;
     for (const BatteryDevice& device : devices) {
-        lines.append(displayText(namesWithLevels({device}, {})));
+        lines.append(QString::fromStdString(shownNameWithLevel(device)));
     }
     return lines;
 }

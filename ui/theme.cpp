@@ -77,15 +77,16 @@ QPalette makePalette(const Colours& colours)
 
 bool isDark(const QPalette& palette)
 {
-    return palette.color(QPalette::WindowText).lightness() >
-        palette.color(QPalette::Window).lightness();
+    return palette.color(QPalette::Active, QPalette::WindowText).lightness() >
+        palette.color(QPalette::Active, QPalette::Window).lightness();
 }
 
-/// The colour between text and background that has `weight` of the text's.
+/// The colour between text and background that has `weight` of the text's, in an active window: a
+/// window is asked before it becomes active, and some themes have pale texts until then.
 QColor blended(const QPalette& palette, qreal weight)
 {
-    const QColor text = palette.color(QPalette::WindowText);
-    const QColor background = palette.color(QPalette::Window);
+    const QColor text = palette.color(QPalette::Active, QPalette::WindowText);
+    const QColor background = palette.color(QPalette::Active, QPalette::Window);
     const auto mix = [weight](int front, int back) {
         return qRound(front * weight + back * (1 - weight));
     };

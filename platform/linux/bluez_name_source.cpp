@@ -45,12 +45,20 @@ private:
 
 std::atomic<int> BusVisit::nextNumber{0};
 
+/// A device without a name has its address with hyphens as alias. That is no name.
+bool standsForAddress(const QString& alias, QString address)
+{
+    return alias.compare(address.replace(':', '-'), Qt::CaseInsensitive) == 0;
+}
+
 void addName(const BluezInterfaces& interfaces, NameMap& names)
 {
     const QVariantMap device = interfaces.value(QStringLiteral("org.bluez.Device1"));
     const QString address = device.value(QStringLiteral("Address")).toString();
-    const QString alias = device.value(QStringLiteral("Alias")).toString();
-    const QString name = alias.isEmpty() ? device.value(QStringLiteral("Name")).toString() : alias;
+    QString name = device.value(QStringLiteral("Alias")).toString();
+    if (name.isEmpty() || standsForAddress(name, address)) {
+        name = device.value(QStringLiteral("Name")).toString();
+    }
     if (!address.isEmpty() && !name.isEmpty()) {
         names[address.toUpper().toStdString()] = name.toStdString();
     }

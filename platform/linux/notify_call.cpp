@@ -2,10 +2,9 @@
 
 #include "platform/application_id.h"
 #include "platform/linux/bus_names.h"
+#include "texts/plain_text.h"
 
 #include <QVariantMap>
-
-#include <algorithm>
 
 namespace voltmere {
 
@@ -14,18 +13,9 @@ namespace {
 constexpr uchar normalUrgency = 1;
 constexpr int daemonsOwnDuration = -1; ///< milliseconds otherwise
 
-/// The text without the control characters that neither a bus string nor markup can hold.
 QString shownText(const std::string& text)
 {
-    QString shown = QString::fromStdString(text);
-    const auto isShown = [](QChar character) {
-        return character == '\n' || character == '\t' ||
-            character.category() != QChar::Other_Control;
-    };
-    std::replace_if(
-        shown.begin(), shown.end(), [&](QChar character) { return !isShown(character); },
-        QChar(QChar::ReplacementCharacter));
-    return shown;
+    return QString::fromStdString(plainText(text));
 }
 
 /// Keys and titles in turn, the click on the notification itself first.

@@ -1,13 +1,13 @@
 #include "platform/macos/ns_log.h"
 
 #include "platform/macos/cocoa_text.h"
-#include "platform/posix/plain_text.h"
+#include "texts/plain_text.h"
 
 namespace voltmere {
 
 void NsLog::write(std::string_view line)
 {
-    NSLog(@"%@", cocoaText(plainLine(std::string(line))));
+    NSLog(@"%@", cocoaText(plainText(std::string(line))));
 }
 
 } // namespace voltmere

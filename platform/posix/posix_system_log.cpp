@@ -1,6 +1,6 @@
 #include "platform/posix/posix_system_log.h"
 
-#include "platform/posix/plain_text.h"
+#include "texts/plain_text.h"
 
 #include <syslog.h>
 
@@ -18,7 +18,7 @@ PosixSystemLog::~PosixSystemLog()
 
 void PosixSystemLog::write(std::string_view line)
 {
-    ::syslog(LOG_NOTICE, "%s", plainLine(line).c_str());
+    ::syslog(LOG_NOTICE, "%s", plainText(line).c_str());
 }
 
 } // namespace voltmere

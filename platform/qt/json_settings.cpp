@@ -19,8 +19,9 @@ namespace {
 
 // QSettings calls its readers and writers as plain functions, so what they share has to stand here.
 SystemLog* damageLog = nullptr;
+SettingsUse use = SettingsUse::readAndWrite;
 
-/// Damaged files that could not be moved out of the way. They are read as empty and never written.
+/// Damaged files that were left where they are. They are read as empty and never written.
 QSet<QString>& keptInPlace()
 {
     static QSet<QString> paths;
@@ -35,16 +36,17 @@ QString fileNameOf(const QIODevice& device)
 
 void handleDamage(const QString& path, const QString& damage)
 {
-    const std::optional<QString> keptAs = setAside(path);
-    if (!keptAs) {
+    QString line = "Voltmere: the settings file " + path + " is damaged (" + damage +
+        "): the defaults are used";
+    if (use == SettingsUse::readOnly) {
         keptInPlace().insert(path);
+    } else if (const std::optional<QString> keptAs = setAside(path)) {
+        line += ", it is kept as " + *keptAs;
+    } else {
+        keptInPlace().insert(path);
+        line += ", it cannot be moved, so settings are not saved until it is mended or removed";
     }
     if (damageLog != nullptr) {
-        const QString fate = keptAs
-            ? "it is kept as " + *keptAs
-            : "it cannot be moved, so settings are not saved until it is mended or removed";
-        const QString line = "Voltmere: the settings file " + path + " is damaged (" + damage +
-            "): the defaults are used, " + fate;
         damageLog->write(line.toStdString());
     }
 }
@@ -93,10 +95,13 @@ void removeAbandonedLock(const QString& path)
 
 } // namespace
 
-std::unique_ptr<QSettings> openJsonSettings(const QString& path, SystemLog& log)
+std::unique_ptr<QSettings> openJsonSettings(const QString& path, SettingsUse given, SystemLog& log)
 {
     damageLog = &log;
-    removeAbandonedLock(path);
+    use = given;
+    if (use == SettingsUse::readAndWrite) {
+        removeAbandonedLock(path);
+    }
     static const QSettings::Format json =
         QSettings::registerFormat("json", readJson, writeJson, Qt::CaseSensitive);
     return std::make_unique<QSettings>(path, json);

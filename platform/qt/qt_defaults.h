@@ -33,10 +33,13 @@ private:
     std::unique_ptr<QSettings> settings;
 };
 
+/// Whether a program writes the settings, or only reads them and then changes no file.
+enum class SettingsUse { readAndWrite, readOnly };
+
 /// Opens the settings file at `path`, one JSON object. The file need not exist. It is locked while
 /// it is written and replaced in one step, for its user alone (0600). A file that is no JSON object
-/// is set aside beside itself as `<name>.damaged-<time>`, with a line in `log`, and counts as
-/// empty. `log` must outlive all use of the file.
-std::unique_ptr<QSettings> openJsonSettings(const QString& path, SystemLog& log);
+/// counts as empty, and `log` gets a line; who may write sets it aside beside itself as
+/// `<name>.damaged-<time>`. `log` must outlive all use of the file.
+std::unique_ptr<QSettings> openJsonSettings(const QString& path, SettingsUse use, SystemLog& log);
 
 } // namespace voltmere

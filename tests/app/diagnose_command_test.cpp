@@ -162,9 +162,9 @@ TEST_F(DiagnoseCommandTest, ControlCharactersDoNotReachTheTerminal)
         EXPECT_THAT(report, Not(HasSubstr("\x1B")));
         EXPECT_THAT(report, Not(HasSubstr("\u009B")));
         EXPECT_THAT(report, Not(HasSubstr("\u202E")));
-        EXPECT_THAT(report, HasSubstr("a\uFFFD[2Jb\uFFFDc\n"));
+        EXPECT_THAT(report, HasSubstr("a [2Jb c\n"));
     }
-    EXPECT_THAT(diagnoseTools({"--verbose"}).output, HasSubstr("name \uFFFD[31mred\uFFFD\uFFFD\n"));
+    EXPECT_THAT(diagnoseTools({"--verbose"}).output, HasSubstr("name  [31mred \n"));
 }
 
 TEST_F(DiagnoseCommandTest, ADirectoryInThePlaceOfTheSettingsFileIsSaid)
@@ -245,7 +245,7 @@ TEST_F(DiagnoseCommandTest, TheDesktopsServicesAreNamed)
     daemon.appear("org.voltmere.Voltmere");
     const std::string full = reportOnBus(bus);
     EXPECT_THAT(full, ContainsRegex("tray +StatusNotifier host registered\n"));
-    EXPECT_THAT(full, ContainsRegex("notifications +daemon\uFFFD 1.2\n"));
+    EXPECT_THAT(full, ContainsRegex("notifications +daemon  1.2\n"));
     EXPECT_THAT(full, ContainsRegex("settings portal +present\n"));
     EXPECT_THAT(full, ContainsRegex("running instance +present\n"));
 

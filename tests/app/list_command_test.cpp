@@ -135,7 +135,7 @@ TEST_F(ListCommandTest, AnEmptyToolsDirectoryIsAnEmptyListWithoutFallback)
 
     EXPECT_EQ(table.status, 0);
     EXPECT_EQ(table.output, "No peripherals found\n");
-    EXPECT_EQ(table.errors, "");
+    EXPECT_THAT(table.errors, HasSubstr("ioreg cannot be started (No such file or directory)\n"));
     EXPECT_EQ(json.status, 0);
     EXPECT_EQ(parsed(json.output).value("source"), QJsonValue("tools"));
     EXPECT_EQ(parsed(json.output).value("devices"), QJsonValue(QJsonArray()));
@@ -160,6 +160,7 @@ TEST_F(ListCommandTest, WithoutTheProfilerTheCatalogueNamesTheDevices)
 
 TEST_F(ListCommandTest, AToolThatFailsIsReadAllTheSame)
 {
+    makeTools();
     writeProgram(tools() / "ioreg",
                  printing(registryEntry(803, 14, "x")) + "echo complaint >&2\nexit 3\n");
     const Outcome outcome = listWithTools();
@@ -191,7 +192,7 @@ TEST_F(ListCommandTest, NamesDoNotCommandTheTerminal)
                  printing("          \x1B[31mred\u009B\u202E:\n"
                           "              Address: 02:00:5E:00:53:01\n"));
 
-    EXPECT_THAT(listWithTools().output, HasSubstr("\uFFFD[31mred\uFFFD\uFFFD"));
+    EXPECT_THAT(listWithTools().output, HasSubstr(" [31mred "));
     EXPECT_THAT(listWithTools({"--json"}).output, HasSubstr("\\u001b[31mred\\u009b\\u202e"));
 }
 
@@ -317,7 +318,7 @@ TEST_F(ListCommandTest, HelpAndVersionAreAnswers)
     EXPECT_EQ(version.errors, "");
 }
 
-TEST_F(ListCommandTest, ADamagedSettingsFileIsKeptAndTheDefaultsAreUsed)
+TEST_F(ListCommandTest, ADamagedSettingsFileIsLeftAloneAndTheDefaultsAreUsed)
 {
     const std::string damaged = "{\"threshold\": 50, \"lang";
     makeTools();
@@ -328,23 +329,9 @@ TEST_F(ListCommandTest, ADamagedSettingsFileIsKeptAndTheDefaultsAreUsed)
     EXPECT_EQ(parsed(outcome.output).value("threshold"), QJsonValue(20));
     EXPECT_EQ(std::count(outcome.errors.begin(), outcome.errors.end(), '\n'), 1) << outcome.errors;
     EXPECT_THAT(outcome.errors, HasSubstr(settings().string()));
+    EXPECT_EQ(readFile(settings()), damaged);
     const QDir folder(QString::fromStdString(settings().parent_path()));
-    const QStringList kept = folder.entryList({"settings.json.damaged-*"}, QDir::Files);
-    ASSERT_EQ(kept.size(), 1);
-    EXPECT_EQ(readFile(folder.filePath(kept.front()).toStdString()), damaged);
-}
-
-TEST_F(ListCommandTest, ADamagedSettingsFileIsKeptOnceHoweverOftenItIsRead)
-{
-    makeTools();
-    writeFile(settings(), "{\"threshold\": 50, \"lang");
-
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(listWithTools().status, 0);
-    }
-
-    const QDir folder(QString::fromStdString(settings().parent_path()));
-    EXPECT_EQ(folder.entryList({"settings.json.damaged-*"}, QDir::Files).size(), 1);
+    EXPECT_EQ(folder.entryList(QDir::Files), QStringList("settings.json"));
 }
 
 #ifdef __linux__

@@ -73,9 +73,6 @@ TEST_F(ReadingReportTest, AShortNameLeavesTheHeadingItsRoom)
     EXPECT_EQ(readingTable({"tools", {named("鼠")}, 20}),
               "NAME  LEVEL  STATE\n"
               "鼠      37%  ok\n");
-    EXPECT_EQ(readingTable({"tools", {named("")}, 20}),
-              "NAME  LEVEL  STATE\n"
-              "        37%  ok\n");
 }
 
 TEST_F(ReadingReportTest, TheThresholdItselfIsLow)
@@ -99,9 +96,8 @@ TEST_F(ReadingReportTest, ControlCharactersOfANameDoNotReachTheTerminal)
         readingTable({"tools", {named("\x1B[2J\nfake\r\t\x7F\u009B\u202E")}, 20});
 
     EXPECT_EQ(table,
-              "NAME            LEVEL  STATE\n"
-              "\uFFFD[2J\uFFFD"
-              "fake\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD    37%  ok\n");
+              "NAME        LEVEL  STATE\n"
+              " [2J fake     37%  ok\n");
 }
 
 TEST_F(ReadingReportTest, JsonHasTheKeysAndTypesThatScriptsRelyOn)

@@ -119,6 +119,18 @@ TEST_F(WatchCommandTest, UsesTheUsersThresholdAndLanguageAndWritesNothing)
     EXPECT_EQ(readFile(settings()), written);
 }
 
+TEST_F(WatchCommandTest, ADamagedSettingsFileIsLeftAlone)
+{
+    makeTools();
+    const std::string damaged = "{\"threshold\": 50, \"lang";
+    writeFile(settings(), damaged);
+    startWatch();
+
+    EXPECT_EQ(parsed(firstLine()).value("threshold"), QJsonValue(20));
+    EXPECT_EQ(readFile(settings()), damaged);
+    EXPECT_EQ(watch.readAllStandardError().count("damaged"), 1);
+}
+
 TEST_F(WatchCommandTest, ForWaybarTheLineHasItsKeys)
 {
     makeTools();

@@ -55,7 +55,8 @@ class KilledWhileSaving(Story):
         self.presses = 0
         while self.presses < 5:
             self.presses += 1
-            self.desktop.start(["xdotool", "key", key])
+            # To the last control and on to the first, the threshold, from wherever the keyboard is.
+            self.desktop.start(["xdotool", "key", "shift+Tab", "Tab", key])
             if events := watch.events(3):
                 return events
         raise Failure("the change is not saved")

@@ -1,7 +1,7 @@
 #include "app/command_line.h"
 #include "fuzz/fuzz_target.h"
-#include "platform/posix/plain_text.h"
 #include "reference/reference_text.h"
+#include "texts/plain_text.h"
 
 namespace voltmere {
 
@@ -41,7 +41,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     }
     const auto result = parseCommandLine(words);
     if (const auto* error = std::get_if<UsageError>(&result)) {
-        const std::string message = plainLine(error->message.toStdString());
+        const std::string message = plainText(error->message.toStdString());
         fuzz::require(!message.empty(), "an error is explained");
         fuzz::require(reference::decoded(message).has_value(), "the explanation is UTF-8");
     } else {

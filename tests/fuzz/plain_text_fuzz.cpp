@@ -1,18 +1,19 @@
-#include "devices/utf8.h"
 #include "fuzz/fuzz_target.h"
-#include "platform/posix/plain_text.h"
 #include "reference/reference_text.h"
+#include "texts/plain_text.h"
+#include "texts/utf8.h"
 
 namespace voltmere {
 
 namespace {
 
-/// What a terminal may obey: control characters, separators of lines, what turns the direction. The
-/// invisible letters of a direction (U+200E, U+200F, U+061C) turn nothing and belong to real names.
-bool isObeyed(char32_t c)
+/// What a terminal may obey, what turns the direction, and what nobody sees.
+bool isHidden(char32_t c)
 {
+    constexpr std::u32string_view single = U"\u00AD\u061C\u200B\u200E\u200F\u2060\uFEFF";
     return c < 0x20 || (c >= 0x7F && c < 0xA0) || (c >= 0x2028 && c <= 0x202E) ||
-        (c >= 0x2066 && c <= 0x2069);
+        (c >= 0x2066 && c <= 0x2069) || (c >= 0xE0000 && c <= 0xE007F) ||
+        single.find(c) != std::u32string_view::npos;
 }
 
 bool isPlain(const std::string& text)
@@ -22,7 +23,7 @@ bool isPlain(const std::string& text)
         return false;
     }
     for (const char32_t c : *characters) {
-        if (isObeyed(c)) {
+        if (isHidden(c)) {
             return false;
         }
     }
@@ -40,10 +41,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::require(isValidUtf8(bytes) == reference::decoded(bytes).has_value(), "what UTF-8 is");
     fuzz::require(reference::decoded(text).has_value(), "the text is UTF-8");
     fuzz::require(!isValidUtf8(bytes) || text == bytes, "UTF-8 stays as it is");
-    fuzz::require(isPlain(plainLine(text)), "the line is plain");
-    fuzz::require(plainLine(plainLine(text)) == plainLine(text), "a plain line stays as it is");
-    fuzz::require(!isPlain(text) || plainLine(text) == text, "plain text stays as it is");
-    fuzz::require(isPlain(escapedControls(text)), "escaped text is plain");
+    fuzz::require(isPlain(plainText(bytes)), "the line is plain");
+    fuzz::require(plainText(plainText(text)) == plainText(text), "a plain line stays as it is");
+    fuzz::require(!isPlain(text) || plainText(text) == text, "plain text stays as it is");
+    fuzz::require(isPlain(escapedJson(text)), "escaped text is plain");
     return 0;
 }
 

@@ -94,7 +94,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const QJsonDocument document = QJsonDocument::fromJson(content);
     const bool sound = document.isObject() || content.trimmed().isEmpty();
     {
-        const QtDefaults settings(openJsonSettings(path, log), log);
+        const QtDefaults settings(openJsonSettings(path, SettingsUse::readAndWrite, log), log);
         checkSettings(settings);
     }
     fuzz::require(log.lines == (sound ? 0 : 1), "damage is said once");
@@ -103,11 +103,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     fuzz::require(kept.size() == (sound ? 0 : 1), "a damaged file is kept");
     fuzz::require(sound || contentOf(directory.filePath(kept.first())) == content, "byte for byte");
     {
-        QtDefaults settings(openJsonSettings(path, log), log);
+        QtDefaults settings(openJsonSettings(path, SettingsUse::readAndWrite, log), log);
         settings.setInteger("threshold", INT64_MAX);
         settings.setBoolean("enabled", false);
     }
-    const QtDefaults settings(openJsonSettings(path, log), log);
+    const QtDefaults settings(openJsonSettings(path, SettingsUse::readAndWrite, log), log);
     fuzz::require(settings.integer("threshold") == INT64_MAX, "the integer is read back");
     fuzz::require(settings.boolean("enabled") == false, "the boolean is read back");
     checkSettings(settings);

@@ -15,13 +15,16 @@ namespace {
 namespace fs = std::filesystem;
 
 const std::vector<std::string> rooms{"app",    "model",    "devices", "alerting",
-                                     "snooze", "platform", "ui"};
+                                     "snooze", "platform", "texts",   "ui"};
 
 /// The rule that a file falls under. More than its folder, since the windows of the reminder and
 /// the texts that everyone needs have rules of their own.
 std::string roomOf(const std::string& file)
 {
     const fs::path path(file);
+    if (path.begin()->string() == "texts") {
+        return "texts";
+    }
     if (file.starts_with("model/l10n") || file.starts_with("model/app_language")) {
         return "leaf";
     }
@@ -38,6 +41,7 @@ const std::set<std::string> core{"port", "leaf", "devices", "alerting", "snooze"
 
 /// The rooms whose headers a room may include, its own not named.
 const std::map<std::string, std::set<std::string>> allowedRooms{
+    {"texts", {}},
     {"port", {}},
     {"leaf", {"port"}},
     {"devices", {"port"}},
@@ -70,7 +74,8 @@ bool mayInclude(const std::string& file, const std::string& header)
     if (isQt(header)) {
         return roomsWithQt.contains(room);
     }
-    if (room == "app" || !isOfProject(header) || roomOf(header) == room) {
+    if (room == "app" || !isOfProject(header) || roomOf(header) == room ||
+        roomOf(header) == "texts") {
         return true;
     }
     return allowedRooms.at(room).contains(roomOf(header));

@@ -113,6 +113,19 @@ TEST_F(BluezNameSourceTest, AsksOnce)
     EXPECT_THAT(bluez->calls.front().arguments(), IsEmpty());
 }
 
+TEST_F(BluezNameSourceTest, TheAddressWithHyphensThatStandsForAMissingNameIsNone)
+{
+    addDevice({{"Address", "02:00:5E:00:53:01"}, {"Alias", "02-00-5E-00-53-01"}});
+    addDevice(
+        {{"Address", "02:00:5e:00:53:02"}, {"Alias", "02-00-5E-00-53-02"}, {"Name", "Mouse"}});
+    addDevice({{"Address", "02:00:5E:00:53:03"}, {"Alias", "02-00-5E-00-53-99"}});
+    startBluez();
+
+    EXPECT_THAT(read(),
+                UnorderedElementsAre(Pair("02:00:5E:00:53:02", "Mouse"),
+                                     Pair("02:00:5E:00:53:03", "02-00-5E-00-53-99")));
+}
+
 TEST_F(BluezNameSourceTest, WithoutAnAliasTheNameCounts)
 {
     addDevice({{"Address", "02:00:5E:00:53:01"}, {"Name", "Magic Mouse"}});

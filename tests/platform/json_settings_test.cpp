@@ -65,7 +65,10 @@ protected:
         return document.object();
     }
 
-    QtDefaults open() { return QtDefaults(openJsonSettings(path(), log), log); }
+    QtDefaults open()
+    {
+        return QtDefaults(openJsonSettings(path(), SettingsUse::readAndWrite, log), log);
+    }
 
     /// Settings whose file holds `json` under "key".
     QtDefaults holding(const QByteArray& json)
@@ -149,8 +152,9 @@ TEST_F(JsonSettingsTest, AnAbsentKeyYieldsNothing)
 TEST_F(JsonSettingsTest, ReadingAMissingFileCreatesNothing)
 {
     {
-        const QtDefaults defaults(
-            openJsonSettings(directory.filePath("voltmere/settings.json"), log), log);
+        const QtDefaults defaults(openJsonSettings(directory.filePath("voltmere/settings.json"),
+                                                   SettingsUse::readAndWrite, log),
+                                  log);
         EXPECT_EQ(defaults.integer("threshold"), std::nullopt);
         EXPECT_EQ(defaults.boolean("enabled"), std::nullopt);
         EXPECT_EQ(defaults.text("language"), std::nullopt);
@@ -173,7 +177,8 @@ TEST_F(JsonSettingsTest, ReadingLeavesTheFileAsItIs)
 TEST_F(JsonSettingsTest, TheFirstWriteCreatesTheFileAndItsDirectory)
 {
     const QString nested = directory.filePath("voltmere/settings.json");
-    QtDefaults(openJsonSettings(nested, log), log).setInteger("threshold", 25);
+    QtDefaults(openJsonSettings(nested, SettingsUse::readAndWrite, log), log)
+        .setInteger("threshold", 25);
 
     const QJsonObject object = QJsonDocument::fromJson(contentOf(nested)).object();
 
@@ -319,7 +324,8 @@ TEST_F(JsonSettingsTest, APlaceThatCannotBeWrittenLosesNothing)
 {
     put("not a directory");
     {
-        QtDefaults defaults(openJsonSettings(path() + "/settings.json", log), log);
+        QtDefaults defaults(
+            openJsonSettings(path() + "/settings.json", SettingsUse::readAndWrite, log), log);
         EXPECT_EQ(defaults.integer("threshold"), std::nullopt);
         defaults.setInteger("threshold", 45);
         defaults.setBoolean("enabled", false);
@@ -333,7 +339,8 @@ TEST_F(JsonSettingsTest, APlaceThatCannotBeWrittenLosesNothing)
 TEST_F(JsonSettingsTest, APlaceThatCannotBeWrittenIsLoggedOnce)
 {
     put("not a directory");
-    QtDefaults defaults(openJsonSettings(path() + "/settings.json", log), log);
+    QtDefaults defaults(openJsonSettings(path() + "/settings.json", SettingsUse::readAndWrite, log),
+                        log);
     for (const int threshold : {45, 46}) {
         defaults.setInteger("threshold", threshold);
         QCoreApplication::processEvents();
@@ -356,7 +363,7 @@ TEST_F(JsonSettingsTest, DamageThatCannotBeSetAsideIsNotOverwritten)
     file.close();
 
     {
-        QtDefaults defaults(openJsonSettings(longPath, log), log);
+        QtDefaults defaults(openJsonSettings(longPath, SettingsUse::readAndWrite, log), log);
         EXPECT_EQ(defaults.integer("threshold"), std::nullopt);
         EXPECT_THAT(log.lines, SizeIs(1));
         defaults.setInteger("threshold", 45);
@@ -370,7 +377,8 @@ TEST_F(JsonSettingsTest, ANewFileAndItsDirectoryBelongToTheUserAlone)
 {
     const mode_t previous = ::umask(0);
     const QString nested = directory.filePath("voltmere/settings.json");
-    QtDefaults(openJsonSettings(nested, log), log).setInteger("threshold", 40);
+    QtDefaults(openJsonSettings(nested, SettingsUse::readAndWrite, log), log)
+        .setInteger("threshold", 40);
     ::umask(previous);
 
     EXPECT_EQ(modeOf(nested), 0600U);

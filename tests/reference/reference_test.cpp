@@ -1,9 +1,9 @@
 #include "devices/device_listing.h"
 #include "devices/profiler_parser.h"
 #include "devices/registry_parser.h"
-#include "platform/posix/plain_text.h"
 #include "reference/profiler_reference.h"
 #include "reference/text_mutator.h"
+#include "texts/plain_text.h"
 
 #include <gmock/gmock.h>
 
@@ -114,7 +114,7 @@ TEST(Reference, TheRegistryParserAgreesWithIt)
         const auto expected = reference::devicesInRegistry(text, names);
         withDevices += expected.empty() ? 0 : 1;
         ASSERT_EQ(listDevices(parseRegistry(text), someNames), expected)
-            << count << ": " << escapedControls(text);
+            << count << ": " << escapedJson(text);
     }
     EXPECT_GT(withDevices, leastOf(inputCount()));
 }
@@ -128,7 +128,7 @@ TEST(Reference, TheProfilerParserAgreesWithIt)
         const auto expected = reference::namesInReport(text);
         withNames += expected.empty() ? 0 : 1;
         ASSERT_EQ(parseProfilerReport(text), NameMap(expected.begin(), expected.end()))
-            << count << ": " << escapedControls(text);
+            << count << ": " << escapedJson(text);
     }
     EXPECT_GT(withNames, leastOf(inputCount()));
 }
@@ -142,7 +142,7 @@ TEST(Reference, NamesFoundInAReportReachTheDevices)
         const std::string registry = registries.next();
         ASSERT_EQ(listDevices(parseRegistry(registry), parseProfilerReport(report)),
                   reference::devicesInRegistry(registry, reference::namesInReport(report)))
-            << count << ": " << escapedControls(report) << escapedControls(registry);
+            << count << ": " << escapedJson(report) << escapedJson(registry);
     }
 }
 

@@ -250,6 +250,20 @@ TEST_F(PanelChoicesTest, TabGoesFromTopToBottomAndRoundAgain)
                             "testAlert", "launchAtLogin", "quit", "language", "threshold"));
 }
 
+TEST_F(PanelChoicesTest, NoControlHasTheKeyboardUntilTabWhichGoesToTheFirst)
+{
+    openAndCountWrites();
+    ASSERT_EQ(view->focusWidget(), view.get());
+    for (const auto key : {Qt::Key_Down, Qt::Key_9, Qt::Key_Space, Qt::Key_Return}) {
+        QTest::keyClick(view->focusWidget(), key);
+    }
+    EXPECT_EQ(writes, 0);
+    EXPECT_EQ(model().threshold.get(), 20);
+
+    QTest::keyClick(view->focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(view->focusWidget(), &find("threshold"));
+}
+
 TEST_F(PanelChoicesTest, EscapeClosesThePanelFromEveryControl)
 {
     for (const char* const control : {"threshold", "dailyCheck", "testAlert", "quit", "language"}) {

@@ -40,6 +40,17 @@ TEST_P(ThemeTest, EveryTextIsReadableOnItsBackground)
     EXPECT_GE(contrast(secondaryTextColour(palette), palette.color(QPalette::Window)), readable);
 }
 
+TEST_P(ThemeTest, TheTextsOfAWindowAreThoseOfAnActiveOneBeforeItBecomesActive)
+{
+    QPalette waiting = palette;
+    for (const auto group : {QPalette::Inactive, QPalette::Disabled}) {
+        waiting.setColor(group, QPalette::WindowText, palette.color(QPalette::Window));
+    }
+    waiting.setCurrentColorGroup(QPalette::Inactive);
+    EXPECT_EQ(secondaryTextColour(waiting), secondaryTextColour(palette));
+    EXPECT_EQ(dividerColour(waiting), dividerColour(palette));
+}
+
 TEST_P(ThemeTest, DisabledTextStandsBackButCanBeRecognised)
 {
     for (const auto& [text, background] : {std::pair(QPalette::WindowText, QPalette::Window),

@@ -57,8 +57,12 @@ std::string titleFor(const std::vector<BatteryDevice>& devices, bool low, const 
     if (!low) {
         return text.titleNormal;
     }
-    return devices.size() == 1 ? text.titleBeforeName + devices[0].name + text.titleAfterName
-                               : text.titleMany;
+    if (devices.size() > 1) {
+        return text.titleMany;
+    }
+    const std::string& name = devices[0].name;
+    return text.titleBeforeName + (name.empty() ? models.at(devices[0].id).name : name) +
+        text.titleAfterName;
 }
 
 std::string detailFor(const std::vector<BatteryDevice>& devices, bool low, const Texts& text)

@@ -210,9 +210,9 @@ TEST_F(AlertTextsTest, LineEndsAndControlCharactersInANameBecomeBlanks)
 {
     const AlertView view = showNamed("a\nb\r\tc\x1b[31m\u2028d");
 
-    EXPECT_EQ(view.title().text(), "a b  c [31m d battery alert");
+    EXPECT_EQ(view.title().text(), "a b c [31m d battery alert");
     EXPECT_EQ(view.title().height(), 16);
-    EXPECT_EQ(view.window.windowTitle(), "Cellsentry — a b  c [31m d battery alert");
+    EXPECT_EQ(view.window.windowTitle(), "Cellsentry — a b c [31m d battery alert");
 }
 
 TEST_F(AlertTextsTest, AMarkThatTurnsTheReadingOrderIsLeftOut)

@@ -1,4 +1,4 @@
-#include "devices/utf8.h"
+#include "texts/utf8.h"
 
 #include <cstdint>
 #include <cstring>

@@ -1,0 +1,78 @@
+#include "texts/plain_text.h"
+
+#include "texts/utf8.h"
+
+#include <array>
+#include <cstdio>
+
+namespace voltmere {
+
+namespace {
+
+bool endsLineOrControls(char32_t c)
+{
+    return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029;
+}
+
+/// Whether nobody sees the character, or it turns the reading direction. U+200C, U+200D and U+FE0F
+/// are none of these: scripts and emoji need them.
+bool isUnseen(char32_t c)
+{
+    const auto within = [c](char32_t first, char32_t last) { return c >= first && c <= last; };
+    return c == 0xAD || c == 0x61C || c == 0x200B || c == 0x200E || c == 0x200F || c == 0x2060 ||
+        c == 0xFEFF || within(0x202A, 0x202E) || within(0x2066, 0x2069) || within(0xE0000, 0xE007F);
+}
+
+std::string escape(char32_t c)
+{
+    std::array<char, 16> text{};
+    if (c < 0x10000) {
+        std::snprintf(text.data(), text.size(), "\\u%04x", static_cast<unsigned>(c));
+    } else {
+        const auto offset = static_cast<unsigned>(c - 0x10000);
+        std::snprintf(text.data(), text.size(), "\\u%04x\\u%04x", 0xD800U + (offset >> 10U),
+                      0xDC00U + (offset & 0x3FFU));
+    }
+    return text.data();
+}
+
+} // namespace
+
+std::string plainText(std::string_view text)
+{
+    std::string plain;
+    bool blank = false; // the text so far ends with one that stands for control characters
+    while (!text.empty()) {
+        const Utf8Scalar scalar = firstScalar(text);
+        if (scalar.length == 0) {
+            plain += "\uFFFD";
+            blank = false;
+        } else if (endsLineOrControls(scalar.value)) {
+            plain += blank ? "" : " ";
+            blank = true;
+        } else if (!isUnseen(scalar.value)) {
+            plain += text.substr(0, scalar.length);
+            blank = false;
+        }
+        text.remove_prefix(scalar.length == 0 ? 1 : scalar.length);
+    }
+    return plain;
+}
+
+std::string escapedJson(std::string_view json)
+{
+    std::string escaped;
+    while (!json.empty()) {
+        const Utf8Scalar scalar = firstScalar(json);
+        const std::size_t length = scalar.length == 0 ? 1 : scalar.length;
+        if (scalar.length > 0 && (endsLineOrControls(scalar.value) || isUnseen(scalar.value))) {
+            escaped += escape(scalar.value);
+        } else {
+            escaped += json.substr(0, length);
+        }
+        json.remove_prefix(length);
+    }
+    return escaped;
+}
+
+} // namespace voltmere
