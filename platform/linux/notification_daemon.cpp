@@ -117,9 +117,8 @@ void NotificationDaemon::ownerChanged(const QString& newOwner)
 void NotificationDaemon::takeCapabilities(const QDBusMessage& reply)
 {
     // The call has started the daemon if the bus could. Qt does not tell who sent a reply.
-    QDBusMessage call = QDBusMessage::createMethodCall(busNames::bus, busNames::busPath,
-                                                       busNames::bus,
-                                                       QStringLiteral("GetNameOwner"));
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        busNames::bus, busNames::busPath, busNames::bus, QStringLiteral("GetNameOwner"));
     call << service;
     send(call, [this, reply](const QDBusMessage& ownerReply) { takeOwner(reply, ownerReply); });
 }

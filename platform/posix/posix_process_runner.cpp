@@ -41,7 +41,8 @@ bool openPipe(int (&ends)[2])
     return true;
 }
 #else
-// A child that another thread starts in between is kept from the pipe by POSIX_SPAWN_CLOEXEC_DEFAULT.
+// A child that another thread starts in between is kept from the pipe by
+// POSIX_SPAWN_CLOEXEC_DEFAULT.
 bool openPipe(int (&ends)[2])
 {
     return ::pipe(ends) == 0 && ::fcntl(ends[0], F_SETFD, FD_CLOEXEC) == 0 &&

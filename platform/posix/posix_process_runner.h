@@ -13,8 +13,8 @@ namespace voltmere {
 ///
 /// The child is waited for first and its output is read afterwards, so the output must fit into the
 /// pipe. A child that is still running at the limit is killed with its group, and of what it wrote
-/// the part before its last line feed counts: the rest may be cut anywhere. Only what is in the pipe
-/// after the exit is read: a grandchild that keeps the pipe open holds nobody up.
+/// the part before its last line feed counts: the rest may be cut anywhere. Only what is in the
+/// pipe after the exit is read: a grandchild that keeps the pipe open holds nobody up.
 class PosixProcessRunner : public ProcessRunner {
 public:
     /// Copies the environment for every child, since the main thread changes it while readings

@@ -25,7 +25,8 @@ public:
         if (hasNoInstants) {
             return std::nullopt;
         }
-        const year_month_day date(std::chrono::year(time.year), month(static_cast<unsigned>(time.month)),
+        const year_month_day date(std::chrono::year(time.year),
+                                  month(static_cast<unsigned>(time.month)),
                                   day(static_cast<unsigned>(time.day)));
         return sys_days(date) + hours(time.hour) + minutes(time.minute) - offset;
     }

@@ -341,9 +341,9 @@ TEST_F(PosixProcessRunnerTest, AProgramThatCannotBeStartedLeavesOneLineInTheLog)
     runner.run(requestOf(directory.path()));
 
     EXPECT_THAT(log.lines,
-                testing::ElementsAre(
-                    "Voltmere: " + missing + " cannot be started (No such file or directory)",
-                    testing::HasSubstr("(Permission denied)")));
+                testing::ElementsAre("Voltmere: " + missing +
+                                         " cannot be started (No such file or directory)",
+                                     testing::HasSubstr("(Permission denied)")));
 }
 
 TEST_F(PosixProcessRunnerTest, ANameIsNotSearchedFor)

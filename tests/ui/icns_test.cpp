@@ -74,7 +74,8 @@ TEST(Icns, AContainerCutShortAnywhereGivesNothing)
         // Memory of just that length, so that a sanitizer sees a read beyond it.
         const auto memory = std::make_unique<char[]>(static_cast<std::size_t>(length));
         std::copy_n(whole.data(), length, memory.get());
-        EXPECT_THAT(sidesOf(QByteArray::fromRawData(memory.get(), length), 32), IsEmpty()) << length;
+        EXPECT_THAT(sidesOf(QByteArray::fromRawData(memory.get(), length), 32), IsEmpty())
+            << length;
     }
 }
 
