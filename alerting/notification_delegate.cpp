@@ -2,7 +2,7 @@
 
 #include "alerting/snooze_actions.h"
 #include "alerting/uuid.h"
-#include "model/l10n.h"
+#include "texts/l10n.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/application.h"
-#include "platform/notification_centre.h"
-#include "platform/run_loop.h"
+#include "ports/application.h"
+#include "ports/notification_centre.h"
+#include "ports/run_loop.h"
 
 namespace voltmere {
 

@@ -1,7 +1,7 @@
 #include "alerting/notification_setup.h"
 
 #include "alerting/snooze_actions.h"
-#include "model/l10n.h"
+#include "texts/l10n.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/notification_centre.h"
+#include "ports/notification_centre.h"
 
 namespace voltmere {
 

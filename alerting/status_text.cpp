@@ -1,6 +1,6 @@
 #include "alerting/status_text.h"
 
-#include "model/l10n.h"
+#include "texts/l10n.h"
 
 namespace voltmere {
 

@@ -2,7 +2,7 @@
 
 #include "alerting/notification_setup.h"
 #include "model/battery_model.h"
-#include "model/l10n.h"
+#include "texts/l10n.h"
 
 namespace voltmere {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/defaults_store.h"
-#include "platform/notification_centre.h"
+#include "ports/defaults_store.h"
+#include "ports/notification_centre.h"
 
 namespace voltmere {
 

@@ -1,7 +1,7 @@
 #include "app/bus_instance.h"
 
-#include "platform/application_id.h"
-#include "platform/qt/activation_token.h"
+#include "linux/activation_token.h"
+#include "ports/application_id.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/single_instance.h"
-#include "platform/system_log.h"
+#include "ports/system_log.h"
 
 #include <QDBusAbstractAdaptor>
 #include <QObject>

@@ -7,7 +7,7 @@
 #include "app/terminal_output.h"
 #include "app/version.h"
 #include "devices/device_listing.h"
-#include "platform/posix/posix_system_log.h"
+#include "posix/system_log.h"
 #include "texts/plain_text.h"
 
 #include <QFileInfo>
@@ -30,7 +30,7 @@ public:
     std::string lines;
 };
 
-std::string environmentVariable(const char* name)
+std::string shownVariable(const char* name)
 {
     return qEnvironmentVariableIsSet(name) ? qgetenv(name).toStdString() : "(not set)";
 }
@@ -45,7 +45,7 @@ void addVersions(Report& report)
                    .toStdString());
     for (const char* const name :
          {"XDG_CURRENT_DESKTOP", "XDG_SESSION_TYPE", "QT_QPA_PLATFORM", "LANG", "LANGUAGE"}) {
-        report.add(name, environmentVariable(name));
+        report.add(name, shownVariable(name));
     }
 }
 

@@ -6,10 +6,10 @@
 #include "app/settings_location.h"
 #include "app/terminal_output.h"
 #include "devices/device_reader.h"
-#include "model/l10n.h"
 #include "model/settings.h"
-#include "platform/posix/posix_system_log.h"
-#include "platform/posix/system_clock.h"
+#include "posix/clock.h"
+#include "posix/system_log.h"
+#include "texts/l10n.h"
 
 namespace voltmere {
 

@@ -10,8 +10,8 @@
 #include "app/version.h"
 #include "app/voltmere_app.h"
 #include "app/watch_command.h"
-#include "platform/application_id.h"
-#include "platform/qt/ending_signals.h"
+#include "linux/ending_signals.h"
+#include "ports/application_id.h"
 #include "texts/plain_text.h"
 
 #include <QApplication>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "platform/alert_presenter.h"
-#include "platform/application.h"
-#include "platform/login_item_service.h"
-#include "platform/notification_centre.h"
-#include "platform/system_log.h"
+#include "ports/alert_presenter.h"
+#include "ports/application.h"
+#include "ports/login_item_service.h"
+#include "ports/notification_centre.h"
+#include "ports/system_log.h"
 
 namespace voltmere {
 

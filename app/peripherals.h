@@ -4,7 +4,7 @@
 #include "app/system_sources.h"
 #include "devices/device_reader.h"
 #include "devices/peripheral_tools.h"
-#include "platform/posix/posix_process_runner.h"
+#include "posix/process_runner.h"
 
 #include <string>
 

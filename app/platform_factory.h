@@ -1,16 +1,16 @@
 #pragma once
 
 #include "app/single_instance.h"
+#include "linux/ui/program_icon.h"
 #include "model/battery_model.h"
-#include "platform/appearance.h"
-#include "platform/application.h"
-#include "platform/clock.h"
-#include "platform/login_item_service.h"
-#include "platform/notification_centre.h"
-#include "platform/preferred_languages.h"
-#include "platform/run_loop.h"
-#include "platform/system_log.h"
-#include "ui/program_icon.h"
+#include "ports/appearance.h"
+#include "ports/application.h"
+#include "ports/clock.h"
+#include "ports/login_item_service.h"
+#include "ports/notification_centre.h"
+#include "ports/preferred_languages.h"
+#include "ports/run_loop.h"
+#include "ports/system_log.h"
 
 #include <functional>
 #include <memory>

@@ -3,7 +3,7 @@
 #include "app/null_services.h"
 #include "app/platform_factory.h"
 #include "app/settings_location.h"
-#include "model/l10n.h"
+#include "texts/l10n.h"
 
 namespace voltmere {
 

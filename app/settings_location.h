@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/defaults_store.h"
-#include "platform/qt/qt_defaults.h"
-#include "platform/system_log.h"
+#include "linux/qt_defaults.h"
+#include "ports/defaults_store.h"
+#include "ports/system_log.h"
 
 #include <QString>
 

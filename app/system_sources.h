@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/battery_source.h"
-#include "platform/name_source.h"
+#include "ports/battery_source.h"
+#include "ports/name_source.h"
 
 #include <filesystem>
 #include <memory>

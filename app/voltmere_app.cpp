@@ -1,9 +1,9 @@
 #include "app/voltmere_app.h"
 
 #include "app/platform_factory.h"
-#include "ui/content_view.h"
-#include "ui/no_tray_panel.h"
-#include "ui/theme.h"
+#include "linux/ui/content_view.h"
+#include "linux/ui/no_tray_panel.h"
+#include "linux/ui/theme.h"
 
 #include <QApplication>
 #include <QEvent>

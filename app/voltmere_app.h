@@ -3,9 +3,9 @@
 #include "app/app_delegate.h"
 #include "app/command_line.h"
 #include "app/services.h"
+#include "linux/ui/panel_controller.h"
+#include "linux/ui/program_icon.h"
 #include "model/battery_model.h"
-#include "ui/panel_controller.h"
-#include "ui/program_icon.h"
 
 #include <memory>
 

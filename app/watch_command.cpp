@@ -7,14 +7,14 @@
 #include "app/reading_report.h"
 #include "app/settings_location.h"
 #include "app/terminal_output.h"
+#include "linux/run_loop.h"
+#include "linux/ui/redraw_scheduler.h"
 #include "model/battery_model.h"
-#include "model/l10n.h"
 #include "model/settings.h"
-#include "platform/posix/posix_calendar.h"
-#include "platform/posix/posix_system_log.h"
-#include "platform/posix/system_clock.h"
-#include "platform/qt/qt_run_loop.h"
-#include "ui/redraw_scheduler.h"
+#include "posix/calendar.h"
+#include "posix/clock.h"
+#include "posix/system_log.h"
+#include "texts/l10n.h"
 
 #include <QCoreApplication>
 #include <QSocketNotifier>

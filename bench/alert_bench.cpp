@@ -12,10 +12,10 @@
 
 #include "bench/paint_watch.h"
 #include "fakes/fake_appearance.h"
-#include "platform/qt/qt_pointer.h"
-#include "platform/qt/qt_run_loop.h"
+#include "linux/qt_pointer.h"
+#include "linux/run_loop.h"
+#include "linux/ui/snooze_alert_presenter.h"
 #include "snooze/snooze_alert.h"
-#include "snooze/window/snooze_alert_presenter.h"
 
 #include <benchmark/benchmark.h>
 

@@ -11,10 +11,10 @@
 #include "fakes/fake_appearance.h"
 #include "fakes/model_world.h"
 #include "fakes/sample_devices.h"
-#include "ui/content_view.h"
-#include "ui/panel_controller.h"
-#include "ui/status_image.h"
-#include "ui/tray_image.h"
+#include "linux/ui/content_view.h"
+#include "linux/ui/panel_controller.h"
+#include "linux/ui/status_image.h"
+#include "linux/ui/tray_image.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,7 +1,7 @@
 // How fast the kernel's entries are read, from synthetic ones in a directory.
 
-#include "platform/linux/sysfs_battery_source.h"
-#include "tests/platform/temporary_directory.h"
+#include "linux/sysfs_battery_source.h"
+#include "tests/posix/temporary_directory.h"
 
 #include <benchmark/benchmark.h>
 

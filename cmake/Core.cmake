@@ -1,4 +1,4 @@
-# The core: standard C++ and the operating system's C interface, no Qt.
+# The portable rooms and what needs no Qt of the system: standard C++ and the system's C interface.
 
 add_library(voltmere_core STATIC
   alerting/check_result.cpp
@@ -15,32 +15,31 @@ add_library(voltmere_core STATIC
   devices/peripheral_tools.cpp
   devices/profiler_parser.cpp
   devices/registry_parser.cpp
-  texts/utf8.cpp
-  model/app_language.cpp
   model/battery_model.cpp
   model/check_cycle.cpp
-  model/l10n.cpp
-  model/l10n_format.cpp
-  model/l10n_tables.cpp
   model/snooze_operations.cpp
-  platform/posix/atomic_file.cpp
-  platform/posix/environment_languages.cpp
-  platform/posix/memory_defaults.cpp
-  texts/plain_text.cpp
-  platform/posix/posix_calendar.cpp
-  platform/posix/posix_process_runner.cpp
-  platform/posix/posix_system_log.cpp
+  posix/calendar.cpp
+  posix/memory_defaults.cpp
+  posix/process_runner.cpp
+  posix/system_log.cpp
   snooze/custom_time.cpp
-  snooze/snooze_alert.cpp)
-
+  snooze/snooze_alert.cpp
+  texts/app_language.cpp
+  texts/l10n.cpp
+  texts/l10n_format.cpp
+  texts/l10n_tables.cpp
+  texts/plain_text.cpp
+  texts/utf8.cpp)
 if(NOT APPLE)
   target_sources(voltmere_core PRIVATE
-    platform/linux/autostart_login_item.cpp
-    platform/linux/autostart_rules.cpp
-    platform/linux/autostart_session.cpp
-    platform/linux/desktop_entry.cpp
-    platform/linux/hid_uevent.cpp
-    platform/linux/sysfs_battery_source.cpp)
+    linux/atomic_file.cpp
+    linux/autostart_login_item.cpp
+    linux/autostart_rules.cpp
+    linux/autostart_session.cpp
+    linux/desktop_entry.cpp
+    linux/environment_languages.cpp
+    linux/hid_uevent.cpp
+    linux/sysfs_battery_source.cpp)
 endif()
 
 target_link_libraries(voltmere_core PUBLIC Threads::Threads)

@@ -7,15 +7,15 @@ set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
 set(CMAKE_OBJCXX_EXTENSIONS OFF)
 
 add_library(voltmere_macos STATIC
-  platform/macos/app_appearance.mm
-  platform/macos/cocoa_application.mm
-  platform/macos/cocoa_status_item.mm
-  platform/macos/locale_languages.mm
-  platform/macos/main_app_login_item.mm
-  platform/macos/ns_log.mm
-  platform/macos/running_instances.mm
-  platform/macos/user_notifications.mm
-  platform/macos/wake_observer.mm)
+  macos/app_appearance.mm
+  macos/cocoa_application.mm
+  macos/cocoa_status_item.mm
+  macos/locale_languages.mm
+  macos/main_app_login_item.mm
+  macos/ns_log.mm
+  macos/running_instances.mm
+  macos/user_notifications.mm
+  macos/wake_observer.mm)
 voltmere_target(voltmere_macos)
 target_compile_options(voltmere_macos PRIVATE -fobjc-arc -Wunguarded-availability)
 target_link_libraries(voltmere_macos

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/clock.h"
-#include "platform/name_source.h"
+#include "ports/clock.h"
+#include "ports/name_source.h"
 
 #include <chrono>
 #include <mutex>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "devices/battery_device.h"
-#include "platform/battery_source.h"
-#include "platform/name_source.h"
+#include "ports/battery_source.h"
+#include "ports/name_source.h"
 
 #include <string_view>
 #include <variant>

@@ -2,8 +2,8 @@
 
 #include "devices/battery_device.h"
 #include "devices/bluetooth_name_resolver.h"
-#include "platform/battery_source.h"
-#include "platform/name_source.h"
+#include "ports/battery_source.h"
+#include "ports/name_source.h"
 
 #include <functional>
 #include <string>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/battery_source.h"
-#include "platform/name_source.h"
-#include "platform/process_runner.h"
+#include "ports/battery_source.h"
+#include "ports/name_source.h"
+#include "ports/process_runner.h"
 
 #include <string>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/name_source.h"
+#include "ports/name_source.h"
 
 #include <string_view>
 

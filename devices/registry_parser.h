@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/battery_source.h"
+#include "ports/battery_source.h"
 
 #include <cstdint>
 #include <optional>

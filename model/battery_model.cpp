@@ -3,8 +3,8 @@
 #include "alerting/notification_setup.h"
 #include "alerting/status_text.h"
 #include "alerting/uuid.h"
-#include "model/l10n.h"
 #include "model/settings.h"
+#include "texts/l10n.h"
 
 #include <utility>
 

@@ -4,14 +4,14 @@
 #include "devices/battery_device.h"
 #include "devices/device_reader.h"
 #include "model/published.h"
-#include "platform/alert_presenter.h"
-#include "platform/calendar.h"
-#include "platform/clock.h"
-#include "platform/defaults_store.h"
-#include "platform/login_item_service.h"
-#include "platform/notification_centre.h"
-#include "platform/run_loop.h"
-#include "platform/system_log.h"
+#include "ports/alert_presenter.h"
+#include "ports/calendar.h"
+#include "ports/clock.h"
+#include "ports/defaults_store.h"
+#include "ports/login_item_service.h"
+#include "ports/notification_centre.h"
+#include "ports/run_loop.h"
+#include "ports/system_log.h"
 
 #include <cstdint>
 #include <memory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/defaults_store.h"
+#include "ports/defaults_store.h"
 
 #include <cstdint>
 #include <string_view>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/calendar.h"
-#include "platform/clock.h"
-#include "platform/seconds.h"
+#include "ports/calendar.h"
+#include "ports/clock.h"
+#include "ports/seconds.h"
 
 namespace voltmere {
 

@@ -1,7 +1,7 @@
 #include "snooze/snooze_alert.h"
 
-#include "model/l10n.h"
 #include "snooze/snooze_options.h"
+#include "texts/l10n.h"
 
 namespace voltmere {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/seconds.h"
+#include "ports/seconds.h"
 
 #include <array>
 #include <string_view>

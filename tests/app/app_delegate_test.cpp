@@ -2,12 +2,12 @@
 
 #include "alerting/notification_delegate.h"
 #include "model/battery_model.h"
-#include "model/l10n.h"
-#include "platform/posix/memory_defaults.h"
+#include "posix/memory_defaults.h"
 #include "tests/fakes/fake_clock.h"
 #include "tests/fakes/fake_preferred_languages.h"
 #include "tests/fakes/fake_run_loop.h"
 #include "tests/fakes/fake_services.h"
+#include "texts/l10n.h"
 
 #include <gmock/gmock.h>
 

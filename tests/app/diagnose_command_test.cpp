@@ -2,9 +2,9 @@
 
 #include "devices/device_listing.h"
 #include "tests/app/program_fixture.h"
-#include "tests/platform/fake_bus_service.h"
-#include "tests/platform/private_bus.h"
-#include "tests/platform/sysfs_fixture.h"
+#include "tests/linux/fake_bus_service.h"
+#include "tests/linux/private_bus.h"
+#include "tests/linux/sysfs_fixture.h"
 
 #include <gmock/gmock.h>
 

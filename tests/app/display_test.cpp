@@ -1,6 +1,6 @@
 // Runs the built program without a display that it could use.
 
-#include "platform/posix/file_descriptor.h"
+#include "posix/file_descriptor.h"
 #include "tests/app/program_fixture.h"
 
 #include <gmock/gmock.h>

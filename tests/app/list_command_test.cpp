@@ -1,7 +1,7 @@
 // Runs the built program. The tools and the kernel's entries that it reads are synthetic.
 
 #include "tests/app/program_fixture.h"
-#include "tests/platform/sysfs_fixture.h"
+#include "tests/linux/sysfs_fixture.h"
 
 #include <gmock/gmock.h>
 

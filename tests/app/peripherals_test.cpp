@@ -1,7 +1,7 @@
 #include "app/peripherals.h"
 
 #include "tests/fakes/recording_log.h"
-#include "tests/platform/temporary_directory.h"
+#include "tests/posix/temporary_directory.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/platform/temporary_directory.h"
+#include "tests/posix/temporary_directory.h"
 
 #include <gtest/gtest.h>
 

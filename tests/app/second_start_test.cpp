@@ -1,9 +1,9 @@
 // Starts the built program beside an instance of it that this test plays.
 
-#include "platform/application_id.h"
+#include "ports/application_id.h"
 #include "tests/app/program_fixture.h"
-#include "tests/platform/fake_bus_service.h"
-#include "tests/platform/private_bus.h"
+#include "tests/linux/fake_bus_service.h"
+#include "tests/linux/private_bus.h"
 
 #include <gmock/gmock.h>
 

@@ -1,8 +1,8 @@
 // Runs the built program. The tools that it reads are synthetic.
 
 #include "tests/app/program_fixture.h"
-#include "tests/platform/fake_bus_service.h"
-#include "tests/platform/private_bus.h"
+#include "tests/linux/fake_bus_service.h"
+#include "tests/linux/private_bus.h"
 
 #include <gmock/gmock.h>
 

@@ -12,13 +12,13 @@
 #include "alerting/snooze_actions.h"
 #include "alerting/uuid.h"
 #include "app/platform_factory.h"
-#include "platform/posix/environment_languages.h"
-#include "platform/posix/posix_system_log.h"
-#include "platform/posix/system_clock.h"
-#include "platform/qt/qt_application.h"
-#include "platform/qt/qt_run_loop.h"
+#include "linux/environment_languages.h"
+#include "linux/qt_application.h"
+#include "linux/run_loop.h"
+#include "posix/clock.h"
+#include "posix/system_log.h"
 
-#include "model/l10n.h"
+#include "texts/l10n.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/alert_presenter.h"
+#include "ports/alert_presenter.h"
 
 #include <utility>
 

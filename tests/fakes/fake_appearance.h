@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/appearance.h"
+#include "ports/appearance.h"
 
 namespace voltmere {
 

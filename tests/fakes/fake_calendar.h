@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/calendar.h"
+#include "ports/calendar.h"
 
 namespace voltmere {
 

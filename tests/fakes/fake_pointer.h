@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/pointer.h"
+#include "ports/pointer.h"
 
 namespace voltmere {
 

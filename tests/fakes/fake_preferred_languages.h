@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/l10n.h"
-#include "platform/preferred_languages.h"
+#include "ports/preferred_languages.h"
+#include "texts/l10n.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/process_runner.h"
+#include "ports/process_runner.h"
 
 #include <map>
 #include <vector>

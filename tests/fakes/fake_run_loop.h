@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fakes/fake_clock.h"
-#include "platform/run_loop.h"
+#include "ports/run_loop.h"
 
 #include <algorithm>
 #include <deque>

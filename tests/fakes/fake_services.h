@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/application.h"
-#include "platform/login_item_service.h"
-#include "platform/notification_centre.h"
+#include "ports/application.h"
+#include "ports/login_item_service.h"
+#include "ports/notification_centre.h"
 
 #include <utility>
 

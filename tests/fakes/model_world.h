@@ -11,7 +11,7 @@
 #include "fakes/fake_sources.h"
 #include "fakes/recording_log.h"
 #include "model/battery_model.h"
-#include "platform/posix/memory_defaults.h"
+#include "posix/memory_defaults.h"
 
 #include <memory>
 #include <optional>

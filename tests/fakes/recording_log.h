@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/system_log.h"
+#include "ports/system_log.h"
 
 #include <string>
 #include <vector>

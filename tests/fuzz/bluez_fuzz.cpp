@@ -1,5 +1,5 @@
 #include "fuzz/fuzz_target.h"
-#include "platform/linux/bluez_name_source.h"
+#include "linux/bluez_name_source.h"
 #include "reference/reference_text.h"
 
 namespace voltmere {

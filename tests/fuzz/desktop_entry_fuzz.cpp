@@ -1,5 +1,5 @@
 #include "fuzz/fuzz_target.h"
-#include "platform/linux/desktop_entry.h"
+#include "linux/desktop_entry.h"
 
 #include <array>
 

@@ -1,5 +1,5 @@
 #include "fuzz/fuzz_target.h"
-#include "model/l10n.h"
+#include "texts/l10n.h"
 
 #include <algorithm>
 #include <optional>

@@ -1,5 +1,5 @@
 #include "fuzz/fuzz_target.h"
-#include "platform/linux/reminder_json.h"
+#include "linux/reminder_json.h"
 #include "reference/reference_text.h"
 
 #include <set>

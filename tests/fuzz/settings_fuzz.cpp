@@ -1,5 +1,5 @@
 #include "fuzz/fuzz_target.h"
-#include "platform/qt/qt_defaults.h"
+#include "linux/qt_defaults.h"
 #include "reference/reference_text.h"
 
 #include <QDir>

@@ -1,5 +1,5 @@
 #include "fuzz/fuzz_target.h"
-#include "platform/linux/hid_uevent.h"
+#include "linux/hid_uevent.h"
 #include "reference/hid_reference.h"
 #include "reference/reference_text.h"
 

@@ -2,4 +2,7 @@
 #import <Foundation/Foundation.h>
 @interface NSMissing : NSObject
 @end
-int main() { return [[NSMissing alloc] init] != nil; }
+int main()
+{
+    return [[NSMissing alloc] init] != nil;
+}

@@ -1,3 +1,6 @@
 // must fail: no known class method for selector 'mainAppServices'
 #import <ServiceManagement/ServiceManagement.h>
-SMAppService* item() { return [SMAppService mainAppServices]; }
+SMAppService* item()
+{
+    return [SMAppService mainAppServices];
+}

@@ -2,7 +2,7 @@
 
 #include "fakes/sample_devices.h"
 #include "fakes/time_zones.h"
-#include "platform/posix/posix_calendar.h"
+#include "posix/calendar.h"
 
 #include <gmock/gmock.h>
 

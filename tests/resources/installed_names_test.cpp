@@ -1,5 +1,5 @@
-#include "model/l10n.h"
 #include "tests/resources/project_file.h"
+#include "texts/l10n.h"
 
 #include <gmock/gmock.h>
 

@@ -2,7 +2,7 @@
 
 #include "fakes/fake_calendar.h"
 #include "fakes/time_zones.h"
-#include "platform/posix/posix_calendar.h"
+#include "posix/calendar.h"
 
 #include <gmock/gmock.h>
 

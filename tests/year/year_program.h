@@ -2,7 +2,7 @@
 
 #include "fakes/model_world.h"
 #include "fakes/time_zones.h"
-#include "platform/posix/posix_calendar.h"
+#include "posix/calendar.h"
 #include "year/year.h"
 
 namespace voltmere::year {

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "ports/preferred_languages.h"
+
+namespace voltmere {
+
+/// The languages that the environment asks for, ranked as the C library ranks them for messages:
+/// the locale is the first of LC_ALL, LC_MESSAGES and LANG that is set; unless that is the C
+/// locale, the list in LANGUAGE stands in its place. Source: GNU gettext manual, "Locale
+/// Environment Variables" and "The LANGUAGE variable".
+class EnvironmentLanguages : public PreferredLanguages {
+public:
+    std::vector<std::string> tags() const override;
+};
+
+} // namespace voltmere

@@ -1,0 +1,105 @@
+#include "linux/portal_appearance.h"
+
+#include "linux/bus_names.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+#include <QGuiApplication>
+#include <QMetaType>
+#include <QPalette>
+
+#include <utility>
+
+namespace voltmere {
+
+namespace {
+
+const QString portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
+const QString settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
+const QString appearanceSpace = QStringLiteral("org.freedesktop.appearance");
+const QString schemeKey = QStringLiteral("color-scheme");
+
+constexpr uint prefersDark = 1;
+constexpr uint prefersLight = 2;
+
+ColourScheme schemeOf(const QPalette& palette)
+{
+    const int text = palette.color(QPalette::WindowText).lightness();
+    return text > palette.color(QPalette::Window).lightness() ? ColourScheme::dark
+                                                              : ColourScheme::light;
+}
+
+/// The value inside however many variants the portal wrapped it in: "Read" uses two.
+QVariant unwrapped(QVariant value)
+{
+    while (value.canConvert<QDBusVariant>()) {
+        value = value.value<QDBusVariant>().variant();
+    }
+    return value;
+}
+
+} // namespace
+
+PortalAppearance::PortalAppearance()
+    : startingScheme(schemeOf(QGuiApplication::palette()))
+{
+    // A signal is connected by the names of its types, and the bus library makes this one known
+    // with its first message only.
+    qRegisterMetaType<QDBusVariant>();
+    QDBusConnection::sessionBus().connect(
+        busNames::desktopPortal, portalPath, settingsInterface, QStringLiteral("SettingChanged"),
+        {appearanceSpace}, QString(), this, SLOT(settingChanged(QString, QString, QDBusVariant)));
+    ask();
+}
+
+std::optional<ColourScheme> PortalAppearance::bestMatch() const
+{
+    return preferred.value_or(startingScheme);
+}
+
+void PortalAppearance::onChange(std::function<void()> action)
+{
+    changed = std::move(action);
+}
+
+void PortalAppearance::ask()
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(busNames::desktopPortal, portalPath,
+                                                       settingsInterface, QStringLiteral("Read"));
+    call << appearanceSpace << schemeKey;
+    const auto* watcher =
+        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this,
+            [this](QDBusPendingCallWatcher* finished) {
+                const QDBusPendingReply<QDBusVariant> reply = *finished;
+                if (reply.isValid()) {
+                    take(reply.value().variant());
+                }
+                finished->deleteLater();
+            });
+}
+
+void PortalAppearance::settingChanged(const QString& space, const QString& key,
+                                      const QDBusVariant& value)
+{
+    if (space == appearanceSpace && key == schemeKey) {
+        take(value.variant());
+    }
+}
+
+void PortalAppearance::take(const QVariant& value)
+{
+    const auto previous = bestMatch();
+    const uint preference = unwrapped(value).toUInt();
+    preferred = preference == prefersDark ? std::optional(ColourScheme::dark)
+        : preference == prefersLight      ? std::optional(ColourScheme::light)
+                                          : std::nullopt;
+    if (changed && bestMatch() != previous) {
+        changed();
+    }
+}
+
+} // namespace voltmere

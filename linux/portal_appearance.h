@@ -1,0 +1,36 @@
+#pragma once
+
+#include "ports/appearance.h"
+
+#include <QObject>
+
+class QDBusVariant;
+
+namespace voltmere {
+
+/// The desktop's colour scheme as the settings portal tells it; where it does not, or has no
+/// preference, that of the palette with which the program started. Never waits for the portal: the
+/// answer arrives as a change. Source: XDG desktop portal, org.freedesktop.portal.Settings, key
+/// org.freedesktop.appearance color-scheme (0 no preference, 1 dark, 2 light).
+class PortalAppearance : public QObject, public Appearance {
+    Q_OBJECT
+
+public:
+    PortalAppearance();
+
+    std::optional<ColourScheme> bestMatch() const override;
+    void onChange(std::function<void()> action) override;
+
+private slots:
+    void settingChanged(const QString& space, const QString& key, const QDBusVariant& value);
+
+private:
+    void ask();
+    void take(const QVariant& value);
+
+    const ColourScheme startingScheme;
+    std::optional<ColourScheme> preferred;
+    std::function<void()> changed;
+};
+
+} // namespace voltmere

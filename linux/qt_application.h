@@ -1,0 +1,13 @@
+#pragma once
+
+#include "ports/application.h"
+
+namespace voltmere {
+
+/// The program's windows as Qt knows them.
+class QtApplication : public Application {
+public:
+    void activate() override;
+};
+
+} // namespace voltmere

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "ports/pointer.h"
+
+namespace voltmere {
+
+/// The pointer as Qt knows it.
+class QtPointer : public Pointer {
+public:
+    std::optional<PointerPosition> position() const override;
+};
+
+} // namespace voltmere

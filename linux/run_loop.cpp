@@ -1,0 +1,121 @@
+#include "linux/run_loop.h"
+
+#include "posix/file_descriptor.h"
+
+#include <QMetaObject>
+#include <QSocketNotifier>
+
+#include <sys/timerfd.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <ctime>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+namespace voltmere {
+
+namespace {
+
+timespec toTimespec(Seconds span)
+{
+    using namespace std::chrono;
+    // Zero would disarm the timer, so what is due at once is due after a nanosecond.
+    const auto whole = std::max(duration_cast<nanoseconds>(span), nanoseconds(1));
+    const auto wholeSeconds = floor<seconds>(whole);
+    return {wholeSeconds.count(), (whole - wholeSeconds).count()};
+}
+
+/// CLOCK_BOOTTIME counts the time in which the machine is suspended, unlike CLOCK_MONOTONIC.
+class BootTimer : public Timer {
+public:
+    BootTimer(FileDescriptor timer, Seconds delay, Seconds interval, std::function<void()> action)
+        : descriptor(std::move(timer))
+        , notifier(descriptor.get(), QSocketNotifier::Read)
+        , action(std::move(action))
+    {
+        itimerspec schedule{};
+        schedule.it_value = toTimespec(delay);
+        if (interval > Seconds::zero()) {
+            schedule.it_interval = toTimespec(interval);
+        }
+        ::timerfd_settime(descriptor.get(), 0, &schedule, nullptr);
+        QObject::connect(&notifier, &QSocketNotifier::activated, &notifier, [this] { fire(); });
+    }
+
+    BootTimer(const BootTimer&) = delete;
+    BootTimer& operator=(const BootTimer&) = delete;
+
+    ~BootTimer() override { notifier.setEnabled(false); }
+
+private:
+    void fire()
+    {
+        // After a sleep the count is above one: the periods that passed meanwhile count as one.
+        std::uint64_t expirations = 0;
+        if (::read(descriptor.get(), &expirations, sizeof expirations) != sizeof expirations) {
+            return;
+        }
+        const std::function<void()> current = action; // the action may destroy this timer
+        current();
+    }
+
+    FileDescriptor descriptor;
+    QSocketNotifier notifier;
+    std::function<void()> action;
+};
+
+/// With an interval of zero it fires once. Nothing where no file descriptor is left for it.
+std::unique_ptr<Timer> makeTimer(Seconds delay, Seconds interval, std::function<void()> action)
+{
+    FileDescriptor timer(::timerfd_create(CLOCK_BOOTTIME, TFD_CLOEXEC | TFD_NONBLOCK));
+    if (!timer) {
+        std::perror("voltmere: a timer cannot be made");
+        return nullptr;
+    }
+    return std::make_unique<BootTimer>(std::move(timer), delay, interval, std::move(action));
+}
+
+} // namespace
+
+std::unique_ptr<Timer> QtRunLoop::scheduleOnce(Seconds delay, Action action)
+{
+    return makeTimer(delay, Seconds::zero(), std::move(action));
+}
+
+std::unique_ptr<Timer> QtRunLoop::scheduleRepeating(Seconds interval, Action action)
+{
+    return makeTimer(interval, interval, std::move(action));
+}
+
+void QtRunLoop::postLater(Seconds delay, Action action)
+{
+    const auto place = later.emplace(later.end());
+    *place = scheduleOnce(delay, [this, place, action = std::move(action)] {
+        const std::unique_ptr<Timer> fired = std::move(*place);
+        later.erase(place);
+        action();
+    });
+}
+
+void QtRunLoop::postToMain(Action action)
+{
+    QMetaObject::invokeMethod(&context, std::move(action), Qt::QueuedConnection);
+}
+
+void QtRunLoop::runInBackground(Action work)
+{
+    ++*running;
+    try {
+        std::thread([work = std::move(work), running = running] {
+            work();
+            --*running;
+        }).detach();
+    } catch (const std::system_error&) {
+        --*running;
+    }
+}
+
+} // namespace voltmere

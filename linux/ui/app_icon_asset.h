@@ -1,0 +1,32 @@
+#pragma once
+
+#include "linux/ui/drawn_image.h"
+#include "linux/ui/image_bundle.h"
+
+#include <QIcon>
+
+#include <optional>
+
+namespace voltmere {
+
+/// The icons that stand for the program: the small one of the menu bar, and the application's.
+class AppIconAsset {
+public:
+    /// The menu-bar icon, 20 by 20 points. Built on first use and kept; there always is one.
+    static const DrawnImage& statusImage();
+
+    /// The application icon as a square of `side` points; nothing where the program has none.
+    static std::optional<DrawnImage> appImage(int side);
+
+    /// The application icon for the title bar and the task list; empty where the program has none.
+    static QIcon windowIcon();
+
+    /// statusImage() from the pictures of `bundle`: StatusIcon as PNG or else as ICNS, then AppIcon
+    /// as ICNS, then `applicationIcon`, which may be null and then draws nothing.
+    static DrawnImage statusImageFrom(const ImageBundle& bundle, const QIcon& applicationIcon);
+
+    /// appImage() from the pictures of `bundle`.
+    static std::optional<DrawnImage> appImageFrom(const ImageBundle& bundle, int side);
+};
+
+} // namespace voltmere

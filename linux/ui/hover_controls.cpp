@@ -1,0 +1,126 @@
+#include "linux/ui/hover_controls.h"
+
+#include "linux/ui/action_target.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyleOptionButton>
+
+#include <algorithm>
+
+namespace voltmere {
+
+namespace {
+
+constexpr float overlayAlpha = 0.2F;
+constexpr double overlayInset = 0.5;      // points
+constexpr double largestCornerRadius = 6; // points
+
+/// A title comes from a table of texts, so its "&" is no mnemonic.
+QString literalTitle(QString title)
+{
+    return title.replace('&', "&&");
+}
+
+} // namespace
+
+HighlightButton::HighlightButton(const QString& title)
+    : QPushButton(literalTitle(title))
+{
+    setAutoDefault(false);
+    setAccessibleName(title);
+}
+
+void HighlightButton::setTarget(const std::weak_ptr<ActionTarget>& target)
+{
+    connect(this, &QPushButton::clicked, this, [target] {
+        if (const auto existing = target.lock()) {
+            existing->fire();
+        }
+    });
+}
+
+void HighlightButton::setHighlighted(bool on)
+{
+    if (highlighted != on) {
+        highlighted = on;
+        update();
+    }
+}
+
+void HighlightButton::initStyleOption(QStyleOptionButton* option) const
+{
+    QPushButton::initStyleOption(option);
+    if (highlighted) {
+        option->state |= QStyle::State_Sunken;
+        option->state &= ~QStyle::State_Raised;
+    }
+}
+
+void HighlightButton::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+    } else {
+        QPushButton::keyPressEvent(event);
+    }
+}
+
+void HoverButton::setHovering(bool nowHovering)
+{
+    hovering = nowHovering;
+    setHighlighted(hovering);
+}
+
+void HoverButton::mouseReleaseEvent(QMouseEvent* event)
+{
+    HighlightButton::mouseReleaseEvent(event);
+    if (hovering) {
+        setHighlighted(true);
+    }
+}
+
+HoverPopUpButton::HoverPopUpButton()
+    : SettingPicker(nullptr)
+{
+    // Its width is given, so that nothing need be measured.
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+}
+
+void HoverPopUpButton::setHovering(bool nowHovering)
+{
+    hovering = nowHovering;
+    update();
+}
+
+void HoverPopUpButton::paintEvent(QPaintEvent* event)
+{
+    SettingPicker::paintEvent(event);
+    if (!hovering) {
+        return;
+    }
+    const double radius = std::min(height() * 0.5 - 1, largestCornerRadius);
+    QColor overlay = palette().color(QPalette::WindowText);
+    overlay.setAlphaF(overlayAlpha);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(overlay);
+    painter.drawRoundedRect(
+        QRectF(rect()).adjusted(overlayInset, overlayInset, -overlayInset, -overlayInset), radius,
+        radius);
+}
+
+NativeButtonHover::NativeButtonHover(HighlightButton* button)
+    : button(button)
+{
+}
+
+void NativeButtonHover::setHovering(bool hovering)
+{
+    if (button != nullptr) {
+        button->setHighlighted(hovering);
+    }
+}
+
+} // namespace voltmere

@@ -1,0 +1,108 @@
+#include "linux/ui/panel_controller.h"
+
+#include "linux/ui/app_icon_asset.h"
+#include "linux/ui/assistive_names.h"
+#include "linux/ui/panel_placement.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QEvent>
+#include <QScreen>
+
+#include <utility>
+
+namespace voltmere {
+
+namespace {
+
+/// A click on the icon takes the keyboard from the panel, which closes it, before the click itself
+/// arrives. A click so soon after is that same one: it means "close".
+constexpr std::chrono::milliseconds sameClick(300);
+
+constexpr Qt::WindowFlags panelFlags =
+    Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
+constexpr Qt::WindowFlags ordinaryFlags =
+    Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+
+QScreen* screenAt(const QPoint& point)
+{
+    QScreen* const screen = QGuiApplication::screenAt(point);
+    return screen == nullptr ? QGuiApplication::primaryScreen() : screen;
+}
+
+} // namespace
+
+PanelController::PanelController(std::function<std::unique_ptr<QWidget>()> makePanel,
+                                 std::function<Uptime()> uptime)
+    : makePanel(std::move(makePanel))
+    , uptime(std::move(uptime))
+{
+}
+
+PanelController::~PanelController()
+{
+    delete panel;
+}
+
+void PanelController::toggle(const QRect& icon)
+{
+    if (isOpen()) {
+        panel->close();
+        return;
+    }
+    if (closedByItself && uptime() - *closedByItself < sameClick) {
+        return;
+    }
+    open(icon);
+}
+
+void PanelController::open(const QRect& icon)
+{
+    if (!isOpen()) {
+        panel = makePanel().release();
+        panel->setWindowFlags(ordinaryWindow ? ordinaryFlags : panelFlags);
+        panel->setAttribute(Qt::WA_DeleteOnClose);
+        panel->setWindowIcon(AppIconAsset::windowIcon());
+        panel->installEventFilter(this);
+        announceAsWindow(*panel);
+        if (!ordinaryWindow) {
+            place(icon);
+        }
+    }
+    panel->show();
+    panel->raise();
+    panel->activateWindow();
+}
+
+void PanelController::setOrdinaryWindow(bool ordinary)
+{
+    if (ordinary && !ordinaryWindow && isOpen()) {
+        panel->close();
+    }
+    ordinaryWindow = ordinary;
+}
+
+bool PanelController::isOpen() const
+{
+    return panel != nullptr && panel->isVisible();
+}
+
+bool PanelController::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == panel && event->type() == QEvent::WindowDeactivate &&
+        panel->windowType() == Qt::Tool && isOpen() &&
+        QApplication::activePopupWidget() == nullptr) {
+        closedByItself = uptime();
+        panel->close();
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+void PanelController::place(const QRect& icon)
+{
+    const QRect anchor = icon.isEmpty() ? QRect(QCursor::pos(), QSize(1, 1)) : icon;
+    panel->adjustSize();
+    panel->move(placePanel(anchor, panel->size(), screenAt(anchor.center())->availableGeometry()));
+}
+
+} // namespace voltmere

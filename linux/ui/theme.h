@@ -1,0 +1,37 @@
+#pragma once
+
+#include "ports/appearance.h"
+
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+
+#include <optional>
+
+class QWidget;
+
+namespace voltmere {
+
+/// The program's own colours for a light or a dark desktop; light where the desktop has no scheme.
+QPalette paletteFor(std::optional<ColourScheme> scheme);
+
+/// Gives the application the colours of `scheme` where the ones it has are not of that scheme: Qt
+/// without a theme for the desktop is always light. Colours that fit, the desktop's own, stay.
+void applyPalette(std::optional<ColourScheme> scheme);
+
+/// For text that stands back behind the main text, on the window's background.
+QColor secondaryTextColour(const QPalette& palette);
+
+/// For the thin lines between groups, on the window's background.
+QColor dividerColour(const QPalette& palette);
+
+/// Draws the text of `widget` in `colour`, or in its surroundings' text colour without one.
+void setTextColour(QWidget& widget, std::optional<QColor> colour);
+
+/// The font of names and headings: `body` in bold.
+QFont headlineFont(QFont body);
+
+/// The font of the figures that matter most: larger than `body`, and bold.
+QFont title3Font(QFont body);
+
+} // namespace voltmere

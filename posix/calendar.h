@@ -1,0 +1,15 @@
+#pragma once
+
+#include "ports/calendar.h"
+
+namespace voltmere {
+
+/// The calendar and zone of the C library, asked anew each time so that a change of zone is seen.
+class PosixCalendar : public Calendar {
+public:
+    LocalTime localTime(Instant instant) const override;
+    std::optional<Instant> instantOf(const LocalTime& time) const override;
+    std::optional<Instant> addingOneDay(Instant instant) const override;
+};
+
+} // namespace voltmere

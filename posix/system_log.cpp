@@ -1,0 +1,24 @@
+#include "posix/system_log.h"
+
+#include "texts/plain_text.h"
+
+#include <syslog.h>
+
+namespace voltmere {
+
+PosixSystemLog::PosixSystemLog()
+{
+    ::openlog("voltmere", LOG_PERROR, LOG_USER);
+}
+
+PosixSystemLog::~PosixSystemLog()
+{
+    ::closelog();
+}
+
+void PosixSystemLog::write(std::string_view line)
+{
+    ::syslog(LOG_NOTICE, "%s", plainText(line).c_str());
+}
+
+} // namespace voltmere

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "ports/system_log.h"
+
+namespace voltmere {
+
+/// syslog(3) under the name "voltmere", with a copy on standard error.
+class PosixSystemLog : public SystemLog {
+public:
+    PosixSystemLog();
+    ~PosixSystemLog() override;
+    PosixSystemLog(const PosixSystemLog&) = delete;
+    PosixSystemLog& operator=(const PosixSystemLog&) = delete;
+
+    void write(std::string_view line) override;
+};
+
+} // namespace voltmere

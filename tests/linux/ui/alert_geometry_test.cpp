@@ -1,0 +1,259 @@
+#include "linux/ui/alert_window_fixture.h"
+
+#include <QFontMetrics>
+#include <QScreen>
+#include <QTextDocument>
+
+#include <algorithm>
+
+namespace voltmere {
+namespace {
+
+using testing::ElementsAre;
+
+class AlertGeometryTest : public AlertWindowTest {
+protected:
+    /// A title that is `width` points wide or a little less.
+    static QString titleOfWidth(int width)
+    {
+        const QFontMetrics metrics(AlertGeometryTest::boldFont());
+        QString text = "W";
+        while (metrics.horizontalAdvance(text + 'i') <= width) {
+            text += 'i';
+        }
+        return text;
+    }
+
+    static QFont boldFont()
+    {
+        QFont font = QApplication::font();
+        font.setPixelSize(13);
+        font.setBold(true);
+        return font;
+    }
+
+    AlertView showTitle(const QString& title)
+    {
+        AlertContent content = makeAlertContent({mouse(12)}, true, {15, 35});
+        content.title = title.toStdString();
+        return show(content);
+    }
+};
+
+TEST_F(AlertGeometryTest, TheContentIs237By252PointsWithNineRows)
+{
+    const AlertView view = showOneLow();
+
+    EXPECT_EQ(view.container().size(), QSize(237, 252));
+    EXPECT_EQ(view.rows().size(), 9U);
+}
+
+TEST_F(AlertGeometryTest, LabelsAre16HighAndRows237By28WithGapsOf6)
+{
+    const AlertView view = showOneLow();
+    std::vector<int> tops;
+    std::vector<int> heights;
+    for (const QWidget* row : view.rows()) {
+        tops.push_back(row->y());
+        heights.push_back(row->height());
+    }
+
+    EXPECT_THAT(heights, ElementsAre(16, 16, 16, 16, 28, 28, 28, 28, 28));
+    EXPECT_THAT(tops, ElementsAre(0, 22, 44, 66, 88, 122, 156, 190, 224));
+    for (std::size_t row = 4; row < 9; ++row) {
+        EXPECT_EQ(view.rows()[row]->width(), 237);
+        EXPECT_EQ(view.rows()[row]->x(), 0);
+    }
+}
+
+TEST_F(AlertGeometryTest, TheContentHasTheSameSizeInEveryFormThatFits)
+{
+    for (const char* setting : {"en", "zh"}) {
+        const LanguageGuard guard(setting);
+        EXPECT_EQ(show({mouse(12)}, true).container().size(), QSize(237, 252));
+        EXPECT_EQ(show({}, false).container().size(), QSize(237, 252));
+    }
+}
+
+TEST_F(AlertGeometryTest, LabelsAreCentredOneLineOf13Pixels)
+{
+    const AlertView view = showOneLow();
+    for (std::size_t row = 0; row < 4; ++row) {
+        const QLabel& label = view.label(row);
+        EXPECT_EQ(label.font().pixelSize(), 13);
+        EXPECT_FALSE(label.wordWrap());
+        EXPECT_EQ(label.alignment(), Qt::AlignCenter);
+        EXPECT_NEAR(label.geometry().center().x(), view.container().rect().center().x(), 1);
+    }
+    EXPECT_FALSE(view.name().font().bold());
+    EXPECT_TRUE(view.title().font().bold());
+    EXPECT_FALSE(view.detail().font().bold());
+    EXPECT_FALSE(view.prompt().font().bold());
+}
+
+TEST_F(AlertGeometryTest, ThePopUpsAre52WideAndTheColonIs3FromBothWhileOtherGapsAre6)
+{
+    for (const char* setting : {"en", "zh"}) {
+        const LanguageGuard guard(setting);
+        const AlertView view = showOneLow();
+        const auto labels = view.rows().back()->findChildren<QLabel*>();
+        ASSERT_GE(labels.size(), 2); // the pop-ups have hidden ones
+        const QRect caption = labels[0]->geometry();
+        const QRect colon = labels[1]->geometry();
+        ASSERT_EQ(labels[1]->text(), ":");
+        const QRect hour = view.hour().geometry();
+        const QRect minute = view.minute().geometry();
+        const QRect confirm = view.button(QString::fromStdString(L10n::t("alert.ok"))).geometry();
+        const auto gap = [](const QRect& left, const QRect& right) {
+            return right.left() - left.right() - 1;
+        };
+
+        EXPECT_EQ(hour.width(), 52);
+        EXPECT_EQ(minute.width(), 52);
+        EXPECT_EQ(gap(caption, hour), 6);
+        EXPECT_EQ(gap(hour, colon), 3);
+        EXPECT_EQ(gap(colon, minute), 3);
+        EXPECT_EQ(gap(minute, confirm), 6);
+        for (const QRect& part : {caption, colon, hour, minute, confirm}) {
+            EXPECT_NEAR(part.y() + part.height() / 2.0, 14, 1);
+        }
+    }
+}
+
+TEST_F(AlertGeometryTest, TheRowForAClockTimeFitsInItsWidthCentredAndUncut)
+{
+    for (const char* setting : {"en", "zh"}) {
+        const LanguageGuard guard(setting);
+        const AlertView view = showOneLow();
+        const QLabel& caption = *view.rows().back()->findChildren<QLabel*>().front();
+        const QPushButton& confirm = view.button(QString::fromStdString(L10n::t("alert.ok")));
+
+        EXPECT_GE(caption.x(), 0);
+        EXPECT_LT(confirm.geometry().right(), 237);
+        EXPECT_NEAR(caption.x(), 237 - confirm.geometry().right() - 1, 1);
+        EXPECT_GE(caption.width(), caption.fontMetrics().horizontalAdvance(caption.text()));
+        EXPECT_GT(confirm.width(), confirm.fontMetrics().horizontalAdvance(confirm.text()));
+    }
+}
+
+TEST_F(AlertGeometryTest, ATextWiderThan237WidensTheWindowToItself)
+{
+    const QString title = titleOfWidth(380);
+    const AlertView view = showTitle(title);
+
+    EXPECT_EQ(view.title().text(), title);
+    EXPECT_EQ(view.title().toolTip(), "");
+    EXPECT_GT(view.container().width(), 370);
+    EXPECT_LE(view.container().width(), 380);
+    EXPECT_EQ(view.container().height(), 252);
+    for (std::size_t row = 4; row < 9; ++row) {
+        EXPECT_EQ(view.rows()[row]->width(), 237);
+        EXPECT_NEAR(view.rows()[row]->geometry().center().x(), view.container().rect().center().x(),
+                    1);
+    }
+}
+
+TEST_F(AlertGeometryTest, TwoLowDevicesAreNamedWhole)
+{
+    const AlertView view = show({mouse(12), keyboard(8)}, true);
+
+    EXPECT_TRUE(view.detail().text().endsWith("12%, Keyboard8%. Please charge."))
+        << view.detail().text().toStdString();
+    EXPECT_GE(view.detail().width(), view.detail().sizeHint().width());
+    EXPECT_EQ(view.container().width(), std::max(237, view.detail().width()));
+    EXPECT_EQ(view.container().height(), 252);
+}
+
+TEST_F(AlertGeometryTest, ATextOf420IsShownWhole)
+{
+    const QString title = titleOfWidth(420);
+    const AlertView view = showTitle(title);
+
+    EXPECT_EQ(view.title().text(), title);
+    EXPECT_LE(view.container().width(), 420);
+    EXPECT_GT(view.container().width(), 410);
+}
+
+TEST_F(AlertGeometryTest, ATextWiderThan420IsCutAtItsEndAndKeptWholeInTooltipAndAccessibleName)
+{
+    const QString title = titleOfWidth(900);
+    const AlertView view = showTitle(title);
+    QTextDocument tip;
+    tip.setHtml(view.title().toolTip());
+
+    EXPECT_LE(view.container().width(), 420);
+    EXPECT_GT(view.container().width(), 400);
+    EXPECT_TRUE(view.title().text().startsWith("Wiii"));
+    EXPECT_TRUE(view.title().text().endsWith(QChar(0x2026)));
+    EXPECT_EQ(tip.toPlainText(), title);
+    EXPECT_EQ(view.title().accessibleName(), title);
+}
+
+TEST_F(AlertGeometryTest, TheDetailWidensAndIsCutLikeTheTitle)
+{
+    std::vector<BatteryDevice> many(20, BatteryDevice{999, "Pencil Case", 7, "pencil", 3});
+    const AlertView view = show(many, true);
+
+    EXPECT_LE(view.container().width(), 420);
+    EXPECT_TRUE(view.detail().text().endsWith(QChar(0x2026)));
+    EXPECT_TRUE(view.detail().accessibleName().endsWith("Pencil Case7%. Please charge."));
+}
+
+TEST_F(AlertGeometryTest, TheWindowIsCentredOnTheScreen)
+{
+    const AlertView view = showOneLow();
+    const QPoint centre = view.window.pos() + view.window.rect().center();
+    const QPoint screenCentre = view.window.screen()->availableGeometry().center();
+
+    EXPECT_EQ(centre, screenCentre);
+}
+
+TEST_F(AlertGeometryTest, TheWindowFloatsIsNotModalAndCannotBeResized)
+{
+    const AlertView view = showOneLow();
+
+    EXPECT_TRUE(view.window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_FALSE(view.window.isModal());
+    EXPECT_EQ(view.window.minimumSize(), view.window.size());
+    EXPECT_EQ(view.window.maximumSize(), view.window.size());
+}
+
+TEST_F(AlertGeometryTest, TheIconIs64PointsAboveTheContent)
+{
+    const AlertView view = showOneLow();
+    const QWidget* const icon = view.window.layout()->itemAt(0)->widget();
+
+    EXPECT_EQ(icon->size(), QSize(64, 64));
+    EXPECT_LT(icon->geometry().bottom(), view.container().y());
+    EXPECT_NEAR(icon->geometry().center().x(), view.window.rect().center().x(), 1);
+    EXPECT_EQ(view.window.layout()->itemAt(2)->widget(), &view.button("Cancel"));
+}
+
+TEST_F(AlertGeometryTest, TheHourListHas24EntriesFrom00To23)
+{
+    const AlertView view = showOneLow();
+
+    EXPECT_EQ(view.hour().count(), 24);
+    for (int hour = 0; hour < 24; ++hour) {
+        EXPECT_EQ(view.hour().itemText(hour).toInt(), hour);
+        EXPECT_EQ(view.hour().itemText(hour).size(), 2);
+    }
+    EXPECT_EQ(view.hour().itemText(0), "00");
+    EXPECT_EQ(view.hour().itemText(23), "23");
+}
+
+TEST_F(AlertGeometryTest, TheMinuteListHas12EntriesTheLast55)
+{
+    const AlertView view = showOneLow();
+    std::vector<std::string> minutes;
+    for (int index = 0; index < view.minute().count(); ++index) {
+        minutes.push_back(view.minute().itemText(index).toStdString());
+    }
+
+    EXPECT_THAT(
+        minutes,
+        ElementsAre("00", "05", "10", "15", "20", "25", "30", "35", "40", "45", "50", "55"));
+}
+
+} // namespace
+} // namespace voltmere

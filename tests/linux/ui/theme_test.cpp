@@ -1,0 +1,121 @@
+#include "linux/ui/theme.h"
+
+#include "tests/linux/ui/contrast.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QWidget>
+
+namespace voltmere {
+namespace {
+
+constexpr double recognisable = 2;
+
+class ThemeTest : public testing::TestWithParam<ColourScheme> {
+protected:
+    void TearDown() override { QApplication::setPalette(QPalette()); }
+
+    QPalette palette = paletteFor(GetParam());
+};
+
+TEST_P(ThemeTest, EveryTextIsReadableOnItsBackground)
+{
+    const std::pair<QPalette::ColorRole, QPalette::ColorRole> pairs[]{
+        {QPalette::WindowText, QPalette::Window},
+        {QPalette::Text, QPalette::Base},
+        {QPalette::ButtonText, QPalette::Button},
+        {QPalette::HighlightedText, QPalette::Highlight},
+        {QPalette::ToolTipText, QPalette::ToolTipBase},
+        {QPalette::PlaceholderText, QPalette::Base},
+        {QPalette::Link, QPalette::Window},
+    };
+    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
+        for (const auto& [text, background] : pairs) {
+            EXPECT_GE(contrast(palette.color(group, text), palette.color(group, background)),
+                      readable)
+                << text;
+        }
+    }
+    EXPECT_GE(contrast(secondaryTextColour(palette), palette.color(QPalette::Window)), readable);
+}
+
+TEST_P(ThemeTest, TheTextsOfAWindowAreThoseOfAnActiveOneBeforeItBecomesActive)
+{
+    QPalette waiting = palette;
+    for (const auto group : {QPalette::Inactive, QPalette::Disabled}) {
+        waiting.setColor(group, QPalette::WindowText, palette.color(QPalette::Window));
+    }
+    waiting.setCurrentColorGroup(QPalette::Inactive);
+    EXPECT_EQ(secondaryTextColour(waiting), secondaryTextColour(palette));
+    EXPECT_EQ(dividerColour(waiting), dividerColour(palette));
+}
+
+TEST_P(ThemeTest, DisabledTextStandsBackButCanBeRecognised)
+{
+    for (const auto& [text, background] : {std::pair(QPalette::WindowText, QPalette::Window),
+                                           std::pair(QPalette::ButtonText, QPalette::Button)}) {
+        const double disabled = contrast(palette.color(QPalette::Disabled, text),
+                                         palette.color(QPalette::Disabled, background));
+        EXPECT_GE(disabled, recognisable);
+        EXPECT_LT(disabled,
+                  contrast(palette.color(QPalette::Active, text), palette.color(background)));
+    }
+}
+
+TEST_P(ThemeTest, ADividerIsSeenButFainterThanText)
+{
+    const QColor window = palette.color(QPalette::Window);
+    EXPECT_GT(contrast(dividerColour(palette), window), 1.2);
+    EXPECT_LT(contrast(dividerColour(palette), window),
+              contrast(secondaryTextColour(palette), window));
+}
+
+TEST_P(ThemeTest, ColoursOfTheOtherSchemeAreReplacedAndFittingOnesStay)
+{
+    QPalette desktop = palette;
+    desktop.setColor(QPalette::Window, desktop.color(QPalette::Window).lighter(101));
+    QApplication::setPalette(desktop);
+    applyPalette(GetParam());
+    EXPECT_EQ(QApplication::palette().color(QPalette::Window), desktop.color(QPalette::Window));
+    applyPalette(std::nullopt);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Window), desktop.color(QPalette::Window));
+    const ColourScheme other =
+        GetParam() == ColourScheme::dark ? ColourScheme::light : ColourScheme::dark;
+    applyPalette(other);
+    EXPECT_EQ(QApplication::palette().color(QPalette::Window),
+              paletteFor(other).color(QPalette::Window));
+}
+
+INSTANTIATE_TEST_SUITE_P(Schemes, ThemeTest,
+                         testing::Values(ColourScheme::light, ColourScheme::dark));
+
+TEST(Theme, ADesktopWithoutASchemeGetsTheLightColours)
+{
+    EXPECT_EQ(paletteFor(std::nullopt), paletteFor(ColourScheme::light));
+}
+
+TEST(Theme, ATextColourIsTakenBack)
+{
+    QWidget widget;
+    setTextColour(widget, QColor(Qt::red));
+    EXPECT_EQ(widget.palette().color(QPalette::WindowText), QColor(Qt::red));
+    setTextColour(widget, std::nullopt);
+    EXPECT_EQ(widget.palette().color(QPalette::WindowText),
+              QApplication::palette().color(QPalette::WindowText));
+}
+
+TEST(Theme, HeadlinesAreBoldAndTitlesLargerTooInPointsAndInPixels)
+{
+    QFont body;
+    body.setPointSizeF(13);
+    EXPECT_TRUE(headlineFont(body).bold());
+    EXPECT_DOUBLE_EQ(headlineFont(body).pointSizeF(), 13);
+    EXPECT_TRUE(title3Font(body).bold());
+    EXPECT_DOUBLE_EQ(title3Font(body).pointSizeF(), 15);
+    body.setPixelSize(26);
+    EXPECT_EQ(title3Font(body).pixelSize(), 30);
+}
+
+} // namespace
+} // namespace voltmere

@@ -1,0 +1,439 @@
+#include "texts/l10n.h"
+
+#include "fakes/fake_preferred_languages.h"
+#include "texts/app_language.h"
+
+#include <gmock/gmock.h>
+
+#include <limits>
+
+namespace voltmere {
+namespace {
+
+using testing::ElementsAreArray;
+using testing::SizeIs;
+
+struct Text {
+    std::string_view key;
+    std::string_view zh;
+    std::string_view en;
+};
+
+// Written out a second time, on purpose: a slip in a table must not pass.
+constexpr Text texts[] = {
+    {"status.waiting", "等待检查", "Waiting for check"},
+    {"status.noDevice", "未检测到外设", "No peripherals found"},
+    {"status.normal", "电量正常", "Battery level is fine"},
+    {"status.low", "电量偏低", "Low battery"},
+    {"status.lowDetail", "电量偏低：%@", "Low battery: %@"},
+    {"device.mouse", "鼠标", "Mouse"},
+    {"device.keyboard", "键盘", "Keyboard"},
+    {"device.trackpad", "触控板", "Trackpad"},
+    {"listSeparator", "、", ", "},
+    {"app.name", "续航哨兵", "Cellsentry"},
+    {"panel.warnBelow", "电量低于", "Alert below"},
+    {"panel.warnSuffix", "提醒", ""},
+    {"panel.dailyCheck", "每天定时检查", "Daily check"},
+    {"panel.instantAlert", "立即提醒", "Immediately"},
+    {"panel.launchAtLogin", "开机自动启动", "Launch at login"},
+    {"panel.checkTime", "检查时间", "Check time"},
+    {"panel.language", "语言", "Language"},
+    {"panel.testNotification", "开启/测试通知", "Enable / test alert"},
+    {"panel.quit", "退出", "Quit"},
+    {"alert.titleOne", "%@ 电量提醒", "%@ battery alert"},
+    {"alert.titleMany", "外设电量提醒", "Peripheral battery alert"},
+    {"alert.normalTitle", "外设电量", "Peripheral battery"},
+    {"alert.normalText", "电量正常：%@", "All good: %@"},
+    {"alert.lowSingle", "当前电量%1$d%%，请及时充电。", "Battery at %1$d%%. Please charge."},
+    {"alert.chargeSuffix", "，请及时充电。", ". Please charge."},
+    {"alert.choose", "选择再次提醒时间", "Remind me again"},
+    {"alert.in20", "20 分钟后", "In 20 minutes"},
+    {"alert.in30", "30 分钟后", "In 30 minutes"},
+    {"alert.in60", "1 小时后", "In 1 hour"},
+    {"alert.in120", "2 小时后", "In 2 hours"},
+    {"alert.customTitle", "指定时间", "At a time"},
+    {"alert.customAction", "指定时间…", "At a specific time…"},
+    {"alert.ok", "确定", "OK"},
+    {"alert.cancel", "取消", "Cancel"},
+    {"notify.snoozeTitle", "Magic Mouse 电量提醒", "Magic Mouse battery alert"},
+    {"notify.snoozeBody", "这是稍后提醒：请给鼠标充电。",
+     "Snoozed reminder: please charge your mouse."},
+};
+
+constexpr Text ownTexts[] = {
+    {"language.system", "跟随系统", "System"},
+    {"language.zh", "简体中文", "简体中文"},
+    {"language.en", "English", "English"},
+    {"menu.open", "打开", "Open"},
+    {"name.threshold", "阈值", "Threshold"},
+    {"name.hour", "小时", "Hour"},
+    {"name.minute", "分钟", "Minute"},
+    {"panel.noTray", "此桌面没有系统托盘。再次启动本程序即可重新打开此面板。",
+     "This desktop has no tray. Start the program again to reopen this panel."},
+};
+
+std::vector<std::string_view> keysOf(const L10n::Table& table)
+{
+    std::vector<std::string_view> keys;
+    for (const auto& [key, text] : table) {
+        keys.push_back(key);
+    }
+    return keys;
+}
+
+/// A text that only one of the two tables yields, to tell which one is in use.
+std::string languageInUse()
+{
+    const std::string yes = L10n::t("alert.ok");
+    return yes == "OK" ? "en" : yes == "确定" ? "zh" : yes;
+}
+
+TEST(L10nTables, HaveThirtySixKeysEach)
+{
+    EXPECT_THAT(L10n::zh(), SizeIs(36));
+    EXPECT_THAT(L10n::en(), SizeIs(36));
+    EXPECT_EQ(std::size(texts), 36U);
+}
+
+TEST(L10nTables, HaveTheSameKeys)
+{
+    EXPECT_THAT(keysOf(L10n::zh()), ElementsAreArray(keysOf(L10n::en())));
+}
+
+TEST(L10nTables, EveryTextIsExactlyAsAgreed)
+{
+    for (const Text& text : texts) {
+        SCOPED_TRACE(text.key);
+        const LanguageGuard chinese("zh");
+        EXPECT_EQ(L10n::t(text.key), text.zh);
+        L10n::setting = "en";
+        EXPECT_EQ(L10n::t(text.key), text.en);
+        ASSERT_TRUE(L10n::zh().contains(text.key));
+        ASSERT_TRUE(L10n::en().contains(text.key));
+    }
+}
+
+TEST(L10nTables, OfThisProgramsOwnTextsHaveTheSameKeys)
+{
+    EXPECT_THAT(keysOf(L10n::ownZh()), ElementsAreArray(keysOf(L10n::ownEn())));
+    for (const std::string_view key : keysOf(L10n::ownEn())) {
+        EXPECT_FALSE(L10n::en().contains(key)) << key;
+    }
+}
+
+TEST(L10nTables, NoOwnTextIsEmpty)
+{
+    for (const auto* const table : {&L10n::ownZh(), &L10n::ownEn()}) {
+        for (const auto& [key, text] : *table) {
+            EXPECT_FALSE(text.empty()) << key;
+        }
+    }
+}
+
+TEST(L10nTables, TheOwnTextsAreExactlyAsAgreed)
+{
+    for (const Text& text : ownTexts) {
+        SCOPED_TRACE(text.key);
+        const LanguageGuard chinese("zh");
+        EXPECT_EQ(L10n::own(text.key), text.zh);
+        L10n::setting = "en";
+        EXPECT_EQ(L10n::own(text.key), text.en);
+    }
+}
+
+TEST(L10nTables, EveryLanguageHasAName)
+{
+    for (const AppLanguage language : allAppLanguages) {
+        const std::string key = "language." + std::string(rawValue(language));
+        EXPECT_TRUE(L10n::ownZh().contains(key)) << key;
+        EXPECT_TRUE(L10n::ownEn().contains(key)) << key;
+    }
+}
+
+TEST(L10nTables, AreBuiltOnce)
+{
+    EXPECT_EQ(&L10n::zh(), &L10n::zh());
+    EXPECT_EQ(&L10n::en(), &L10n::en());
+}
+
+TEST(L10nTables, PanelWarnSuffixIsEmptyInEnglishAndNotInChinese)
+{
+    const LanguageGuard english("en");
+    EXPECT_EQ(L10n::t("panel.warnSuffix"), "");
+    L10n::setting = "zh";
+    EXPECT_EQ(L10n::t("panel.warnSuffix"), "提醒");
+}
+
+TEST(L10nLookup, AnUnknownKeyIsReturnedUnchangedInBothLanguages)
+{
+    for (const char* const setting : {"zh", "en", "system"}) {
+        const LanguageGuard language(setting);
+        for (const char* const key : {"foo.bar", "", "ALERT.OK", "alert.ok ", "鼠标", "%@"}) {
+            EXPECT_EQ(L10n::t(key), key) << setting;
+            EXPECT_EQ(L10n::own(key), key) << setting;
+        }
+    }
+}
+
+TEST(L10nLookup, TheTwoPairsOfTablesDoNotMix)
+{
+    const LanguageGuard english("en");
+    EXPECT_EQ(L10n::t("menu.open"), "menu.open");
+    EXPECT_EQ(L10n::own("alert.ok"), "alert.ok");
+}
+
+TEST(L10nLanguage, ZhAndEnIgnoreThePreferredLanguages)
+{
+    const FakePreferredLanguages englishUser({"en-US"});
+    const FakePreferredLanguages chineseUser({"zh-Hans-CN"});
+    {
+        const LanguageGuard chinese("zh", &englishUser);
+        EXPECT_EQ(languageInUse(), "zh");
+    }
+    const LanguageGuard english("en", &chineseUser);
+    EXPECT_EQ(languageInUse(), "en");
+}
+
+TEST(L10nLanguage, FrOrAnyOtherTextBehavesAsSystem)
+{
+    const FakePreferredLanguages chineseUser({"zh-Hans-CN"});
+    const FakePreferredLanguages englishUser({"en-GB"});
+    for (const char* const setting :
+         {"fr", "", "system", "System", "ZH", "EN", "zh-Hans", "en-US", " zh", "en ", "中文"}) {
+        SCOPED_TRACE(setting);
+        {
+            const LanguageGuard chinese(setting, &chineseUser);
+            EXPECT_EQ(languageInUse(), "zh");
+        }
+        const LanguageGuard english(setting, &englishUser);
+        EXPECT_EQ(languageInUse(), "en");
+    }
+}
+
+struct UserCase {
+    const char* what;
+    std::vector<std::string> tags;
+    const char* language;
+};
+
+void PrintTo(const UserCase& user, std::ostream* out)
+{
+    *out << user.what;
+}
+
+class SystemLanguage : public testing::TestWithParam<UserCase> { };
+
+TEST_P(SystemLanguage, FollowsTheFirstPreferredLanguage)
+{
+    const FakePreferredLanguages user(GetParam().tags);
+    const LanguageGuard system("system", &user);
+    EXPECT_EQ(languageInUse(), GetParam().language);
+    EXPECT_EQ(L10n::own("menu.open"), GetParam().language == std::string("zh") ? "打开" : "Open");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    L10nLanguage, SystemLanguage,
+    testing::Values(UserCase{"ZhHantTwThenEnIsChinese", {"zh-Hant-TW", "en"}, "zh"},
+                    UserCase{"EnUsThenZhHansIsEnglish", {"en-US", "zh-Hans"}, "en"},
+                    UserCase{"AnEmptyListIsEnglish", {}, "en"},
+                    UserCase{"ZhAloneIsChinese", {"zh"}, "zh"},
+                    UserCase{"ZhWithUnderscoreIsChinese", {"zh_CN"}, "zh"},
+                    UserCase{"ZhHansCnIsChinese", {"zh-Hans-CN"}, "zh"},
+                    UserCase{"EveryTagThatBeginsWithZhIsChinese", {"zha"}, "zh"},
+                    UserCase{"UpperCaseZhIsEnglish", {"ZH-Hans"}, "en"},
+                    UserCase{"MixedCaseZhIsEnglish", {"Zh"}, "en"},
+                    UserCase{"ZAloneIsEnglish", {"z"}, "en"},
+                    UserCase{"ZhWithinTheTagIsEnglish", {"en-zh"}, "en"},
+                    UserCase{"FrenchThenChineseIsEnglish", {"fr-FR", "zh-Hans"}, "en"},
+                    UserCase{"AnEmptyTagThenChineseIsEnglish", {"", "zh-Hans"}, "en"}),
+    [](const auto& row) { return row.param.what; });
+
+TEST(L10nLanguage, WithoutPreferredLanguagesSystemIsEnglish)
+{
+    const LanguageGuard system("system", nullptr);
+    EXPECT_EQ(languageInUse(), "en");
+}
+
+TEST(L10nLanguage, ChangingZhToEnChangesTheNextLookupWithoutAnyOtherStep)
+{
+    const LanguageGuard chinese("zh");
+    EXPECT_EQ(L10n::t("panel.quit"), "退出");
+    L10n::setting = "en";
+    EXPECT_EQ(L10n::t("panel.quit"), "Quit");
+}
+
+TEST(L10nLanguage, AChangeOfThePreferredLanguagesShowsAtTheNextLookup)
+{
+    FakePreferredLanguages user({"zh-Hans"});
+    const LanguageGuard system("system", &user);
+    EXPECT_EQ(languageInUse(), "zh");
+    user.wanted = {"en"};
+    EXPECT_EQ(languageInUse(), "en");
+}
+
+/// Stored settings of which only the text under one key is of interest.
+class StoredText : public DefaultsStore {
+public:
+    explicit StoredText(std::string storedKey, std::optional<std::string> value)
+        : storedKey(std::move(storedKey))
+        , value(std::move(value))
+    {
+    }
+
+    std::optional<std::int64_t> integer(std::string_view) const override { return std::nullopt; }
+    std::optional<bool> boolean(std::string_view) const override { return std::nullopt; }
+
+    std::optional<std::string> text(std::string_view key) const override
+    {
+        return key == storedKey ? value : std::nullopt;
+    }
+
+    void setInteger(std::string_view, std::int64_t) override { ++writes; }
+    void setBoolean(std::string_view, bool) override { ++writes; }
+
+    std::string storedKey;
+    std::optional<std::string> value;
+    int writes = 0;
+};
+
+TEST(L10nLoadSetting, TakesTheStoredTextWhateverItIs)
+{
+    for (const char* const stored : {"zh", "en", "system", "fr", ""}) {
+        const LanguageGuard before("before");
+        L10n::loadSetting(StoredText("language", stored));
+        EXPECT_EQ(L10n::setting, stored);
+    }
+}
+
+TEST(L10nLoadSetting, IsSystemWhenNoTextIsStored)
+{
+    const LanguageGuard before("zh");
+    L10n::loadSetting(StoredText("language", std::nullopt));
+    EXPECT_EQ(L10n::setting, "system");
+}
+
+TEST(L10nLoadSetting, LooksUnderLanguageAloneAndWritesNothing)
+{
+    const LanguageGuard before("zh");
+    const StoredText store("Language", "zh");
+    L10n::loadSetting(store);
+    EXPECT_EQ(L10n::setting, "system");
+    EXPECT_EQ(store.writes, 0);
+}
+
+TEST(AppLanguage, HasThreeChoicesInThePanelsOrder)
+{
+    EXPECT_THAT(allAppLanguages,
+                testing::ElementsAre(AppLanguage::system, AppLanguage::zh, AppLanguage::en));
+}
+
+TEST(AppLanguage, HasARawValueForEachChoice)
+{
+    EXPECT_EQ(rawValue(AppLanguage::system), "system");
+    EXPECT_EQ(rawValue(AppLanguage::zh), "zh");
+    EXPECT_EQ(rawValue(AppLanguage::en), "en");
+}
+
+TEST(AppLanguage, IsMadeFromItsRawValue)
+{
+    for (const AppLanguage language : allAppLanguages) {
+        EXPECT_EQ(appLanguage(rawValue(language)), language);
+    }
+}
+
+TEST(AppLanguage, IsNoneForAnyOtherText)
+{
+    for (const char* const raw :
+         {"", "fr", "System", "ZH", "En", "zh-Hans", " en", "en ", "zhen"}) {
+        EXPECT_EQ(appLanguage(raw), std::nullopt) << raw;
+    }
+}
+
+struct FormatCase {
+    const char* what;
+    std::string_view format;
+    std::vector<L10n::Argument> arguments;
+    std::string_view result;
+};
+
+void PrintTo(const FormatCase& formatCase, std::ostream* out)
+{
+    *out << formatCase.format;
+}
+
+class L10nFormat : public testing::TestWithParam<FormatCase> { };
+
+TEST_P(L10nFormat, FillsThePlaceholders)
+{
+    EXPECT_EQ(L10n::format(GetParam().format, GetParam().arguments), GetParam().result);
+}
+
+const L10n::Argument ann = std::string("Ann");
+const L10n::Argument bob = std::string("Bob");
+const L10n::Argument seven = std::int64_t{7};
+const L10n::Argument trap = std::string("100%@ %1$d %%");
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, L10nFormat,
+    testing::Values(
+        FormatCase{"PlainTextStays", "Quit", {}, "Quit"},
+        FormatCase{"EmptyStaysEmpty", "", {ann}, ""},
+        FormatCase{"AText", "Low battery: %@", {ann}, "Low battery: Ann"},
+        FormatCase{"ATextInFront", "%@ 电量提醒", {ann}, "Ann 电量提醒"},
+        FormatCase{"AnEmptyText", "<%@>", {std::string()}, "<>"},
+        FormatCase{"TextsInTurn", "%@ and %@", {ann, bob}, "Ann and Bob"},
+        FormatCase{"AnInteger",
+                   "Battery at %1$d%%. Please charge.",
+                   {seven},
+                   "Battery at 7%. Please charge."},
+        FormatCase{"ANegativeInteger", "%1$d", {std::int64_t{-15}}, "-15"},
+        FormatCase{"TheGreatestInteger",
+                   "%1$d",
+                   {std::numeric_limits<std::int64_t>::max()},
+                   "9223372036854775807"},
+        FormatCase{"TheLeastInteger",
+                   "%1$d",
+                   {std::numeric_limits<std::int64_t>::min()},
+                   "-9223372036854775808"},
+        FormatCase{"IntegersByPosition", "%2$d %1$d %2$d", {seven, std::int64_t{8}}, "8 7 8"},
+        FormatCase{"ATextAndAnIntegerByPosition", "%@ %2$d%%", {ann, seven}, "Ann 7%"},
+        FormatCase{"PercentSigns", "%% %%%%", {}, "% %%"},
+        FormatCase{"APercentSignIsNotReadTwice", "%%@ %%1$d", {ann}, "%@ %1$d"},
+        FormatCase{"AnArgumentIsNeverReadAsAFormat", "<%@>", {trap}, "<100%@ %1$d %%>"},
+        FormatCase{"AnArgumentDoesNotCompleteAPlaceholder", "%%%@", {std::string("@")}, "%@"},
+        FormatCase{"AMissingTextStays", "%@ %@", {ann}, "Ann %@"},
+        FormatCase{"AMissingIntegerStays", "%1$d %2$d", {seven}, "7 %2$d"},
+        FormatCase{"ATextForAnIntegerStays", "%1$d", {ann}, "%1$d"},
+        FormatCase{"AnIntegerForATextStays", "%@", {seven}, "%@"},
+        FormatCase{"PositionZeroStays", "%0$d", {seven}, "%0$d"},
+        FormatCase{"ANegativePositionStays", "%-1$d", {seven}, "%-1$d"},
+        FormatCase{"APositionBeyondAllNumbersStays",
+                   "%99999999999999999999$d",
+                   {seven},
+                   "%99999999999999999999$d"},
+        FormatCase{
+            "OtherUsesStay", "%d %s %1$@ %1$ %1 5% of", {ann, seven}, "%d %s %1$@ %1$ %1 5% of"},
+        FormatCase{"APercentSignAtTheEndStays", "50%", {ann}, "50%"},
+        FormatCase{"ATextBeyondAscii",
+                   "电量偏低：%@",
+                   {std::string("安的鼠标 5%")},
+                   "电量偏低：安的鼠标 5%"}),
+    [](const auto& row) { return row.param.what; });
+
+TEST(L10nFormatOfTheTables, EveryPlaceholderIsFilled)
+{
+    for (const auto* const table : {&L10n::zh(), &L10n::en()}) {
+        EXPECT_EQ(L10n::format(table->at("listSeparator"), {}), table->at("listSeparator"));
+        for (const char* const key : {"status.lowDetail", "alert.titleOne", "alert.normalText"}) {
+            const std::string filled = L10n::format(table->at(key), {ann});
+            EXPECT_THAT(filled, testing::HasSubstr("Ann")) << key;
+            EXPECT_THAT(filled, testing::Not(testing::HasSubstr("%"))) << key;
+        }
+    }
+    EXPECT_EQ(L10n::format(L10n::zh().at("alert.lowSingle"), {seven}), "当前电量7%，请及时充电。");
+    EXPECT_EQ(L10n::format(L10n::en().at("alert.lowSingle"), {seven}),
+              "Battery at 7%. Please charge.");
+}
+
+} // namespace
+} // namespace voltmere

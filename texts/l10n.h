@@ -1,0 +1,62 @@
+#pragma once
+
+#include "ports/defaults_store.h"
+#include "ports/preferred_languages.h"
+
+#include <cstdint>
+#include <map>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace voltmere {
+
+/// Every text that a person sees, looked up by a dotted key in the Chinese or the English table.
+///
+/// The choice of language is one for the whole process and belongs to the main thread. Nothing is
+/// cached: a change of `setting` takes effect at the next lookup.
+class L10n {
+public:
+    using Table = std::map<std::string_view, std::string_view>;
+
+    /// The raw value of the current AppLanguage. Any other text counts as "system".
+    static std::string setting;
+
+    /// Where "system" finds the user's languages. Without a call, the user asked for none.
+    /// `languages` must outlive every lookup; null takes it away again.
+    static void usePreferredLanguages(const PreferredLanguages* languages);
+
+    /// The text stored under "language"; "system" when there is none.
+    static std::string storedSetting(const DefaultsStore& defaults);
+
+    /// Takes `setting` from what is stored.
+    static void loadSetting(const DefaultsStore& defaults);
+
+    /// The text for `key` in the current language; an unknown key is its own text.
+    static std::string t(std::string_view key);
+
+    /// The same for the texts that only this program's windows need, such as the languages' names.
+    static std::string own(std::string_view key);
+
+    /// A value for a placeholder: a text for "%@", an integer for "%1$d".
+    using Argument = std::variant<std::string, std::int64_t>;
+
+    /// Fills the placeholders of `format`: each "%@" takes the next argument, "%N$d" takes the Nth,
+    /// "%%" is a percent sign. A placeholder that finds no argument of its kind, and any other use
+    /// of "%", stays as it stands; an argument is inserted as plain text and never read as a
+    /// format.
+    static std::string format(std::string_view format, const std::vector<Argument>& arguments);
+
+    static const Table& zh();
+    static const Table& en();
+    static const Table& ownZh();
+    static const Table& ownEn();
+
+private:
+    static bool usesChinese();
+
+    static const PreferredLanguages* preferredLanguages;
+};
+
+} // namespace voltmere
