@@ -2,7 +2,10 @@
 
 #include "ports/alert_presenter.h"
 
+#include <functional>
+#include <memory>
 #include <utility>
+#include <vector>
 
 namespace voltmere {
 
@@ -15,6 +18,7 @@ public:
         AlertActions actions;
         bool visible = true;
         int broughtToFront = 0;
+        std::function<void()> whileOrderingOut;
     };
 
     std::unique_ptr<Alert> present(AlertContent content, AlertActions actions) override
@@ -40,7 +44,14 @@ private:
         ~Handle() override { alert->visible = false; }
         bool isVisible() const override { return alert->visible; }
         void bringToFront() override { ++alert->broughtToFront; }
-        void orderOut() override { alert->visible = false; }
+
+        void orderOut() override
+        {
+            alert->visible = false;
+            if (alert->whileOrderingOut) {
+                alert->whileOrderingOut();
+            }
+        }
 
     private:
         std::shared_ptr<Shown> alert;

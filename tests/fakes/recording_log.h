@@ -2,6 +2,7 @@
 
 #include "ports/system_log.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,9 +11,16 @@ namespace voltmere {
 /// Keeps the lines that were logged.
 class RecordingLog : public SystemLog {
 public:
-    void write(std::string_view line) override { lines.emplace_back(line); }
+    void write(std::string_view line) override
+    {
+        lines.emplace_back(line);
+        if (whileWriting) {
+            whileWriting();
+        }
+    }
 
     std::vector<std::string> lines;
+    std::function<void()> whileWriting;
 };
 
 } // namespace voltmere

@@ -320,6 +320,22 @@ INSTANTIATE_TEST_SUITE_P(
                     QByteArray("threshold=35\n"), QByteArray("{\"threshold\": 35} {}"),
                     QByteArray("{\"threshold\": 035}"), QByteArray(4096, '\0')));
 
+TEST_F(JsonSettingsTest, DamageThatComesBetweenOpeningAndSavingIsSetAsideByteForByteToo)
+{
+    put("{\"threshold\": 20, \"language\": \"zh\"}");
+    const QByteArray damaged = "{\"threshold\": 35, \"lang";
+    {
+        QtDefaults defaults = open();
+        EXPECT_THAT(defaults.integer("threshold"), Optional(20));
+        put(damaged);
+        defaults.setInteger("threshold", 45);
+    }
+    ASSERT_EQ(damagedCopies().size(), 1);
+    EXPECT_EQ(contentOf(directory.filePath(damagedCopies().first())), damaged);
+    EXPECT_THAT(log.lines, SizeIs(1));
+    EXPECT_EQ(saved(), (QJsonObject{{"threshold", 45}}));
+}
+
 TEST_F(JsonSettingsTest, APlaceThatCannotBeWrittenLosesNothing)
 {
     put("not a directory");

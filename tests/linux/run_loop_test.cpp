@@ -8,8 +8,12 @@
 #include <QTest>
 #include <QThread>
 
+#include <ctime>
+#include <filesystem>
+#include <fstream>
 #include <future>
 #include <memory>
+#include <string>
 #include <thread>
 #include <vector>
 
@@ -48,6 +52,32 @@ protected:
     QtRunLoop runLoop;
     int fired = 0;
 };
+
+/// The clocks of the timers that this process has as file descriptors.
+std::vector<int> clocksOfTimers()
+{
+    std::vector<int> clocks;
+    for (const auto& descriptor : std::filesystem::directory_iterator("/proc/self/fdinfo")) {
+        std::ifstream lines(descriptor.path());
+        for (std::string name; lines >> name;) {
+            int clock = 0;
+            if (name == "clockid:" && lines >> clock) {
+                clocks.push_back(clock);
+            }
+        }
+    }
+    return clocks;
+}
+
+TEST_F(QtRunLoopTest, TimersCountTheTimeInWhichTheMachineSleeps)
+{
+    ASSERT_THAT(clocksOfTimers(), IsEmpty());
+    const auto once = runLoop.scheduleOnce(farOff, count());
+    const auto repeating = runLoop.scheduleRepeating(farOff, count());
+    runLoop.postLater(farOff, count());
+
+    EXPECT_THAT(clocksOfTimers(), ElementsAre(CLOCK_BOOTTIME, CLOCK_BOOTTIME, CLOCK_BOOTTIME));
+}
 
 TEST_F(QtRunLoopTest, WithoutFileDescriptorsATimerIsRefusedWithALine)
 {

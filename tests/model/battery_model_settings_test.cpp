@@ -51,16 +51,19 @@ public:
     void setInteger(std::string_view key, std::int64_t value) override
     {
         note("write ", std::string(key) + ' ' + std::to_string(value));
+        languagesAtWrites.push_back(L10n::setting);
         stored.setInteger(key, value);
     }
 
     void setBoolean(std::string_view key, bool value) override
     {
         note("write ", std::string(key) + (value ? " true" : " false"));
+        languagesAtWrites.push_back(L10n::setting);
         stored.setBoolean(key, value);
     }
 
     MemoryDefaults stored;
+    std::vector<std::string> languagesAtWrites; ///< of the process, at each write
 
 private:
     void note(const char* what, std::string_view key) const
@@ -132,6 +135,24 @@ public:
     {
         events.push_back("register categories, language " + L10n::setting);
         FakeNotificationCentre::setCategories(std::move(newCategories));
+    }
+
+private:
+    Events& events;
+};
+
+/// Notes each look at the user's languages, which a text in the language "system" needs.
+class NotingLanguages : public PreferredLanguages {
+public:
+    explicit NotingLanguages(Events& events)
+        : events(events)
+    {
+    }
+
+    std::vector<std::string> tags() const override
+    {
+        events.emplace_back("look up a text");
+        return {"en"};
     }
 
 private:
@@ -320,6 +341,19 @@ TEST_F(BatteryModelSettingsTest, ConstructionAsksOnceForAlertsAndSounds)
     EXPECT_THAT(notifications.authorisationRequests, ElementsAre(4U | 2U));
 }
 
+TEST_F(BatteryModelSettingsTest, ConstructionAsksForThemOnceTheFirstStatusIsSet)
+{
+    const NotingLanguages languages(events);
+    const LanguageGuard guard("system", &languages);
+    defaults.stored.set("language", std::string("system"));
+    start();
+
+    std::erase_if(events, [](const std::string& event) { return event.starts_with("read "); });
+    EXPECT_THAT(events,
+                ElementsAre("login item, language system", "look up a text", "ask to notify",
+                            "start timer"));
+}
+
 TEST_F(BatteryModelSettingsTest, ConstructionStartsOneReadingAndOneTimer)
 {
     start();
@@ -421,6 +455,16 @@ TEST_F(BatteryModelSettingsTest, ChangingTheLanguageWritesTheFiveKeysAndNotLangu
                             "write enabled true", "write instant true",
                             "register categories, language zh"));
     EXPECT_EQ(defaults.stored.text("language"), "en");
+}
+
+TEST_F(BatteryModelSettingsTest, AChangeOfLanguageTakesEffectAfterTheSettingsAreSaved)
+{
+    BatteryModel& model = started();
+
+    model.language = "zh";
+
+    EXPECT_THAT(defaults.languagesAtWrites, ElementsAre("en", "en", "en", "en", "en"));
+    EXPECT_EQ(L10n::setting, "zh");
 }
 
 TEST_F(BatteryModelSettingsTest, TheLanguageIsNeverWritten)

@@ -272,6 +272,21 @@ TEST_F(LaunchAtLoginTest, AFailedRegistrationPostsANotificationAtOnceAndLeavesTh
     EXPECT_FALSE(model.launchAtLogin);
 }
 
+TEST_F(LaunchAtLoginTest, AFailureIsLoggedBeforeItsNotificationIsPosted)
+{
+    world.loginItems.failure = "Operation not permitted";
+    BatteryModel& model = world.start();
+    std::vector<std::size_t> notificationsAtLines;
+    world.log.whileWriting = [&] {
+        notificationsAtLines.push_back(world.notifications.requests.size());
+    };
+
+    model.launchAtLogin = true;
+
+    EXPECT_THAT(notificationsAtLines, ElementsAre(0U));
+    EXPECT_THAT(world.notifications.requests, SizeIs(1));
+}
+
 TEST_F(LaunchAtLoginTest, AFailedUnregistrationPostsANotificationToo)
 {
     BatteryModel& model = startRegistered();

@@ -61,6 +61,29 @@ TEST_F(ReadingResultTest, ATicksRefreshAlertsOfANewlyLowDeviceAndLogsIt)
     EXPECT_THAT(world.log.lines, ElementsAre("Voltmere: 立即提醒 Magic Keyboard 20%"));
 }
 
+TEST_F(ReadingResultTest, AnInstantAlertIsLoggedBeforeItShows)
+{
+    world.start();
+    world.runLoop.settle();
+    std::vector<std::size_t> alertsAtLines;
+    world.log.whileWriting = [&] { alertsAtLines.push_back(world.alerts.shown.size()); };
+    world.setLevels({{803, 10}});
+
+    advance(minutes(5));
+
+    EXPECT_THAT(alertsAtLines, ElementsAre(0U));
+    EXPECT_THAT(world.alerts.shown, SizeIs(1));
+}
+
+TEST_F(ReadingResultTest, ALevelReachesTheModelAsItWasReportedBeyond100AndAtZeroToo)
+{
+    world.setLevels({{803, 250}, {805, 0}, {804, -7}});
+    const BatteryModel& model = world.start();
+    world.runLoop.settle();
+
+    EXPECT_THAT(model.devices.get(), ElementsAre(mouse(250), keyboard(0), trackpad(-7)));
+}
+
 TEST_F(ReadingResultTest, TheLogLineOfTwoDevicesNamesBothWhateverTheLanguage)
 {
     BatteryModel& model = world.start();
@@ -317,12 +340,14 @@ TEST_F(ReadingResultTest, AReadingUnderWayChangesNothingThatAPersonSees)
         model.objectWillChange.subscribe([&announcements] { ++announcements; });
 
     model.checkNow();
+    model.refresh(true);
+    model.refresh(false);
     finishReading(0);
     EXPECT_EQ(announcements, 0);
 
-    // The time, the devices and the status.
+    // The time, the devices and the status, of each reading.
     world.runLoop.settle();
-    EXPECT_EQ(announcements, 3);
+    EXPECT_EQ(announcements, 9);
 }
 
 TEST_F(ReadingResultTest, AResultStampsTheTimeThenStoresTheDevicesThenTheStatus)

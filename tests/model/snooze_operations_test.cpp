@@ -166,6 +166,19 @@ INSTANTIATE_TEST_SUITE_P(Options, SnoozeOptionChoiceTest,
                          testing::Values(std::pair(in20, 1200), std::pair(in30, 1800),
                                          std::pair(in60, 3600), std::pair(in120, 7200)));
 
+TEST_F(SnoozeOperationsTest, AnOptionHidesTheReminderBeforeItSchedules)
+{
+    startWithAlert();
+    const std::size_t timersBefore = world.runLoop.timerCount();
+    std::vector<std::size_t> timersAtHiding;
+    alert().whileOrderingOut = [&] { timersAtHiding.push_back(world.runLoop.timerCount()); };
+
+    alert().actions.chooseOption(in20);
+
+    EXPECT_THAT(timersAtHiding, ElementsAre(timersBefore));
+    EXPECT_EQ(world.runLoop.timerCount(), timersBefore + 1);
+}
+
 TEST_F(SnoozeOperationsTest, ANewerSnoozeReplacesThePendingOne)
 {
     startWithAlert();

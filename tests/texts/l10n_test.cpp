@@ -182,6 +182,11 @@ TEST(L10nLookup, TheTwoPairsOfTablesDoNotMix)
     EXPECT_EQ(L10n::own("alert.ok"), "alert.ok");
 }
 
+TEST(L10nLanguage, IsTheSystemsUntilAnotherIsSet)
+{
+    EXPECT_EQ(L10n::setting, "system");
+}
+
 TEST(L10nLanguage, ZhAndEnIgnoreThePreferredLanguages)
 {
     const FakePreferredLanguages englishUser({"en-US"});

@@ -296,6 +296,24 @@ TEST_F(ContentViewTest, InEnglishALowStatusLineIsRedAndANormalOneSecondary)
     EXPECT_EQ(colourOf("status"), secondaryTextColour(view->palette()));
 }
 
+TEST_F(ContentViewTest, AStatusLineThatOnlyContainsTheLowTextOrHasTheOtherLanguagesIsSecondary)
+{
+    open("en");
+    const auto colourOfStatus = [this](const char* status) {
+        model().status = status;
+        settle();
+        return colourOf("status");
+    };
+    const QColor secondary = secondaryTextColour(view->palette());
+    EXPECT_EQ(colourOfStatus("No Low battery"), secondary);
+    EXPECT_EQ(colourOfStatus("电量偏低：Magic Mouse 15%"), secondary);
+    EXPECT_EQ(colourOfStatus("Low batter"), secondary);
+    model().language = "zh";
+    EXPECT_EQ(colourOfStatus("外设电量偏低"), secondary);
+    EXPECT_EQ(colourOfStatus("Low battery: Magic Mouse 15%"), secondary);
+    EXPECT_EQ(colourOfStatus("电量偏低"), systemRed(ColourScheme::light));
+}
+
 TEST_F(ContentViewTest, OpeningWhileADeviceIsNewlyLowReadsAgainAndNeverOpensTheAlert)
 {
     world.setLevels({{mouse, 50}});

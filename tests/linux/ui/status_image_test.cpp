@@ -128,6 +128,20 @@ TEST(StatusImage, ShowsALevelAsItWasReported)
               qCeil(textLeft + widthOf("1234%")));
 }
 
+TEST(StatusImage, WritesTheLabelFivePointsFromTheIconCentredByTheHeightOfItsFont)
+{
+    const DrawnImage image = StatusImage::make({deviceAt(57)}, 20, ColourScheme::light);
+    const auto draw = [](QPainter& painter, const QRectF& /*destination*/) {
+        QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+        font.setPixelSize(13);
+        font.setStyleStrategy(QFont::NoSubpixelAntialias);
+        const QFontMetricsF metrics(font);
+        painter.setFont(font);
+        painter.drawText(QPointF(25, (22 - metrics.height()) / 2 + metrics.ascent()), "57%");
+    };
+    EXPECT_EQ(textPart(image), textPart({.size = image.size, .draw = draw}));
+}
+
 TEST(StatusImage, WritesTheLabelInTheMiddleOfItsHeight)
 {
     const QImage text = textPart(StatusImage::make({deviceAt(88)}, 20, ColourScheme::light));

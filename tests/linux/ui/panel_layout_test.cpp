@@ -1,0 +1,222 @@
+// Where the panel puts its rows and what it puts in them, in points.
+
+#include "linux/ui/panel_fixture.h"
+
+#include "linux/ui/theme.h"
+#include "tests/linux/ui/without_pictures.h"
+
+#include <QLayout>
+#include <QMargins>
+#include <QPushButton>
+
+#include <algorithm>
+
+namespace voltmere {
+namespace {
+
+using testing::AllOf;
+using testing::Each;
+using testing::ElementsAre;
+using testing::SizeIs;
+
+constexpr int padding = 16;
+
+class PanelLayoutTest : public PanelTest {
+protected:
+    ContentView& openWithThreeDevices(const std::string& language = "en")
+    {
+        world.setLevels({{mouse, 37}, {keyboard, 15}, {trackpad, 60}});
+        return open(language);
+    }
+
+    QRect placeOf(const QString& objectName)
+    {
+        const QWidget& widget = find(objectName);
+        return {widget.mapTo(view.get(), QPoint()), widget.size()};
+    }
+
+    /// The panel without its padding.
+    QRect inside() const { return view->rect().marginsRemoved(QMargins() + padding); }
+
+    /// It is as wide as its text needs, and no wider. A button has a smallest width beside that.
+    void expectNaturalWidth(const QString& objectName)
+    {
+        const QWidget& widget = find(objectName);
+        const bool isButton = dynamic_cast<const QPushButton*>(&widget) != nullptr;
+        const int needed = widget.sizeHint().width();
+        EXPECT_EQ(widget.width(), isButton ? std::max(needed, widget.minimumWidth()) : needed)
+            << objectName.toStdString();
+    }
+};
+
+/// The distances between the items of a column.
+std::vector<int> gapsOf(const QLayout& column)
+{
+    std::vector<int> gaps;
+    std::optional<int> end;
+    for (int index = 0; index < column.count(); ++index) {
+        QLayoutItem* const item = column.itemAt(index);
+        if (item->isEmpty()) {
+            continue;
+        }
+        if (end) {
+            gaps.push_back(item->geometry().top() - *end);
+        }
+        end = item->geometry().top() + item->geometry().height();
+    }
+    return gaps;
+}
+
+TEST_F(PanelLayoutTest, ThereAre12PointsBetweenItemsDevicesIncluded)
+{
+    openWithThreeDevices();
+
+    EXPECT_THAT(gapsOf(*view->layout()), AllOf(SizeIs(11), Each(12)));
+    EXPECT_THAT(gapsOf(*find("deviceList").layout()), ElementsAre(12, 12));
+}
+
+TEST_F(PanelLayoutTest, ThereAre16PointsAroundTheContentOnEachSide)
+{
+    openWithThreeDevices();
+    QRect content;
+    for (const QWidget* const widget : view->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        if (widget->isVisible()) {
+            content |= widget->geometry();
+        }
+    }
+
+    EXPECT_EQ(content, inside());
+}
+
+TEST_F(PanelLayoutTest, TheHeaderIsCentredWithAnIconOf22Points)
+{
+    open();
+    const QRect header = placeOf("applicationIcon") | placeOf("applicationName");
+
+    EXPECT_EQ(placeOf("applicationIcon").size(), QSize(22, 22));
+    EXPECT_NEAR(header.left(), view->width() - header.right() - 1, 1);
+    expectNaturalWidth("applicationName");
+}
+
+TEST_F(PanelLayoutTest, WithoutAnApplicationIconTheHeaderIsTheNameAlone)
+{
+    const WithoutPictures none;
+    open();
+
+    EXPECT_EQ(view->findChild<QWidget*>("applicationIcon"), nullptr);
+    const QRect name = placeOf("applicationName");
+    EXPECT_NEAR(name.left(), view->width() - name.right() - 1, 1);
+}
+
+TEST_F(PanelLayoutTest, NamesAreHeadlinesAndALevelIsATitleAndTheRestIsBodyText)
+{
+    openWithThreeDevices();
+    const QFont body = view->font();
+    ASSERT_NE(headlineFont(body), body);
+
+    EXPECT_EQ(find("applicationName").font(), headlineFont(body));
+    for (const char* const device : {"device-803", "device-805", "device-804"}) {
+        EXPECT_EQ(find(device).findChild<QLabel*>("deviceName")->font(), headlineFont(body));
+        EXPECT_EQ(find(device).findChild<QLabel*>("deviceLevel")->font(), title3Font(body));
+    }
+    for (const char* const text : {"thresholdLabel", "checkTimeLabel", "status", "languageLabel"}) {
+        EXPECT_EQ(find(text).font(), body) << text;
+    }
+}
+
+TEST_F(PanelLayoutTest, ADevicesLevelIsAtTheEndOfItsRow)
+{
+    openWithThreeDevices();
+
+    EXPECT_EQ(placeOf("symbol-keyboard").left(), padding);
+    for (const auto* const level : view->findChildren<QLabel*>("deviceLevel")) {
+        EXPECT_EQ(level->mapTo(view.get(), level->rect().topRight()).x(), inside().right());
+        EXPECT_EQ(level->width(), level->sizeHint().width());
+    }
+}
+
+TEST_F(PanelLayoutTest, TheRowOfTheCheckTimeIsPushedApartAfterItsText)
+{
+    for (const char* const language : {"en", "zh"}) {
+        world.start();
+        open(language);
+        model().language = language;
+        settle();
+        EXPECT_EQ(placeOf("checkTimeLabel").left(), padding);
+        EXPECT_EQ(placeOf("checkMinute").right(), inside().right());
+        for (const char* const part :
+             {"checkTimeLabel", "checkHour", "timeSeparator", "checkMinute"}) {
+            expectNaturalWidth(part);
+        }
+        view.reset();
+    }
+}
+
+TEST_F(PanelLayoutTest, TheBottomRowIsPushedApartAfterItsButtonAndItsPickerHasItsNaturalSize)
+{
+    for (const char* const language : {"en", "zh"}) {
+        world.start();
+        open(language);
+        model().language = language;
+        settle();
+        EXPECT_EQ(placeOf("quit").left(), padding);
+        EXPECT_EQ(placeOf("language").right(), inside().right());
+        for (const char* const part : {"quit", "languageLabel", "language"}) {
+            expectNaturalWidth(part);
+        }
+        view.reset();
+    }
+}
+
+TEST_F(PanelLayoutTest, TheTestButtonIsLeadingAndNoWiderThanItsTextNeeds)
+{
+    open();
+
+    EXPECT_EQ(placeOf("testAlert").left(), padding);
+    expectNaturalWidth("testAlert");
+    EXPECT_LT(placeOf("testAlert").right(), inside().right());
+}
+
+TEST_F(PanelLayoutTest, SymbolsAreInTheColourOfTheText)
+{
+    for (const char* const symbol : {"symbol-questionmark.circle", "symbol-magicmouse"}) {
+        for (const QColor colour : {QColor(0x10, 0x20, 0xF0), QColor(0xF0, 0x20, 0x10)}) {
+            open();
+            QPalette palette;
+            palette.setColor(QPalette::Window, Qt::white);
+            palette.setColor(QPalette::WindowText, colour);
+            view->setPalette(palette);
+            const QImage image = find(symbol).grab().toImage();
+            QColor strongest = Qt::white;
+            for (int i = 0; i < image.width() * image.height(); ++i) {
+                const QColor pixel = image.pixelColor(i % image.width(), i / image.width());
+                strongest = pixel.saturation() > strongest.saturation() ? pixel : strongest;
+            }
+            EXPECT_NEAR(strongest.hue(), colour.hue(), 3) << symbol;
+        }
+        world.setLevels({{mouse, 37}});
+        model().refresh(false);
+        settle();
+    }
+}
+
+TEST_F(PanelLayoutTest, DevicesAreInTheOrderOfTheModelWhateverThatIs)
+{
+    open();
+    // In the order of no field.
+    model().devices = BatteryModel::DeviceList{{trackpad, "B", 37, "keyboard", 2},
+                                               {mouse, "C", 60, "magicmouse", 0},
+                                               {keyboard, "A", 15, "keyboard", 1}};
+    settle();
+    std::vector<std::string> names;
+    for (const char* const device : {"device-804", "device-803", "device-805"}) {
+        names.push_back(find(device).findChild<QLabel*>("deviceName")->text().toStdString());
+    }
+
+    EXPECT_THAT(names, ElementsAre("B", "C", "A"));
+    EXPECT_LT(placeOf("device-804").top(), placeOf("device-803").top());
+    EXPECT_LT(placeOf("device-803").top(), placeOf("device-805").top());
+}
+
+} // namespace
+} // namespace voltmere
