@@ -39,7 +39,7 @@ packages() {
     "apt-get wayland" | "pacman wayland") echo qt6-wayland ;;
     "dnf wayland") echo qt6-qtwayland ;;
     "zypper wayland") echo qt6-waylandclient ;;
-    "brew building") echo qt cmake ninja ;;
+    "brew building") echo cmake ninja ;;
     "brew testing") echo googletest ;;
   esac
 }
