@@ -6,8 +6,4 @@ namespace voltmere {
 /// ideographs such as 五 (the property Numeric_Type of the Unicode Character Database).
 bool isNumeric(char32_t scalar);
 
-/// Whether the scalar joins the one before it into a single user-perceived character, as a
-/// combining mark does (Grapheme_Cluster_Break is Extend, SpacingMark or ZWJ).
-bool extendsCharacter(char32_t scalar);
-
 } // namespace voltmere

@@ -39,29 +39,17 @@ private:
     std::boyer_moore_horspool_searcher<std::string::const_iterator> searcher;
 };
 
-/// The length of the first character of `text`, marks that combine with it included, when it is
-/// numeric; else 0.
-std::size_t numericCharacterLength(std::string_view text)
-{
-    const Utf8Scalar scalar = firstScalar(text);
-    if (scalar.length == 0 || !isNumeric(scalar.value)) {
-        return 0;
-    }
-    std::size_t length = scalar.length;
-    for (;;) {
-        const Utf8Scalar next = firstScalar(text.substr(length));
-        if (next.length == 0 || !extendsCharacter(next.value)) {
-            return length;
-        }
-        length += next.length;
-    }
-}
-
+/// The number at the start of `text`: the longest run of numeric characters, where that is a
+/// decimal integer of 64 bits. A run with other numerals than 0 to 9 is none.
 std::optional<std::int64_t> leadingInt(std::string_view text)
 {
     std::size_t run = 0;
-    while (const std::size_t length = numericCharacterLength(text.substr(run))) {
-        run += length;
+    for (;;) {
+        const Utf8Scalar scalar = firstScalar(text.substr(run));
+        if (scalar.length == 0 || !isNumeric(scalar.value)) {
+            break;
+        }
+        run += scalar.length;
     }
     std::int64_t number = 0;
     const auto [after, error] = std::from_chars(text.data(), text.data() + run, number);

@@ -120,7 +120,7 @@ std::optional<std::int64_t> numberOf(const std::string& key, const std::string& 
     const std::u32string characters = decoded(*rest).value_or(U"");
     std::u32string run;
     for (const char32_t c : characters) {
-        if (!isNumeric(c) && !(extendsCharacter(c) && !run.empty())) {
+        if (!isNumeric(c)) {
             break;
         }
         run += c;
