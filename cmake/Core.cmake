@@ -16,8 +16,6 @@ add_library(voltmere_core STATIC
   devices/profiler_parser.cpp
   devices/registry_parser.cpp
   model/battery_model.cpp
-  model/check_cycle.cpp
-  model/snooze_operations.cpp
   posix/calendar.cpp
   posix/memory_defaults.cpp
   posix/process_runner.cpp

@@ -4,6 +4,9 @@
 #include "alerting/status_text.h"
 #include "alerting/uuid.h"
 #include "model/settings.h"
+#include "snooze/custom_time.h"
+#include "snooze/snooze_alert.h"
+#include "snooze/snooze_options.h"
 #include "texts/l10n.h"
 
 #include <utility>
@@ -11,6 +14,11 @@
 namespace voltmere {
 
 namespace {
+
+constexpr Seconds tickInterval{60};
+
+/// How long a snooze alert that came before the program had finished launching waits to try again.
+constexpr Seconds launchRetryDelay{1.2};
 
 void notifyLaunchFailure(NotificationCentre& centre, const std::string& description)
 {
@@ -34,11 +42,11 @@ BatteryModel::BatteryModel(ModelServices&& given, const LocalTime& present)
     : devices(objectWillChange, {})
     , threshold(objectWillChange, stored(given.defaults, settings::threshold), [this] { save(); })
     , checkHour(objectWillChange, stored(given.defaults, settings::checkHour),
-                [this] { save(), scheduleTimer(); })
+                [this] { saveAndReschedule(); })
     , checkMinute(objectWillChange, stored(given.defaults, settings::checkMinute),
-                  [this] { save(), scheduleTimer(); })
+                  [this] { saveAndReschedule(); })
     , enabled(objectWillChange, stored(given.defaults, settings::enabled),
-              [this] { save(), scheduleTimer(); })
+              [this] { saveAndReschedule(); })
     , instantEnabled(objectWillChange, stored(given.defaults, settings::instantEnabled),
                      [this] { save(); })
     , lastChecked(objectWillChange, std::nullopt)
@@ -69,6 +77,12 @@ void BatteryModel::save()
     services.defaults.setInteger(settings::checkMinute.key, checkMinute);
     services.defaults.setBoolean(settings::enabled.key, enabled);
     services.defaults.setBoolean(settings::instantEnabled.key, instantEnabled);
+}
+
+void BatteryModel::saveAndReschedule()
+{
+    save();
+    scheduleTimer();
 }
 
 void BatteryModel::languageChanged()
@@ -111,6 +125,139 @@ void BatteryModel::applyLaunchAtLogin(bool wanted)
         notifyLaunchFailure(services.notifications, *failure);
     }
     refreshLaunchAtLogin();
+}
+
+// The check cycle
+
+void BatteryModel::scheduleTimer()
+{
+    timer.reset();
+    pollTicks = 0;
+    timer = services.runLoop.scheduleRepeating(tickInterval, whileAlive([this] { tick(); }));
+}
+
+void BatteryModel::tick()
+{
+    const LocalTime now = services.calendar.localTime(services.clock.now());
+    if (enabled && now.hour == checkHour && now.minute == checkMinute) {
+        pollTicks = 0;
+        checkNow();
+        return;
+    }
+    ++pollTicks;
+    if (pollTicks < pollsPerRefresh) {
+        return;
+    }
+    pollTicks = 0;
+    refresh(true);
+}
+
+void BatteryModel::checkNow()
+{
+    readInBackground({.useNameCache = false, .alert = true, .allowInstantAlert = true});
+}
+
+void BatteryModel::refresh(bool allowInstantAlert)
+{
+    readInBackground(
+        {.useNameCache = true, .alert = false, .allowInstantAlert = allowInstantAlert});
+}
+
+void BatteryModel::readInBackground(ReadingPurpose purpose)
+{
+    auto apply = whileAlive([this, purpose](const DeviceList& reading) {
+        applyCheckResult(reading, purpose.alert, purpose.allowInstantAlert);
+    });
+    services.runLoop.runInBackground(
+        [reader = services.reader, &runLoop = services.runLoop, apply, purpose] {
+            runLoop.postToMain(
+                [apply, reading = reader->readDevices(purpose.useNameCache)] { apply(reading); });
+        });
+}
+
+void BatteryModel::applyCheckResult(DeviceList reading, bool alert, bool allowInstantAlert)
+{
+    lastChecked = services.clock.now();
+    devices = std::move(reading);
+    if (devices->empty()) {
+        status = statusText(devices, threshold);
+        return;
+    }
+    refreshStatusText();
+
+    CheckVerdict verdict = evaluateCheck(devices, alertedIDs,
+                                         {.threshold = threshold,
+                                          .alert = alert,
+                                          .allowInstantAlert = allowInstantAlert,
+                                          .instantEnabled = instantEnabled});
+    alertedIDs = std::move(verdict.alertedIDs);
+    if (verdict.logsAlert) {
+        services.log.write(instantAlertLogLine(verdict.toAlert));
+    }
+    if (!verdict.toAlert.empty()) {
+        showSnoozeAlert(verdict.toAlert, true);
+    }
+}
+
+AlertPayload BatteryModel::alertPayload() const
+{
+    return makeAlertPayload(devices, threshold);
+}
+
+// The snooze alert
+
+void BatteryModel::showSnoozeAlert(const DeviceList& lowDevices, bool isLow)
+{
+    if (!launchSettled) {
+        services.runLoop.postLater(launchRetryDelay, whileAlive([this, lowDevices, isLow] {
+                                       showSnoozeAlert(lowDevices, isLow);
+                                   }));
+        return;
+    }
+    if (activeAlert && activeAlert->isVisible()) {
+        activeAlert->bringToFront();
+        return;
+    }
+    const ClockTime preselected = preselectedTime(services.clock.now(), services.calendar);
+    activeAlert =
+        services.alerts.present(makeAlertContent(lowDevices, isLow, preselected), alertActions());
+}
+
+AlertActions BatteryModel::alertActions()
+{
+    return {.cancel = whileAlive([this] { dismissSnoozeAlert(); }),
+            .chooseOption = whileAlive([this](std::size_t option) {
+                dismissSnoozeAlert();
+                scheduleSnooze(snoozeOptions.at(option).delay);
+            }),
+            .chooseTime = whileAlive([this](int hour, int minute) {
+                dismissSnoozeAlert();
+                customHour = hour;
+                customMinute = minute;
+                scheduleCustomTime();
+            })};
+}
+
+void BatteryModel::dismissSnoozeAlert()
+{
+    if (activeAlert) {
+        activeAlert->orderOut();
+    }
+}
+
+void BatteryModel::scheduleSnooze(Seconds delay)
+{
+    snoozeTimer.reset();
+    snoozeTimer = services.runLoop.scheduleOnce(delay, whileAlive([this] {
+                                                    const AlertPayload payload = alertPayload();
+                                                    showSnoozeAlert(payload.devices, payload.isLow);
+                                                }));
+}
+
+void BatteryModel::scheduleCustomTime()
+{
+    const ClockTime time{static_cast<int>(customHour.get()), static_cast<int>(customMinute.get())};
+    scheduleSnooze(untilNext(time, services.clock.now(), services.calendar));
 }
 
 } // namespace voltmere

@@ -98,9 +98,17 @@ private:
     BatteryModel(ModelServices&& given, const LocalTime& present);
 
     void save();
+    void saveAndReschedule();
     void scheduleTimer();
     void tick();
-    void readInBackground(bool useNameCache, bool alert, bool allowInstantAlert);
+    /// What a reading is taken for.
+    struct ReadingPurpose {
+        bool useNameCache;
+        bool alert; ///< remind of every low device
+        bool allowInstantAlert;
+    };
+
+    void readInBackground(ReadingPurpose purpose);
     void applyCheckResult(DeviceList reading, bool alert, bool allowInstantAlert);
     void refreshStatusText();
     void requestNotifications();
