@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ports/application.h"
-#include "ports/notification_centre.h"
-#include "ports/run_loop.h"
+#include "ports/desktop.h"
+#include "ports/notifications.h"
+#include "ports/time.h"
 
 namespace voltmere {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/notification_centre.h"
+#include "ports/notifications.h"
 
 namespace voltmere {
 

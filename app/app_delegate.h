@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ports/defaults_store.h"
-#include "ports/notification_centre.h"
+#include "ports/notifications.h"
+#include "ports/settings.h"
 
 namespace voltmere {
 

@@ -1,7 +1,7 @@
 #include "app/bus_instance.h"
 
 #include "linux/activation_token.h"
-#include "ports/application_id.h"
+#include "ports/desktop.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>

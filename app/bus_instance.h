@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/single_instance.h"
-#include "ports/system_log.h"
+#include "ports/log.h"
 
 #include <QDBusAbstractAdaptor>
 #include <QObject>

@@ -2,7 +2,7 @@
 
 #include "linux/bus_names.h"
 #include "linux/x_display.h"
-#include "ports/application_id.h"
+#include "ports/desktop.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>

@@ -11,7 +11,7 @@
 #include "app/voltmere_app.h"
 #include "app/watch_command.h"
 #include "linux/ending_signals.h"
-#include "ports/application_id.h"
+#include "ports/desktop.h"
 #include "texts/plain_text.h"
 
 #include <QApplication>

@@ -1,10 +1,9 @@
 #pragma once
 
-#include "ports/alert_presenter.h"
-#include "ports/application.h"
-#include "ports/login_item_service.h"
-#include "ports/notification_centre.h"
-#include "ports/system_log.h"
+#include "ports/desktop.h"
+#include "ports/log.h"
+#include "ports/login_item.h"
+#include "ports/notifications.h"
 
 namespace voltmere {
 

@@ -12,7 +12,7 @@
 #include "linux/ui/tray_image.h"
 #include "linux/wayland_display.h"
 #include "linux/x_display.h"
-#include "ports/application_id.h"
+#include "ports/desktop.h"
 #include "posix/system_log.h"
 #include "texts/l10n.h"
 #include "texts/utf8.h"

@@ -3,14 +3,11 @@
 #include "app/single_instance.h"
 #include "linux/ui/program_icon.h"
 #include "model/battery_model.h"
-#include "ports/appearance.h"
-#include "ports/application.h"
-#include "ports/clock.h"
-#include "ports/login_item_service.h"
-#include "ports/notification_centre.h"
-#include "ports/preferred_languages.h"
-#include "ports/run_loop.h"
-#include "ports/system_log.h"
+#include "ports/desktop.h"
+#include "ports/log.h"
+#include "ports/login_item.h"
+#include "ports/notifications.h"
+#include "ports/time.h"
 
 #include <functional>
 #include <memory>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "linux/qt_defaults.h"
-#include "ports/defaults_store.h"
-#include "ports/system_log.h"
+#include "ports/log.h"
+#include "ports/settings.h"
 
 #include <QString>
 

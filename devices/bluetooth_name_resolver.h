@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ports/clock.h"
-#include "ports/name_source.h"
+#include "ports/peripherals.h"
+#include "ports/time.h"
 
 #include <chrono>
 #include <mutex>

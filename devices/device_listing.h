@@ -1,8 +1,7 @@
 #pragma once
 
 #include "devices/battery_device.h"
-#include "ports/battery_source.h"
-#include "ports/name_source.h"
+#include "ports/peripherals.h"
 
 #include <string_view>
 #include <variant>

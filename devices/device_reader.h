@@ -2,8 +2,7 @@
 
 #include "devices/battery_device.h"
 #include "devices/bluetooth_name_resolver.h"
-#include "ports/battery_source.h"
-#include "ports/name_source.h"
+#include "ports/peripherals.h"
 
 #include <functional>
 #include <string>

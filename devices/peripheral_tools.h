@@ -1,8 +1,6 @@
 #pragma once
 
-#include "ports/battery_source.h"
-#include "ports/name_source.h"
-#include "ports/process_runner.h"
+#include "ports/peripherals.h"
 
 #include <string>
 

@@ -3,7 +3,7 @@
 #include "linux/atomic_file.h"
 #include "linux/autostart_rules.h"
 #include "linux/desktop_entry.h"
-#include "ports/application_id.h"
+#include "ports/desktop.h"
 
 #include <system_error>
 

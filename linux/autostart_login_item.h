@@ -1,7 +1,7 @@
 #pragma once
 
 #include "linux/autostart_session.h"
-#include "ports/login_item_service.h"
+#include "ports/login_item.h"
 
 #include <filesystem>
 #include <optional>

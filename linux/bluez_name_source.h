@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/name_source.h"
+#include "ports/peripherals.h"
 
 #include <QDBusObjectPath>
 #include <QMap>

@@ -2,7 +2,7 @@
 
 #include "linux/notification_daemon.h"
 #include "linux/pending_reminders.h"
-#include "ports/notification_centre.h"
+#include "ports/notifications.h"
 
 #include <QDBusConnection>
 #include <QString>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "linux/notify_call.h"
-#include "ports/once_log.h"
+#include "ports/log.h"
 
 #include <QByteArray>
 #include <QDBusConnection>

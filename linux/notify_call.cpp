@@ -1,7 +1,7 @@
 #include "linux/notify_call.h"
 
 #include "linux/bus_names.h"
-#include "ports/application_id.h"
+#include "ports/desktop.h"
 #include "texts/plain_text.h"
 
 #include <QVariantMap>

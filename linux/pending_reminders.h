@@ -1,9 +1,8 @@
 #pragma once
 
 #include "linux/reminder_store.h"
-#include "ports/clock.h"
-#include "ports/once_log.h"
-#include "ports/run_loop.h"
+#include "ports/log.h"
+#include "ports/time.h"
 
 #include <functional>
 #include <memory>

@@ -1,7 +1,7 @@
 #include "linux/qt_defaults.h"
 
 #include "linux/atomic_file.h"
-#include "ports/exact_number.h"
+#include "ports/settings.h"
 
 #include <QFile>
 #include <QFileInfo>

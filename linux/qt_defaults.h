@@ -1,8 +1,7 @@
 #pragma once
 
-#include "ports/defaults_store.h"
-#include "ports/once_log.h"
-#include "ports/system_log.h"
+#include "ports/log.h"
+#include "ports/settings.h"
 
 #include <QSettings>
 

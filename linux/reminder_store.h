@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ports/clock.h"
-#include "ports/notification_centre.h"
-#include "ports/once_log.h"
+#include "ports/log.h"
+#include "ports/notifications.h"
+#include "ports/time.h"
 
 #include <QString>
 

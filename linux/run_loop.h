@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/run_loop.h"
+#include "ports/time.h"
 
 #include <QObject>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/battery_source.h"
+#include "ports/peripherals.h"
 
 #include <filesystem>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/application.h"
+#include "ports/desktop.h"
 
 #include <cstdint>
 #include <memory>

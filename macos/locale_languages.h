@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/preferred_languages.h"
+#include "ports/desktop.h"
 
 namespace voltmere {
 

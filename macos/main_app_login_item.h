@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/login_item_service.h"
+#include "ports/login_item.h"
 
 namespace voltmere {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ports/notification_centre.h"
-#include "ports/system_log.h"
+#include "ports/log.h"
+#include "ports/notifications.h"
 
 #include <memory>
 

@@ -4,14 +4,12 @@
 #include "devices/battery_device.h"
 #include "devices/device_reader.h"
 #include "model/published.h"
-#include "ports/alert_presenter.h"
-#include "ports/calendar.h"
-#include "ports/clock.h"
-#include "ports/defaults_store.h"
-#include "ports/login_item_service.h"
-#include "ports/notification_centre.h"
-#include "ports/run_loop.h"
-#include "ports/system_log.h"
+#include "ports/desktop.h"
+#include "ports/log.h"
+#include "ports/login_item.h"
+#include "ports/notifications.h"
+#include "ports/settings.h"
+#include "ports/time.h"
 
 #include <cstdint>
 #include <memory>

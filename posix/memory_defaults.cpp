@@ -1,6 +1,6 @@
 #include "posix/memory_defaults.h"
 
-#include "ports/exact_number.h"
+#include "ports/settings.h"
 
 #include <utility>
 

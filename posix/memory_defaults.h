@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/defaults_store.h"
+#include "ports/settings.h"
 
 #include <map>
 #include <variant>

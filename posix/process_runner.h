@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ports/once_log.h"
-#include "ports/process_runner.h"
+#include "ports/log.h"
+#include "ports/peripherals.h"
 
 #include <mutex>
 #include <string>

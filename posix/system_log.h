@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/system_log.h"
+#include "ports/log.h"
 
 namespace voltmere {
 

@@ -1,8 +1,6 @@
 #pragma once
 
-#include "ports/calendar.h"
-#include "ports/clock.h"
-#include "ports/seconds.h"
+#include "ports/time.h"
 
 namespace voltmere {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "devices/battery_device.h"
-#include "ports/alert_presenter.h"
+#include "ports/desktop.h"
 #include "snooze/custom_time.h"
 
 #include <array>

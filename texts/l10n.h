@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ports/defaults_store.h"
-#include "ports/preferred_languages.h"
+#include "ports/desktop.h"
+#include "ports/settings.h"
 
 #include <cstdint>
 #include <map>

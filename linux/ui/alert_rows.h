@@ -1,7 +1,7 @@
 #pragma once
 
 #include "linux/ui/hover_controls.h"
-#include "ports/alert_presenter.h"
+#include "ports/desktop.h"
 #include "snooze/custom_time.h"
 
 #include <QFont>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/appearance.h"
+#include "ports/desktop.h"
 
 #include <QColor>
 

@@ -2,7 +2,7 @@
 
 #include "linux/ui/redraw_scheduler.h"
 #include "model/battery_model.h"
-#include "ports/appearance.h"
+#include "ports/desktop.h"
 
 #include <QWidget>
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "linux/ui/hover_controls.h"
-#include "ports/pointer.h"
-#include "ports/run_loop.h"
+#include "ports/desktop.h"
+#include "ports/time.h"
 
 #include <QObject>
 #include <QPointer>

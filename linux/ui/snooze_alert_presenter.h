@@ -1,9 +1,7 @@
 #pragma once
 
-#include "ports/alert_presenter.h"
-#include "ports/appearance.h"
-#include "ports/pointer.h"
-#include "ports/run_loop.h"
+#include "ports/desktop.h"
+#include "ports/time.h"
 
 #include <functional>
 

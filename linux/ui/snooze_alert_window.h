@@ -3,10 +3,8 @@
 #include "linux/ui/action_target.h"
 #include "linux/ui/hover_controls.h"
 #include "linux/ui/hover_poller.h"
-#include "ports/alert_presenter.h"
-#include "ports/appearance.h"
-#include "ports/pointer.h"
-#include "ports/run_loop.h"
+#include "ports/desktop.h"
+#include "ports/time.h"
 
 #include <QDialog>
 

@@ -2,7 +2,7 @@
 
 #include "devices/battery_device.h"
 #include "linux/ui/drawn_image.h"
-#include "ports/appearance.h"
+#include "ports/desktop.h"
 
 #include <cstdint>
 #include <optional>

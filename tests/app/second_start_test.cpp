@@ -1,6 +1,6 @@
 // Starts the built program beside an instance of it that this test plays.
 
-#include "ports/application_id.h"
+#include "ports/desktop.h"
 #include "tests/app/program_fixture.h"
 #include "tests/linux/fake_bus_service.h"
 #include "tests/linux/private_bus.h"

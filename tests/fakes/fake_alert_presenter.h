@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/alert_presenter.h"
+#include "ports/desktop.h"
 
 #include <functional>
 #include <memory>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/clock.h"
+#include "ports/time.h"
 
 namespace voltmere {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/pointer.h"
+#include "ports/desktop.h"
 
 namespace voltmere {
 

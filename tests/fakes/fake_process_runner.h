@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/process_runner.h"
+#include "ports/peripherals.h"
 
 #include <map>
 #include <vector>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fakes/fake_clock.h"
-#include "ports/run_loop.h"
+#include "ports/time.h"
 
 #include <algorithm>
 #include <deque>

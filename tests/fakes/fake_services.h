@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ports/application.h"
-#include "ports/login_item_service.h"
-#include "ports/notification_centre.h"
+#include "ports/desktop.h"
+#include "ports/login_item.h"
+#include "ports/notifications.h"
 
 #include <utility>
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "ports/battery_source.h"
-#include "ports/name_source.h"
+#include "ports/peripherals.h"
 
 #include <functional>
 #include <utility>

@@ -1,11 +1,18 @@
 #pragma once
 
-#include "ports/system_log.h"
-
 #include <set>
 #include <string>
+#include <string_view>
 
 namespace voltmere {
+
+/// The system's log. A line is plain text and never a format, whatever it contains.
+class SystemLog {
+public:
+    virtual ~SystemLog() = default;
+
+    virtual void write(std::string_view line) = 0;
+};
 
 /// Logs each kind of trouble once, so that a service which fails all day does not fill the log.
 class OnceLog {

@@ -1,11 +1,50 @@
 #pragma once
 
-#include "ports/seconds.h"
-
+#include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 
 namespace voltmere {
+
+/// A span of time as timers take it, in seconds.
+using Seconds = std::chrono::duration<double>;
+
+/// A point in wall time, free of any time zone.
+using Instant = std::chrono::system_clock::time_point;
+
+/// Tells the present wall time. A user or a time server may set it back or forward at any moment.
+class Clock {
+public:
+    virtual ~Clock() = default;
+
+    virtual Instant now() const = 0;
+};
+
+/// An instant as the user's calendar and wall clock show it.
+struct LocalTime {
+    int year = 1970;
+    int month = 1; ///< 1 to 12
+    int day = 1;   ///< 1 to 31
+    int hour = 0;
+    int minute = 0;
+};
+
+/// The user's calendar in the user's time zone, which may change at any moment.
+class Calendar {
+public:
+    virtual ~Calendar() = default;
+
+    virtual LocalTime localTime(Instant instant) const = 0;
+
+    /// The instant at which the clock shows `time`, at second 0. A time that summer time skips is
+    /// moved by the skipped span, and one that comes twice is the first of the two; nothing when
+    /// the calendar has no such instant.
+    virtual std::optional<Instant> instantOf(const LocalTime& time) const = 0;
+
+    /// The same clock time on the next day.
+    virtual std::optional<Instant> addingOneDay(Instant instant) const = 0;
+};
 
 /// A scheduled timer. Destroying it cancels it.
 class Timer {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/seconds.h"
+#include "ports/time.h"
 
 #include <cstdint>
 #include <functional>

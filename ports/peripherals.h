@@ -1,0 +1,72 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace voltmere {
+
+/// One peripheral as an outside source shows it, before the program judges it. Nothing here is
+/// checked: a level may be missing or beyond 100, a product may be unknown, a name may hold
+/// anything.
+struct BatteryEntry {
+    std::string origin;                   ///< where the source found it, for diagnosis
+    std::optional<std::int64_t> level;    ///< percent, as reported
+    std::optional<std::int64_t> product;  ///< the maker's product identifier
+    std::optional<std::string> address;   ///< Bluetooth address, or whatever stands in its place
+    std::optional<std::string> givenName; ///< the user's name for it, where the source knows one
+    std::optional<std::string>
+        rejection; ///< why the source itself leaves the entry out, if it does
+};
+
+/// Reads the battery levels of the peripherals. Blocks while it reads; may be called on any thread,
+/// and by two threads at once. Every failure means fewer entries, never an exception.
+class BatterySource {
+public:
+    virtual ~BatterySource() = default;
+
+    virtual std::vector<BatteryEntry> readEntries() = 0;
+};
+
+/// Bluetooth address (upper case) to the name that the user gave the device.
+using NameMap = std::unordered_map<std::string, std::string>;
+
+/// Reads the names of the paired Bluetooth devices. Blocks while it reads; may be called on any
+/// thread, and by two threads at once. Every failure means fewer names, never an exception.
+class NameSource {
+public:
+    virtual ~NameSource() = default;
+
+    virtual NameMap readNames() = 0;
+};
+
+/// What to run, and for how long at most.
+struct ProcessRequest {
+    enum class ErrorOutput {
+        inherited, ///< complaints go where this program's own go
+        swallowed, ///< complaints go into a pipe that nobody reads
+    };
+
+    std::string executable; ///< absolute path; no search, no shell
+    std::vector<std::string> arguments;
+    ErrorOutput errorOutput = ErrorOutput::inherited;
+    std::chrono::milliseconds limit; ///< must be set; a child still running then is ended with its
+                                     ///< process group
+};
+
+/// Runs a program to its end and returns what it wrote to its standard output, whatever its exit
+/// status. A program that cannot be started wrote nothing. Blocks; may be called on any thread.
+class ProcessRunner {
+public:
+    virtual ~ProcessRunner() = default;
+
+    virtual std::string run(const ProcessRequest& request) = 0;
+
+    /// Whether `path` names a regular file that this user may execute.
+    virtual bool isExecutable(const std::string& path) const = 0;
+};
+
+} // namespace voltmere
