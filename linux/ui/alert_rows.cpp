@@ -8,13 +8,14 @@
 #include <QFontMetrics>
 #include <QHBoxLayout>
 
+#include <algorithm>
+
 namespace voltmere {
 
 namespace {
 
 constexpr int fontSize = 13;       // points
 constexpr int widestLabel = 420;   // points
-constexpr int popUpWidth = 52;     // points
 constexpr int colonSpacing = 3;    // points, on both sides
 constexpr int confirmPadding = 10; // points, on both sides of its title
 
@@ -25,7 +26,6 @@ HoverPopUpButton* makePopUp(int step, int end, int selected, const QFont& font)
     popUp->setFont(font);
     popUp->addTwoDigitNumbers(step, end);
     popUp->setCurrentIndex(selected / step);
-    popUp->setFixedWidth(popUpWidth);
     return popUp;
 }
 
@@ -89,7 +89,8 @@ CustomTimeRow::CustomTimeRow(const AlertContent& content, int width, int height,
                              static_cast<QWidget*>(confirm)}) {
         control->setFixedHeight(height);
     }
-    setFixedSize(width, height);
+    // In some styles the pop-ups are so wide that the row would cut them.
+    setFixedSize(std::max(width, row->minimumSize().width()), height);
 }
 
 ClockTime CustomTimeRow::selectedTime() const

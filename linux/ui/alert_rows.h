@@ -20,7 +20,7 @@ QLabel* makeAlertLabel(const QString& text, const QFont& font, QWidget* parent);
 /// The row that offers a clock time: a caption, an hour, a minute in steps of five, and a button.
 class CustomTimeRow : public QWidget {
 public:
-    /// `width` and `height` in points.
+    /// `width` and `height` in points. The row is wider where its controls need more.
     CustomTimeRow(const AlertContent& content, int width, int height, const QFont& font);
 
     ClockTime selectedTime() const;

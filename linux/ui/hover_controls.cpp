@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
+#include <QStyleOptionComboBox>
 
 #include <algorithm>
 
@@ -15,6 +16,8 @@ namespace {
 constexpr float overlayAlpha = 0.2F;
 constexpr double overlayInset = 0.5;      // points
 constexpr double largestCornerRadius = 6; // points
+constexpr int leastPopUpWidth = 52;       // points
+constexpr int titleMargin = 8;            // points that a style may keep free before a title
 
 /// A title comes from a table of texts, so its "&" is no mnemonic.
 QString literalTitle(QString title)
@@ -83,14 +86,29 @@ void HoverButton::mouseReleaseEvent(QMouseEvent* event)
 HoverPopUpButton::HoverPopUpButton()
     : SettingPicker(nullptr)
 {
-    // Its width is given, so that nothing need be measured.
+    // sizeHint() measures the width, so Qt need not.
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 void HoverPopUpButton::setHovering(bool nowHovering)
 {
     hovering = nowHovering;
     update();
+}
+
+QSize HoverPopUpButton::sizeHint() const
+{
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QRect place =
+        style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+    int widest = 0;
+    for (int index = 0; index < count(); ++index) {
+        widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(index)));
+    }
+    const int needed = option.rect.width() - place.width() + titleMargin + widest;
+    return {std::max(needed, leastPopUpWidth), SettingPicker::sizeHint().height()};
 }
 
 void HoverPopUpButton::paintEvent(QPaintEvent* event)

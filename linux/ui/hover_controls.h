@@ -53,12 +53,18 @@ private:
     bool hovering = false;
 };
 
-/// A pop-up button that a translucent rounded overlay covers while the pointer is over it.
+/// A pop-up button that a translucent rounded overlay covers while the pointer is over it. It is 52
+/// points wide, or as wide as its widest title needs in the style at hand.
 class HoverPopUpButton : public SettingPicker, public HoverHighlighting {
 public:
     HoverPopUpButton();
 
     void setHovering(bool hovering) override;
+
+    QSize sizeHint() const override;
+
+    /// The same: Qt's own minimum is far more in some styles.
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -1,6 +1,10 @@
 #include "linux/ui/alert_window_fixture.h"
 
+#include "snooze/window/alert_rows.h"
+#include "tests/ui/without_pictures.h"
+
 #include <QFontMetrics>
+#include <QProxyStyle>
 #include <QScreen>
 #include <QTextDocument>
 
@@ -10,6 +14,7 @@ namespace voltmere {
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 class AlertGeometryTest : public AlertWindowTest {
 protected:
@@ -120,6 +125,100 @@ TEST_F(AlertGeometryTest, ThePopUpsAre52WideAndTheColonIs3FromBothWhileOtherGaps
     }
 }
 
+/// A style with a wide frame around the title of a pop-up, and a gap in front of it. What it asks
+/// for itself is far more than that.
+class NarrowStyle : public QProxyStyle {
+public:
+    explicit NarrowStyle(QObject* parent)
+        : QProxyStyle("Fusion")
+    {
+        setParent(parent);
+    }
+
+    QRect subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
+                         const QWidget* widget) const override
+    {
+        const QRect usual = QProxyStyle::subControlRect(control, option, part, widget);
+        return part == SC_ComboBoxEditField ? usual.adjusted(3, 0, -3, 0) : usual;
+    }
+
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
+                           const QWidget* widget) const override
+    {
+        return QProxyStyle::sizeFromContents(type, option, size, widget) + QSize(40, 0);
+    }
+
+    void drawItemText(QPainter* painter, const QRect& place, int flags, const QPalette& palette,
+                      bool enabled, const QString& text, QPalette::ColorRole role) const override
+    {
+        QProxyStyle::drawItemText(painter, place.adjusted(7, 0, 7, 0), flags, palette, enabled,
+                                  text, role);
+    }
+};
+
+/// How many pixels of the pop-up's title are seen.
+int inkOfTitle(HoverPopUpButton& popUp)
+{
+    const int selected = popUp.currentIndex();
+    const QImage titled = popUp.grab().toImage();
+    popUp.setCurrentIndex(-1);
+    const QImage blank = popUp.grab().toImage();
+    popUp.setCurrentIndex(selected);
+    int ink = 0;
+    for (int i = 0; i < titled.width() * titled.height(); ++i) {
+        const QPoint place(i % titled.width(), i / titled.width());
+        ink += titled.pixel(place) != blank.pixel(place) ? 1 : 0;
+    }
+    return ink;
+}
+
+/// The titles of which a wider pop-up shows more.
+std::vector<std::string> cutTitles(HoverPopUpButton& popUp)
+{
+    std::vector<std::string> cut;
+    const QSize size = popUp.size();
+    for (int index = 0; index < popUp.count(); ++index) {
+        popUp.setCurrentIndex(index);
+        const int ink = inkOfTitle(popUp);
+        popUp.resize(4 * size.width(), size.height());
+        if (ink == 0 || ink < inkOfTitle(popUp)) {
+            cut.push_back(popUp.currentText().toStdString());
+        }
+        popUp.resize(size);
+    }
+    return cut;
+}
+
+TEST_F(AlertGeometryTest, BothDigitsOfThePopUpsAreSeenAlsoInAStyleThatLeavesThemLittleRoom)
+{
+    const AlertView view = showOneLow();
+    for (HoverPopUpButton* const popUp : {&view.hour(), &view.minute()}) {
+        EXPECT_EQ(popUp->font().pixelSize(), 13);
+        EXPECT_THAT(cutTitles(*popUp), IsEmpty());
+        popUp->setStyle(new NarrowStyle(popUp));
+    }
+    QCoreApplication::processEvents();
+    for (HoverPopUpButton* const popUp : {&view.hour(), &view.minute()}) {
+        EXPECT_THAT(cutTitles(*popUp), IsEmpty());
+        EXPECT_GT(popUp->width(), 52);
+        EXPECT_EQ(popUp->width(), popUp->sizeHint().width());
+    }
+    EXPECT_LT(view.button("OK").geometry().right(), 237);
+}
+
+TEST_F(AlertGeometryTest, TheRowForAClockTimeIsWiderWhereItsControlsNeedMore)
+{
+    QFont large = QApplication::font();
+    large.setPixelSize(26);
+    CustomTimeRow row(makeAlertContent({mouse(12)}, true, {15, 35}), 237, 28, large);
+    row.layout()->activate();
+
+    EXPECT_GT(row.width(), 237);
+    EXPECT_GE(row.findChildren<QLabel*>().front()->x(), 0);
+    EXPECT_LT(row.confirmButton()->geometry().right(), row.width());
+    EXPECT_GE(row.hourPopUp()->width(), row.hourPopUp()->sizeHint().width());
+}
+
 TEST_F(AlertGeometryTest, TheRowForAClockTimeFitsInItsWidthCentredAndUncut)
 {
     for (const char* setting : {"en", "zh"}) {
@@ -227,6 +326,30 @@ TEST_F(AlertGeometryTest, TheIconIs64PointsAboveTheContent)
     EXPECT_LT(icon->geometry().bottom(), view.container().y());
     EXPECT_NEAR(icon->geometry().center().x(), view.window.rect().center().x(), 1);
     EXPECT_EQ(view.window.layout()->itemAt(2)->widget(), &view.button("Cancel"));
+}
+
+TEST_F(AlertGeometryTest, ThereAre16PointsAroundTheContentAnd12BetweenItsParts)
+{
+    const AlertView view = showOneLow();
+    const QRect icon = view.window.layout()->itemAt(0)->geometry();
+    const QRect container = view.container().geometry();
+    const QRect cancel = view.button("Cancel").geometry();
+
+    EXPECT_EQ(container.left(), 16);
+    EXPECT_EQ(view.window.width() - container.right() - 1, 16);
+    EXPECT_EQ(icon.top(), 16);
+    EXPECT_EQ(container.top() - icon.bottom() - 1, 12);
+    EXPECT_EQ(cancel.top() - container.bottom() - 1, 12);
+    EXPECT_EQ(view.window.height() - cancel.bottom() - 1, 16);
+}
+
+TEST_F(AlertGeometryTest, WithoutAnApplicationIconThereIsNone)
+{
+    const WithoutPictures none;
+    const AlertView view = showOneLow();
+
+    EXPECT_EQ(view.window.layout()->itemAt(0)->widget(), &view.container());
+    EXPECT_EQ(view.container().y(), 16);
 }
 
 TEST_F(AlertGeometryTest, TheHourListHas24EntriesFrom00To23)

@@ -106,6 +106,34 @@ TEST_F(AlertModelTest, CallingItTwiceLeavesOneWindowInFrontWithTheFirstCallsDevi
     EXPECT_EQ(extraTimers(), 1U);
 }
 
+/// Counts how often a reminder is raised over other windows.
+class RaiseWatch : public QObject {
+public:
+    RaiseWatch() { qApp->installEventFilter(this); }
+
+    int raised = 0;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        const bool isAlert = dynamic_cast<SnoozeAlertWindow*>(watched) != nullptr;
+        raised += isAlert && event->type() == QEvent::ZOrderChange ? 1 : 0;
+        return false;
+    }
+};
+
+TEST_F(AlertModelTest, AReminderIsRaisedToTheFrontWhenItAppearsAndWhenItIsAskedForAgain)
+{
+    BatteryModel& model = start();
+    settle();
+    const RaiseWatch watch;
+    model.showSnoozeAlert({mouse(12)}, true);
+    EXPECT_EQ(watch.raised, 1);
+
+    model.showSnoozeAlert({mouse(12)}, true);
+    EXPECT_EQ(watch.raised, 2);
+}
+
 /// One of the things that take a reminder off the screen without choosing a time.
 struct Dismissal {
     const char* name;

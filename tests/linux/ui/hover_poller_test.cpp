@@ -365,6 +365,60 @@ TEST_F(AlertHoverTest, ATickDoesNotEatAMousePress)
     EXPECT_THAT(done, ElementsAre("option 2"));
 }
 
+TEST_F(AlertHoverTest, ThePollerRunsOnWhileTheListOfAPopUpIsOpen)
+{
+    const AlertView view = showOneLow();
+    view.hour().showPopup();
+    ASSERT_TRUE(view.hour().view()->isVisible());
+
+    pointAt(view.button("In 20 minutes"));
+    EXPECT_TRUE(view.button("In 20 minutes").isHighlighted());
+    pointAway();
+    EXPECT_FALSE(view.button("In 20 minutes").isHighlighted());
+    view.hour().hidePopup();
+}
+
+/// Notes the order in which controls are painted.
+class PaintWatch : public QObject {
+public:
+    std::vector<std::string> painted;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint) {
+            painted.push_back(static_cast<QWidget*>(watched)->accessibleName().toStdString());
+        }
+        return false;
+    }
+};
+
+TEST_F(AlertHoverTest, EachTickTellsCancelFirstAndThenTheControlsFromTopToBottom)
+{
+    const AlertView view = showOneLow();
+    // What covers the ground below itself is painted in the order in which it asked for it.
+    PaintWatch watch;
+    for (auto* const control : view.window.findChildren<QWidget*>()) {
+        auto* const button = dynamic_cast<HighlightButton*>(control);
+        if (button != nullptr) {
+            button->setHighlighted(true);
+        }
+        if (button != nullptr || dynamic_cast<HoverPopUpButton*>(control) != nullptr) {
+            control->setAttribute(Qt::WA_OpaquePaintEvent);
+        }
+    }
+    QCoreApplication::processEvents();
+    for (auto* const control : view.window.findChildren<QWidget*>()) {
+        control->installEventFilter(&watch);
+    }
+    pointAway();
+    QCoreApplication::processEvents();
+
+    EXPECT_THAT(watch.painted,
+                ElementsAre("Cancel", "In 20 minutes", "In 30 minutes", "In 1 hour", "In 2 hours",
+                            "Hour", "Minute", "OK"));
+}
+
 TEST_F(AlertHoverTest, TheTimerExistsOnlyWhileTheWindowIsOnScreen)
 {
     EXPECT_EQ(runLoop.timerCount(), 0U);
