@@ -1,6 +1,8 @@
 #include "platform/posix/plain_text.h"
 
-#include <gtest/gtest.h>
+#include "platform/posix/posix_system_log.h"
+
+#include <gmock/gmock.h>
 
 namespace voltmere {
 namespace {
@@ -43,6 +45,14 @@ TEST(PlainTextTest, SeparatorsAndMarksThatTurnTheDirectionAreReplaced)
     }
 }
 
+TEST(PlainTextTest, CharactersThatShareTwoBytesWithReplacedOnesStay)
+{
+    for (const char* const text :
+         {"\u1028\u3028", "\u102E\u302E", "\u1066\u3066", "\u00C0\u00DF"}) {
+        EXPECT_EQ(plainLine(text), text);
+    }
+}
+
 TEST(PlainTextTest, EscapesInJsonNameTheCharacter)
 {
     EXPECT_EQ(escapedControls("\"a\x7F"
@@ -53,11 +63,22 @@ TEST(PlainTextTest, EscapesInJsonNameTheCharacter)
     EXPECT_EQ(escapedControls("\x1B"), "\\u001b");
 }
 
+TEST(PlainTextTest, TheSystemLogGetsPlainLinesUnderTheProgramsName)
+{
+    testing::internal::CaptureStderr(); // which the log writes to as well
+    PosixSystemLog().write("Mouse \x1B[31m of Ann");
+    const std::string written = testing::internal::GetCapturedStderr();
+
+    EXPECT_THAT(written, testing::StartsWith("voltmere"));
+    EXPECT_THAT(written, testing::HasSubstr(": Mouse \uFFFD[31m of Ann\n"));
+}
+
 TEST(PlainTextTest, ATextThatBreaksOffInsideACharacterDoesNoHarm)
 {
     EXPECT_EQ(plainLine("a\xC2"), "a\xC2");
     EXPECT_EQ(plainLine("a\xE2"), "a\xE2");
     EXPECT_EQ(plainLine("a\xE2\x80"), "a\xE2\x80");
+    EXPECT_EQ(plainLine("a\xE2\x80(b)"), "a\xE2\x80(b)");
     EXPECT_EQ(escapedControls("\xE2\x81"), "\xE2\x81");
 }
 
