@@ -234,6 +234,25 @@ TEST(RandomUuid, HasTheStandardUpperCaseFormOf36Characters)
     }
 }
 
+TEST(RandomUuid, TakesEveryDigitInEveryPlaceButThoseOfItsForm)
+{
+    std::vector<std::set<char>> digits(36);
+    for (int i = 0; i < 1000; ++i) {
+        const std::string uuid = randomUuid();
+        for (std::size_t place = 0; place < digits.size(); ++place) {
+            digits[place].insert(uuid.at(place));
+        }
+    }
+    const std::set<std::size_t> hyphensAndVersion{8, 13, 14, 18, 23};
+    constexpr std::size_t variant = 19;
+    for (std::size_t place = 0; place < digits.size(); ++place) {
+        const std::size_t choices = hyphensAndVersion.contains(place) ? 1U
+            : place == variant                                        ? 4U
+                                                                      : 16U;
+        EXPECT_THAT(digits[place], SizeIs(choices)) << place;
+    }
+}
+
 TEST(RandomUuid, IsNewEachTime)
 {
     std::set<std::string> seen;

@@ -76,7 +76,8 @@ protected:
     {
         QProcessEnvironment made;
         for (const char* const name :
-             {"PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS"}) {
+             {"PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS",
+              "VOLTMERE_MUTANT", "VOLTMERE_MUTANT_TRACE"}) {
             if (qEnvironmentVariableIsSet(name)) {
                 made.insert(name, qEnvironmentVariable(name));
             }

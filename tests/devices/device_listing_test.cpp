@@ -5,9 +5,7 @@
 
 #include <gmock/gmock.h>
 
-#include <array>
 #include <limits>
-#include <set>
 
 namespace voltmere {
 namespace {
@@ -120,17 +118,14 @@ TEST(DeviceListing, TheFirstRuleThatSkipsAnEntryGivesTheReason)
                             isSkipped(SkipReason::unknownProduct), isListed()));
 }
 
-TEST(DeviceListing, EveryReasonHasItsOwnDescription)
+TEST(DeviceListing, EveryReasonHasItsDescription)
 {
-    constexpr std::array reasons{SkipReason::rejectedBySource, SkipReason::noLevel,
-                                 SkipReason::noProduct, SkipReason::unknownProduct,
-                                 SkipReason::modelAlreadyListed};
-    std::set<std::string_view> descriptions;
-    for (const SkipReason reason : reasons) {
-        EXPECT_FALSE(description(reason).empty());
-        descriptions.insert(description(reason));
-    }
-    EXPECT_THAT(descriptions, SizeIs(reasons.size()));
+    EXPECT_EQ(description(SkipReason::rejectedBySource), "not a peripheral that the source reads");
+    EXPECT_EQ(description(SkipReason::noLevel), "reports no level");
+    EXPECT_EQ(description(SkipReason::noProduct), "reports no product identifier");
+    EXPECT_EQ(description(SkipReason::unknownProduct), "product is not in the catalogue");
+    EXPECT_EQ(description(SkipReason::modelAlreadyListed),
+              "another device of the same model is listed");
 }
 
 TEST(DeviceListing, OfTwoMagicMiceOnlyTheFirstIsReported)

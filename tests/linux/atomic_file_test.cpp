@@ -54,6 +54,7 @@ TEST_F(AtomicFileTest, AMissingFileIsNoFailure)
          {directory / "missing", directory / "no" / "where", directory / "file" / "below a file"}) {
         const TextFile found = readTextFile(path);
         EXPECT_FALSE(found.exists) << path;
+        EXPECT_FALSE(found.isLink) << path;
         EXPECT_FALSE(found.error) << path;
     }
 }

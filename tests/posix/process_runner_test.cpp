@@ -61,6 +61,15 @@ std::size_t openDescriptors()
     return static_cast<std::size_t>(std::distance(begin(descriptors), end(descriptors)));
 }
 
+TEST(FileDescriptorTest, NumberZeroIsClosedLikeAnyOther)
+{
+    const int saved = ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 3);
+    FileDescriptor(STDIN_FILENO).reset();
+    EXPECT_EQ(::fcntl(STDIN_FILENO, F_GETFD), -1);
+    ::dup2(saved, STDIN_FILENO);
+    ::close(saved);
+}
+
 /// A FIFO that tells whether another process still holds its write end.
 class LifeLine {
 public:
@@ -188,6 +197,12 @@ TEST_F(PosixProcessRunnerTest, ReturnsWhatTheChildWrote)
 TEST_F(PosixProcessRunnerTest, AChildThatWritesNothingGivesAnEmptyText)
 {
     EXPECT_EQ(runner.run(request({"exit", "0", ""})), "");
+}
+
+TEST_F(PosixProcessRunnerTest, AnErrorOfBeforeHoldsNobodyUp)
+{
+    errno = EINTR;
+    EXPECT_EQ(runner.run(request({"exit", "0", "hello\n"})), "hello\n");
 }
 
 TEST_F(PosixProcessRunnerTest, HoldsNineHundredKibibytesOfOutput)

@@ -418,6 +418,7 @@ INSTANTIATE_TEST_SUITE_P(
                    "%99999999999999999999$d"},
         FormatCase{
             "OtherUsesStay", "%d %s %1$@ %1$ %1 5% of", {ann, seven}, "%d %s %1$@ %1$ %1 5% of"},
+        FormatCase{"AnIntegerInNoOtherFormStays", "%1$s %1d %1 %1$", {seven}, "%1$s %1d %1 %1$"},
         FormatCase{"APercentSignAtTheEndStays", "50%", {ann}, "50%"},
         FormatCase{"ATextBeyondAscii",
                    "电量偏低：%@",

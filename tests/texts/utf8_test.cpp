@@ -119,8 +119,10 @@ TEST_P(InvalidUtf8, IsReplacedByteByByteAndTheRestKept)
 INSTANTIATE_TEST_SUITE_P(
     Kinds, InvalidUtf8,
     testing::Values(InvalidText{"LoneContinuation", "\x80", 1},
-                    InvalidText{"LastContinuation", "\xBF", 1}, InvalidText{"NoLeadFE", "\xFE", 1},
-                    InvalidText{"NoLeadFF", "\xFF", 1}, InvalidText{"TwoBytesCut", "\xC3", 1},
+                    InvalidText{"LastContinuation", "\xBF", 1},
+                    InvalidText{"FourContinuations", "\x84\x80\x80\x80", 4},
+                    InvalidText{"NoLeadFE", "\xFE", 1}, InvalidText{"NoLeadFF", "\xFF", 1},
+                    InvalidText{"TwoBytesCut", "\xC3", 1},
                     InvalidText{"ThreeBytesCutAfterOne", "\xE9", 1},
                     InvalidText{"ThreeBytesCutAfterTwo", "\xE9\xBC", 2},
                     InvalidText{"FourBytesCutAfterOne", "\xF0", 1},
@@ -136,7 +138,8 @@ INSTANTIATE_TEST_SUITE_P(
                     InvalidText{"SurrogatePair", "\xED\xA0\xBD\xED\xB8\x80", 6},
                     InvalidText{"BeyondTheLastScalar", "\xF4\x90\x80\x80", 4},
                     InvalidText{"LeadF5", "\xF5\x80\x80\x80", 4},
-                    InvalidText{"FiveBytes", "\xF8\x88\x80\x80\x80", 5}),
+                    InvalidText{"FiveBytes", "\xF8\x88\x80\x80\x80", 5},
+                    InvalidText{"SixBytes", "\xFC\x84\x80\x80\x80\x80", 6}),
     [](const auto& row) { return row.param.what; });
 
 TEST(Utf8, AScalarWhoseTailIsAnotherScalarIsInvalid)

@@ -68,6 +68,8 @@ class Desktop:
             "XDG_CONFIG_HOME": str(self.home / "config"), "XDG_DATA_HOME": str(self.home / "data"),
             "XDG_CACHE_HOME": str(self.home / "cache"), "XDG_STATE_HOME": str(self.home / "state"),
             "XDG_RUNTIME_DIR": str(self.home / "runtime"), "XDG_SESSION_TYPE": "x11"}
+        self.environment |= {name: value for name, value in os.environ.items()
+                             if name.startswith("VOLTMERE_MUTANT")}
         for name, directory in self.environment.items():
             if name.endswith(("_HOME", "_DIR")):
                 os.makedirs(directory, mode=0o700, exist_ok=True)

@@ -1,7 +1,7 @@
 #include "linux/ui/alert_window_fixture.h"
 
-#include "snooze/window/alert_rows.h"
-#include "tests/ui/without_pictures.h"
+#include "linux/ui/alert_rows.h"
+#include "tests/linux/ui/without_pictures.h"
 
 #include <QFontMetrics>
 #include <QProxyStyle>
