@@ -14,7 +14,7 @@ std::string statusText(const std::vector<BatteryDevice>& devices, std::int64_t t
         return L10n::t("status.normal");
     }
     return L10n::format(L10n::t("status.lowDetail"),
-                        {namesWithLevels(low, L10n::t("listSeparator"))});
+                        namesWithLevels(low, L10n::t("listSeparator")));
 }
 
 } // namespace voltmere

@@ -24,7 +24,6 @@ add_library(voltmere_core STATIC
   snooze/snooze_alert.cpp
   texts/app_language.cpp
   texts/l10n.cpp
-  texts/l10n_format.cpp
   texts/l10n_tables.cpp
   texts/plain_text.cpp
   texts/utf8.cpp)

@@ -46,14 +46,14 @@ std::optional<std::int64_t> leadingInt(std::string_view text)
     std::size_t run = 0;
     for (;;) {
         const Utf8Scalar scalar = firstScalar(text.substr(run));
-        if (scalar.length == 0 || !isNumeric(scalar.value)) {
+        if (!isNumeric(scalar.value)) {
             break;
         }
         run += scalar.length;
     }
     std::int64_t number = 0;
     const auto [after, error] = std::from_chars(text.data(), text.data() + run, number);
-    if (run == 0 || error != std::errc{} || after != text.data() + run) {
+    if (error != std::errc{} || after != text.data() + run) {
         return std::nullopt;
     }
     return number;

@@ -39,20 +39,18 @@ std::string titleText(const std::vector<BatteryDevice>& devices, bool isLow)
     if (!isLow) {
         return L10n::t("alert.normalTitle");
     }
-    return devices.size() == 1
-        ? L10n::format(L10n::t("alert.titleOne"), {shownName(devices.front())})
-        : L10n::t("alert.titleMany");
+    return devices.size() == 1 ? L10n::format(L10n::t("alert.titleOne"), shownName(devices.front()))
+                               : L10n::t("alert.titleMany");
 }
 
 std::string detailText(const std::vector<BatteryDevice>& devices, bool isLow)
 {
     if (isLow) {
-        return devices.size() == 1
-            ? L10n::format(L10n::t("alert.lowSingle"), {devices.front().level})
-            : tightList(devices) + L10n::t("alert.chargeSuffix");
+        return devices.size() == 1 ? L10n::format(L10n::t("alert.lowSingle"), devices.front().level)
+                                   : tightList(devices) + L10n::t("alert.chargeSuffix");
     }
     return devices.empty() ? L10n::t("status.noDevice")
-                           : L10n::format(L10n::t("alert.normalText"), {tightList(devices)});
+                           : L10n::format(L10n::t("alert.normalText"), tightList(devices));
 }
 
 } // namespace

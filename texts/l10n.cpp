@@ -55,4 +55,23 @@ bool L10n::usesChinese()
     return !tags.empty() && tags.front().starts_with("zh");
 }
 
+std::string L10n::format(std::string_view format, const Argument& argument)
+{
+    const auto* const text = std::get_if<std::string>(&argument);
+    const std::string_view placeholder = text != nullptr ? "%@" : "%1$d";
+    const std::string value =
+        text != nullptr ? *text : std::to_string(std::get<std::int64_t>(argument));
+    std::string filled;
+    while (!format.empty()) {
+        if (format.starts_with(placeholder)) {
+            filled += value;
+            format.remove_prefix(placeholder.size());
+        } else {
+            filled += format.front();
+            format.remove_prefix(format.starts_with("%%") ? 2 : 1);
+        }
+    }
+    return filled;
+}
+
 } // namespace voltmere

@@ -8,7 +8,6 @@
 #include <string>
 #include <string_view>
 #include <variant>
-#include <vector>
 
 namespace voltmere {
 
@@ -42,11 +41,9 @@ public:
     /// A value for a placeholder: a text for "%@", an integer for "%1$d".
     using Argument = std::variant<std::string, std::int64_t>;
 
-    /// Fills the placeholders of `format`: each "%@" takes the next argument, "%N$d" takes the Nth,
-    /// "%%" is a percent sign. A placeholder that finds no argument of its kind, and any other use
-    /// of "%", stays as it stands; an argument is inserted as plain text and never read as a
-    /// format.
-    static std::string format(std::string_view format, const std::vector<Argument>& arguments);
+    /// Puts `argument` in the place of its placeholder in `format`, and "%" in the place of "%%".
+    /// The argument is plain text and never read as a format.
+    static std::string format(std::string_view format, const Argument& argument);
 
     static const Table& zh();
     static const Table& en();
