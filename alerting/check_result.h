@@ -11,10 +11,10 @@ namespace voltmere {
 
 /// What a reading is judged by.
 struct CheckRules {
-    std::int64_t threshold = 0;     ///< percent
-    bool alert = false;             ///< a full check: reminds of every low device, every time
-    bool allowInstantAlert = false; ///< a refresh that may remind of newly low devices
-    bool instantEnabled = false;    ///< the user wants such reminders
+    std::int64_t threshold; ///< percent
+    bool alert;             ///< a full check: reminds of every low device, every time
+    bool allowInstantAlert; ///< a refresh that may remind of newly low devices
+    bool instantEnabled;    ///< the user wants such reminders
 };
 
 /// What a reading means.
@@ -38,7 +38,7 @@ std::string instantAlertLogLine(const std::vector<BatteryDevice>& devices);
 /// What a reminder shows when it is not a reading that raises it.
 struct AlertPayload {
     std::vector<BatteryDevice> devices; ///< the low devices, or all of them when none is low
-    bool isLow = false;
+    bool isLow;
 
     bool operator==(const AlertPayload&) const = default;
 };

@@ -46,7 +46,8 @@ public:
     {
         // A reader that has gone would else be noticed at the next change only, maybe days later.
         const QSocketNotifier readerGone(STDOUT_FILENO, QSocketNotifier::Exception);
-        QObject::connect(&readerGone, &QSocketNotifier::activated, qApp, &QCoreApplication::quit);
+        QObject::connect(&readerGone, &QSocketNotifier::activated, QCoreApplication::instance(),
+                         &QCoreApplication::quit);
         const int status = QCoreApplication::exec();
         if (runLoop.isBusy()) {
             std::_Exit(status); // a reading still uses what an ordinary end would destroy
