@@ -41,7 +41,7 @@ std::optional<BatteryDevice> weakestDevice(const std::vector<BatteryDevice>& dev
 
 std::string shownName(const BatteryDevice& device)
 {
-    const std::string name = plainText(device.name);
+    std::string name = plainText(device.name);
     if (name.find_first_not_of(' ') != std::string::npos) {
         return name;
     }
