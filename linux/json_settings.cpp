@@ -19,7 +19,7 @@ namespace {
 
 // QSettings calls its readers and writers as plain functions, so what they share has to stand here.
 SystemLog* damageLog = nullptr;
-SettingsUse use = SettingsUse::readAndWrite;
+SettingsUse damageUse = SettingsUse::readAndWrite;
 
 /// Damaged files that were left where they are. They are read as empty and never written.
 QSet<QString>& keptInPlace()
@@ -38,7 +38,7 @@ void handleDamage(const QString& path, const QString& damage)
 {
     QString line = "Voltmere: the settings file " + path + " is damaged (" + damage +
         "): the defaults are used";
-    if (use == SettingsUse::readOnly) {
+    if (damageUse == SettingsUse::readOnly) {
         keptInPlace().insert(path);
     } else if (const std::optional<QString> keptAs = setAside(path)) {
         line += ", it is kept as " + *keptAs;
@@ -95,10 +95,10 @@ void removeAbandonedLock(const QString& path)
 
 } // namespace
 
-std::unique_ptr<QSettings> openJsonSettings(const QString& path, SettingsUse given, SystemLog& log)
+std::unique_ptr<QSettings> openJsonSettings(const QString& path, SettingsUse use, SystemLog& log)
 {
     damageLog = &log;
-    use = given;
+    damageUse = use;
     if (use == SettingsUse::readAndWrite) {
         removeAbandonedLock(path);
     }
