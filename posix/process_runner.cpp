@@ -10,7 +10,6 @@
 
 #include <array>
 #include <cerrno>
-#include <optional>
 #include <system_error>
 #include <thread>
 
@@ -50,14 +49,15 @@ bool openPipe(int (&ends)[2])
 }
 #endif
 
-/// A pipe that holds as much unread data as the system lets this user have.
-std::optional<Pipe> openLargePipe()
+/// A pipe that holds as much unread data as the system lets this user have; without ends if it
+/// cannot be opened.
+Pipe openLargePipe()
 {
     int ends[2] = {-1, -1};
     const bool open = openPipe(ends);
     Pipe pipe{FileDescriptor(ends[0]), FileDescriptor(ends[1])};
     if (!open || ::fcntl(ends[0], F_SETFL, O_NONBLOCK) != 0) {
-        return std::nullopt;
+        return {};
     }
     return pipe;
 }
@@ -178,17 +178,17 @@ PosixProcessRunner::PosixProcessRunner(SystemLog& log)
 std::string PosixProcessRunner::run(const ProcessRequest& request)
 {
     const bool swallows = request.errorOutput == ProcessRequest::ErrorOutput::swallowed;
-    std::optional<Pipe> output = openLargePipe();
-    const std::optional<Pipe> complaints = swallows ? openLargePipe() : std::nullopt;
-    if (!output || (swallows && !complaints)) {
+    Pipe output = openLargePipe();
+    const Pipe complaints = swallows ? openLargePipe() : Pipe{};
+    if (!output.writeEnd || (swallows && !complaints.writeEnd)) {
         reportFailure(request.executable, errno);
         return {};
     }
     SpawnSettings settings;
     settings.inherit(STDIN_FILENO);
-    settings.redirect(STDOUT_FILENO, *output);
-    if (complaints) {
-        settings.redirect(STDERR_FILENO, *complaints);
+    settings.redirect(STDOUT_FILENO, output);
+    if (swallows) {
+        settings.redirect(STDERR_FILENO, complaints);
     } else {
         settings.inherit(STDERR_FILENO);
     }
@@ -199,13 +199,13 @@ std::string PosixProcessRunner::run(const ProcessRequest& request)
     const int error =
         ::posix_spawn(&pid, request.executable.c_str(), &settings.actions, &settings.attributes,
                       pointersTo(words).data(), pointersTo(environment).data());
-    output->writeEnd.reset();
+    output.writeEnd.reset();
     if (error != 0) {
         reportFailure(request.executable, error);
         return {};
     }
     const bool whole = exitsWithin(request.limit, pid);
-    std::string text = readAvailable(*output);
+    std::string text = readAvailable(output);
     return whole ? text : wholeLines(std::move(text));
 }
 
