@@ -1,147 +1,235 @@
 #include "app/command_line.h"
 
-#include <QCommandLineParser>
+#include <getopt.h>
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
+#include <initializer_list>
 #include <utility>
 
 namespace voltmere {
 
 namespace {
 
-/// The options, declared once for parsing and for the help text.
-class Options {
-public:
-    Options()
-    {
-        parser.setApplicationDescription(
-            "Watches the battery of Apple wireless mice, keyboards and trackpads.");
-        parser.addOptions({list, json, watch, format, diagnose, verbose, panel, screenshots, demo,
-                           tools, sysfs, help, version});
-    }
+/// The options, as indices into the table below.
+namespace opt {
+enum Id {
+    list,
+    json,
+    watch,
+    format,
+    diagnose,
+    verbose,
+    panel,
+    screenshots,
+    demo,
+    tools,
+    sysfs,
+    help,
+    version,
+    count
+};
+} // namespace opt
 
-    QCommandLineParser parser;
-    const QCommandLineOption list{"list", "Take one reading, print it, and exit."};
-    const QCommandLineOption json{"json", "Print the reading as one JSON object (with --list)."};
-    const QCommandLineOption watch{"watch",
-                                   "Print one line now and after every change, until ended."};
-    const QCommandLineOption format{"format", "Print the lines for <bar> (with --watch): waybar.",
-                                    "bar"};
-    const QCommandLineOption diagnose{"diagnose",
-                                      "Print what was found and why anything is missing."};
-    const QCommandLineOption verbose{"verbose", "Include names and addresses (with --diagnose)."};
-    const QCommandLineOption panel{"panel", "Open the panel at start."};
-    const QCommandLineOption screenshots{"screenshots",
-                                         "Draw what the program shows to <dir>/*.png.", "dir"};
-    const QCommandLineOption demo{"demo",
-                                  "Show simulated peripherals; keep settings in memory only."};
-    const QCommandLineOption tools{
-        "tools", "Use <dir>/ioreg and <dir>/system_profiler in place of the system's.", "dir"};
-    const QCommandLineOption sysfs{"sysfs", "Read <dir> in place of /sys.", "dir"};
-    const QCommandLineOption help{{"h", "help"}, "Print this help and exit."};
-    const QCommandLineOption version{{"v", "version"}, "Print the version and exit."};
+struct OptionText {
+    const char* name;
+    const char* value; ///< what it is given; null for nothing
+    char letter;       ///< its short form; zero for none
+    const char* description;
 };
 
-std::optional<QString> valueIfSet(const QCommandLineParser& parser,
-                                  const QCommandLineOption& option)
+constexpr std::array<OptionText, opt::count> texts{{
+    {"list", nullptr, 0, "Take one reading, print it, and exit."},
+    {"json", nullptr, 0, "Print the reading as one JSON object (with --list)."},
+    {"watch", nullptr, 0, "Print one line now and after every change, until ended."},
+    {"format", "bar", 0, "Print the lines for <bar> (with --watch): waybar."},
+    {"diagnose", nullptr, 0, "Print what was found and why anything is missing."},
+    {"verbose", nullptr, 0, "Include names and addresses (with --diagnose)."},
+    {"panel", nullptr, 0, "Open the panel at start."},
+    {"screenshots", "dir", 0, "Draw what the program shows to <dir>/*.png."},
+    {"demo", nullptr, 0, "Show simulated peripherals; keep settings in memory only."},
+    {"tools", "dir", 0, "Use <dir>/ioreg and <dir>/system_profiler, not the system's."},
+    {"sysfs", "dir", 0, "Read <dir> in place of /sys."},
+    {"help", nullptr, 'h', "Print this help and exit."},
+    {"version", nullptr, 'v', "Print the version and exit."},
+}};
+
+std::string shown(opt::Id option)
 {
-    return parser.isSet(option) ? std::optional(parser.value(option)) : std::nullopt;
+    return std::string("--") + texts[option].name;
 }
 
-int countSet(const QCommandLineParser& parser, const QList<QCommandLineOption>& options)
+/// What was given: each option with its value, of which the last counts, and the first other word.
+struct Given {
+    const std::optional<std::string>& operator[](opt::Id option) const { return values[option]; }
+
+    std::array<std::optional<std::string>, opt::count> values;
+    std::optional<std::string> otherWord;
+};
+
+int countOf(const Given& given, std::initializer_list<opt::Id> options)
 {
-    return static_cast<int>(
-        std::count_if(options.begin(), options.end(), [&parser](const QCommandLineOption& option) {
-            return parser.isSet(option);
-        }));
+    return static_cast<int>(std::count_if(options.begin(), options.end(), [&given](opt::Id option) {
+        return given[option].has_value();
+    }));
 }
 
-std::optional<UsageError> findConflict(const Options& options)
+/// getopt_long gives a long option as its index and this, which is above every character.
+constexpr int firstNumber = 256;
+
+/// Why getopt_long refused `word`, according to its answer and `optopt`.
+UsageError explain(int answer, const std::string& word)
 {
-    const QCommandLineParser& parser = options.parser;
-    if (!parser.positionalArguments().isEmpty()) {
-        return UsageError{"Unexpected argument '" + parser.positionalArguments().constFirst() +
-                          "'."};
+    if (optopt > 0 && optopt < firstNumber) {
+        return {std::string("Unknown option '-") + static_cast<char>(optopt) + "'."};
     }
-    for (const auto& [option, action] :
-         {std::pair(options.json, options.list), std::pair(options.format, options.watch),
-          std::pair(options.verbose, options.diagnose)}) {
-        if (parser.isSet(option) && !parser.isSet(action)) {
-            return UsageError{"--" + option.names().constFirst() + " goes with --" +
-                              action.names().constFirst() + "."};
+    if (optopt >= firstNumber && word.find('=') != std::string::npos) {
+        return {"'" + word + "': " + shown(static_cast<opt::Id>(optopt - firstNumber)) +
+                " takes no value."};
+    }
+    return {answer == ':' ? word + " needs a value." : "Unknown option '" + word + "'."};
+}
+
+std::size_t indexOf(int answer)
+{
+    if (answer >= firstNumber) {
+        return static_cast<std::size_t>(answer - firstNumber);
+    }
+    const auto place = std::find_if(texts.begin(), texts.end(), [answer](const OptionText& text) {
+        return text.letter == answer;
+    });
+    return static_cast<std::size_t>(place - texts.begin());
+}
+
+std::variant<Given, UsageError> readOptions(std::vector<std::string> words)
+{
+    std::vector<char*> pointers;
+    for (std::string& word : words) {
+        pointers.push_back(word.data());
+    }
+    pointers.push_back(nullptr);
+    std::vector<option> table;
+    std::string letters = ":";
+    for (int number = firstNumber; const OptionText& text : texts) {
+        const int argument = text.value == nullptr ? no_argument : required_argument;
+        table.push_back({text.name, argument, nullptr, number++});
+        if (text.letter != 0) {
+            letters += text.letter;
         }
     }
-    if (parser.isSet(options.format) && parser.value(options.format) != "waybar") {
+    table.push_back({});
+
+    const auto wordAt = [&pointers](int index) {
+        return std::string(pointers[static_cast<std::size_t>(index)]);
+    };
+    const int count = static_cast<int>(words.size());
+    Given given;
+    opterr = 0;
+    optind = 0; // starts anew
+    int answer = 0;
+    while ((answer = ::getopt_long(count, pointers.data(), letters.c_str(), table.data(),
+                                   nullptr)) != -1) {
+        if (answer == ':' || answer == '?') {
+            return explain(answer, wordAt(optind - 1));
+        }
+        given.values[indexOf(answer)] = optarg == nullptr ? "" : optarg;
+    }
+    if (optind < count) {
+        given.otherWord = wordAt(optind);
+    }
+    return given;
+}
+
+std::optional<UsageError> findConflict(const Given& given)
+{
+    if (given.otherWord) {
+        return UsageError{"Unexpected argument '" + *given.otherWord + "'."};
+    }
+    for (const auto& [option, action] :
+         {std::pair(opt::json, opt::list), std::pair(opt::format, opt::watch),
+          std::pair(opt::verbose, opt::diagnose)}) {
+        if (given[option] && !given[action]) {
+            return UsageError{shown(option) + " goes with " + shown(action) + "."};
+        }
+    }
+    if (given[opt::format] && *given[opt::format] != "waybar") {
         return UsageError{"--format knows only 'waybar'."};
     }
-    if (countSet(parser,
-                 {options.list, options.watch, options.diagnose, options.panel,
-                  options.screenshots}) > 1) {
+    if (countOf(given, {opt::list, opt::watch, opt::diagnose, opt::panel, opt::screenshots}) > 1) {
         return UsageError{"Only one of --list, --watch, --diagnose, --panel and --screenshots can "
                           "be done at a time."};
     }
-    if (countSet(parser, {options.demo, options.tools, options.sysfs}) > 1) {
+    if (countOf(given, {opt::demo, opt::tools, opt::sysfs}) > 1) {
         return UsageError{"Only one of --demo, --tools and --sysfs can say where to read."};
     }
-    for (const QCommandLineOption& option : {options.tools, options.sysfs, options.screenshots}) {
-        if (parser.isSet(option) && parser.value(option).isEmpty()) {
-            return UsageError{"--" + option.names().constFirst() + " needs a directory."};
+    for (const opt::Id option : {opt::tools, opt::sysfs, opt::screenshots}) {
+        if (given[option] && given[option]->empty()) {
+            return UsageError{shown(option) + " needs a directory."};
         }
     }
     return std::nullopt;
 }
 
-CommandLine::Action chosenAction(const Options& options)
+CommandLine::Action chosenAction(const Given& given)
 {
-    if (options.parser.isSet(options.help)) {
-        return CommandLine::Action::showHelp;
+    using Action = CommandLine::Action;
+    for (const auto& [option, action] :
+         {std::pair(opt::help, Action::showHelp), std::pair(opt::version, Action::showVersion),
+          std::pair(opt::screenshots, Action::screenshots), std::pair(opt::watch, Action::watch),
+          std::pair(opt::diagnose, Action::diagnose), std::pair(opt::list, Action::list)}) {
+        if (given[option]) {
+            return action;
+        }
     }
-    if (options.parser.isSet(options.version)) {
-        return CommandLine::Action::showVersion;
-    }
-    if (options.parser.isSet(options.screenshots)) {
-        return CommandLine::Action::screenshots;
-    }
-    if (options.parser.isSet(options.watch)) {
-        return CommandLine::Action::watch;
-    }
-    if (options.parser.isSet(options.diagnose)) {
-        return CommandLine::Action::diagnose;
-    }
-    return options.parser.isSet(options.list) ? CommandLine::Action::list
-                                              : CommandLine::Action::menuBar;
+    return Action::menuBar;
 }
 
 } // namespace
 
-std::variant<CommandLine, UsageError> parseCommandLine(const QStringList& words)
+std::variant<CommandLine, UsageError> parseCommandLine(std::vector<std::string> words)
 {
-    Options options;
-    if (!options.parser.parse(words)) {
-        return UsageError{options.parser.errorText()};
+    const auto read = readOptions(words);
+    if (const auto* error = std::get_if<UsageError>(&read)) {
+        return *error;
     }
+    const Given& given = std::get<Given>(read);
     CommandLine commandLine;
-    commandLine.action = chosenAction(options);
-    const bool asksForHelp = commandLine.action == CommandLine::Action::showHelp ||
-        commandLine.action == CommandLine::Action::showVersion;
-    if (const auto conflict = findConflict(options); conflict && !asksForHelp) {
+    commandLine.action = chosenAction(given);
+    const bool asksForHelp = given[opt::help] || given[opt::version];
+    if (const auto conflict = findConflict(given); conflict && !asksForHelp) {
         return *conflict;
     }
-    commandLine.json = options.parser.isSet(options.json);
-    commandLine.verbose = options.parser.isSet(options.verbose);
-    commandLine.format = options.parser.isSet(options.format) ? CommandLine::Format::waybar
-                                                              : CommandLine::Format::voltmere;
-    commandLine.openPanel = options.parser.isSet(options.panel);
-    commandLine.screenshotsDirectory = options.parser.value(options.screenshots);
-    commandLine.demo = options.parser.isSet(options.demo);
-    commandLine.toolsDirectory = valueIfSet(options.parser, options.tools);
-    commandLine.sysfsRoot = valueIfSet(options.parser, options.sysfs);
+    commandLine.json = given[opt::json].has_value();
+    commandLine.verbose = given[opt::verbose].has_value();
+    commandLine.format =
+        given[opt::format] ? CommandLine::Format::waybar : CommandLine::Format::voltmere;
+    commandLine.openPanel = given[opt::panel].has_value();
+    commandLine.screenshotsDirectory = given[opt::screenshots].value_or("");
+    commandLine.demo = given[opt::demo].has_value();
+    commandLine.toolsDirectory = given[opt::tools];
+    commandLine.sysfsRoot = given[opt::sysfs];
     return commandLine;
 }
 
-QString usageText()
+std::string usageText()
 {
-    return Options().parser.helpText();
+    constexpr std::size_t column = 23;
+    std::string text = "Usage: voltmere [options]\n"
+                       "Watches the battery of Apple wireless mice, keyboards and trackpads.\n\n"
+                       "Options:\n";
+    for (const OptionText& option : texts) {
+        std::string words = "  ";
+        if (option.letter != 0) {
+            words += std::string("-") + option.letter + ", ";
+        }
+        words += std::string("--") + option.name;
+        if (option.value != nullptr) {
+            words += std::string(" <") + option.value + '>';
+        }
+        text += words + std::string(column - words.size(), ' ') + option.description + '\n';
+    }
+    return text;
 }
 
 } // namespace voltmere

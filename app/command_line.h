@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
-
 #include <optional>
+#include <string>
 #include <variant>
+#include <vector>
 
 namespace voltmere {
 
@@ -19,20 +18,20 @@ struct CommandLine {
     Format format = Format::voltmere;
     bool demo = false;
     bool openPanel = false;
-    std::optional<QString> toolsDirectory;
-    std::optional<QString> sysfsRoot;
-    QString screenshotsDirectory;
+    std::optional<std::string> toolsDirectory;
+    std::optional<std::string> sysfsRoot;
+    std::string screenshotsDirectory;
 };
 
 /// What is wrong with the words that the user gave.
 struct UsageError {
-    QString message;
+    std::string message;
 };
 
-/// Reads the words of the command line, the program's name first. Needs no application object.
-std::variant<CommandLine, UsageError> parseCommandLine(const QStringList& words);
+/// Reads the words of the command line, the program's name first. Not safe in two threads at once.
+std::variant<CommandLine, UsageError> parseCommandLine(std::vector<std::string> words);
 
-/// The text that "--help" prints. Needs an application object.
-QString usageText();
+/// The text that "--help" prints.
+std::string usageText();
 
 } // namespace voltmere

@@ -1,107 +1,37 @@
 #include "app/command_line.h"
-#include "app/diagnose_command.h"
-#include "app/exit_status.h"
-#include "app/list_command.h"
-#include "app/platform_factory.h"
-#include "app/qt_start.h"
-#include "app/screenshots.h"
-#include "app/single_instance.h"
-#include "app/terminal_output.h"
+#include "app/diagnosis.h"
+#include "app/platform.h"
+#include "app/terminal.h"
+#include "app/terminal_commands.h"
 #include "app/version.h"
-#include "app/voltmere_app.h"
-#include "app/watch_command.h"
-#include "linux/ending_signals.h"
-#include "ports/desktop.h"
 #include "texts/plain_text.h"
-
-#include <QApplication>
 
 #include <cstdio>
 
-namespace {
-
-using voltmere::CommandLine;
-using voltmere::UsageError;
-
-QStringList wordsOf(int argc, char** argv)
-{
-    QStringList words;
-    for (int i = 0; i < argc; ++i) {
-        words.append(QString::fromLocal8Bit(argv[i]));
-    }
-    return words;
-}
-
-int reportUsageError(const UsageError& error)
-{
-    const std::string message = voltmere::plainText(error.message.toStdString());
-    std::fprintf(stderr, "voltmere: %s\n%s", message.c_str(), qPrintable(voltmere::usageText()));
-    return voltmere::exitStatus::wrongUsage;
-}
-
-int reportNoDisplay(const std::string& problem)
-{
-    std::fprintf(stderr, "voltmere: %s\n", voltmere::plainText(problem).c_str());
-    return voltmere::exitStatus::cannotRun;
-}
-
-int runInTerminal(const CommandLine& commandLine)
-{
-    switch (commandLine.action) {
-    case CommandLine::Action::list:
-        return voltmere::listPeripherals(commandLine);
-    case CommandLine::Action::watch:
-        return voltmere::watchPeripherals(commandLine);
-    case CommandLine::Action::diagnose:
-        return voltmere::diagnose(commandLine);
-    case CommandLine::Action::showVersion:
-        return voltmere::printAnswer(std::string("voltmere ") + voltmere::version + '\n');
-    default:
-        return voltmere::printAnswer(voltmere::usageText().toStdString());
-    }
-}
-
-int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
-{
-    if (const auto problem = voltmere::displayProblem()) {
-        return reportNoDisplay(*problem);
-    }
-    const auto application = voltmere::startQt(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setDesktopFileName(voltmere::applicationId);
-    const auto log = voltmere::makeSystemLog();
-    const auto instance = voltmere::makeSingleInstance(*log);
-    if (!commandLine.demo && instance->start() == voltmere::SingleInstance::Role::later) {
-        return 0;
-    }
-    const voltmere::EndingSignals endingSignals(&QCoreApplication::quit);
-    voltmere::VoltmereApp program(commandLine);
-    instance->onActivation([&program] { program.openPanel(); });
-    return program.run();
-}
-
-int drawScreenshots(const CommandLine& commandLine, int argc, char** argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    const auto application = voltmere::startQt(argc, argv);
-    return voltmere::drawScreenshots(commandLine);
-}
-
-} // namespace
-
 int main(int argc, char* argv[])
 {
-    QCoreApplication::setApplicationName("voltmere");
-    QCoreApplication::setApplicationVersion(voltmere::version);
-    const auto parsed = voltmere::parseCommandLine(wordsOf(argc, argv));
-    const auto* commandLine = std::get_if<CommandLine>(&parsed);
-    if (commandLine != nullptr && commandLine->action == CommandLine::Action::menuBar) {
-        return runInMenuBar(*commandLine, argc, argv);
+    using namespace voltmere;
+    const auto parsed = parseCommandLine(std::vector<std::string>(argv, argv + argc));
+    if (const auto* error = std::get_if<UsageError>(&parsed)) {
+        std::fprintf(stderr, "voltmere: %s\n%s", plainText(error->message).c_str(),
+                     usageText().c_str());
+        return exitStatus::wrongUsage;
     }
-    if (commandLine != nullptr && commandLine->action == CommandLine::Action::screenshots) {
-        return drawScreenshots(*commandLine, argc, argv);
+    const auto& commandLine = std::get<CommandLine>(parsed);
+    switch (commandLine.action) {
+    case CommandLine::Action::list:
+        return listPeripherals(commandLine);
+    case CommandLine::Action::watch:
+        return watchPeripherals(commandLine);
+    case CommandLine::Action::diagnose:
+        return diagnose(commandLine);
+    case CommandLine::Action::showVersion:
+        return printAnswer(std::string("voltmere ") + version + '\n');
+    case CommandLine::Action::showHelp:
+        return printAnswer(usageText());
+    case CommandLine::Action::menuBar:
+    case CommandLine::Action::screenshots:
+        break;
     }
-    const QCoreApplication application(argc, argv);
-    return commandLine == nullptr ? reportUsageError(std::get<UsageError>(parsed))
-                                  : runInTerminal(*commandLine);
+    return runFrontEnd(commandLine, argv);
 }

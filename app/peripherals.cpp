@@ -1,9 +1,5 @@
 #include "app/peripherals.h"
 
-#include "app/demo_tools.h"
-
-#include <QFile>
-
 namespace voltmere {
 
 namespace {
@@ -13,13 +9,7 @@ std::string toolsDirectory(const CommandLine& commandLine, const std::string& sy
     if (commandLine.demo) {
         return demoToolsDirectory();
     }
-    return commandLine.toolsDirectory ? QFile::encodeName(*commandLine.toolsDirectory).toStdString()
-                                      : systemTools;
-}
-
-std::filesystem::path systemRoot(const CommandLine& commandLine)
-{
-    return QFile::encodeName(commandLine.sysfsRoot.value_or("/sys")).toStdString();
+    return commandLine.toolsDirectory.value_or(systemTools);
 }
 
 } // namespace
@@ -31,7 +21,7 @@ Peripherals::Peripherals(const CommandLine& commandLine, SystemLog& log,
     , processes(log)
     , registry(processes, toolsDirectory(commandLine, systemTools))
     , profiler(processes, toolsDirectory(commandLine, systemTools))
-    , system(makeSystemSources(systemRoot(commandLine)))
+    , system(makeSystemSources(commandLine.sysfsRoot.value_or("/sys")))
 {
 }
 

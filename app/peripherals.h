@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/command_line.h"
-#include "app/system_sources.h"
+#include "app/platform.h"
 #include "devices/device_reader.h"
 #include "devices/peripheral_tools.h"
 #include "posix/process_runner.h"

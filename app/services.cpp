@@ -1,28 +1,78 @@
 #include "app/services.h"
 
-#include "app/null_services.h"
-#include "app/platform_factory.h"
-#include "app/settings_location.h"
+#include "posix/memory_defaults.h"
 #include "texts/l10n.h"
+
+#include <cstdlib>
 
 namespace voltmere {
 
 namespace {
 
-/// A demonstration leaves the user's start-up entries alone.
-std::unique_ptr<LoginItemService> openLoginItems(bool demo)
+// An outside that nothing reaches. Each of these keeps its promise to its callers and does nothing.
+
+class NullLog : public SystemLog {
+public:
+    void write(std::string_view /*line*/) override { }
+};
+
+/// Reports that the program does not start at login, and leaves it so.
+class NullLoginItems : public LoginItemService {
+public:
+    Status status() const override { return Status::notRegistered; }
+    std::optional<std::string> registerItem() override { return std::nullopt; }
+    std::optional<std::string> unregisterItem() override { return std::nullopt; }
+};
+
+class NullNotifications : public NotificationCentre {
+public:
+    void requestAuthorisation(std::uint32_t /*options*/) override { }
+    void setDelegate(NotificationCentreDelegate* /*delegate*/) override { }
+    void setCategories(std::vector<NotificationCategory> /*categories*/) override { }
+    void add(NotificationRequest /*request*/) override { }
+};
+
+class NullAlerts : public AlertPresenter {
+public:
+    std::unique_ptr<Alert> present(AlertContent /*content*/, AlertActions /*actions*/) override
+    {
+        return nullptr;
+    }
+};
+
+class NullApplication : public Application {
+public:
+    void activate() override { }
+};
+
+NullApplication nullApplication;
+NullAlerts nullAlerts;
+
+bool actsOutside(const CommandLine& commandLine, Services::Reach reach)
 {
-    if (demo) {
+    return reach == Services::Reach::everything && !commandLine.demo;
+}
+
+std::unique_ptr<SystemLog> openModelLog(Services::Reach reach)
+{
+    if (reach == Services::Reach::settings) {
+        return std::make_unique<NullLog>();
+    }
+    return makeSystemLog();
+}
+
+std::unique_ptr<LoginItemService> openLoginItems(bool outside)
+{
+    if (!outside) {
         return std::make_unique<NullLoginItems>();
     }
     return makeLoginItemService();
 }
 
-/// A demonstration leaves the user's notifications and pending reminders alone.
-std::unique_ptr<NotificationCentre> openNotifications(bool demo, RunLoop& runLoop,
+std::unique_ptr<NotificationCentre> openNotifications(bool outside, RunLoop& runLoop,
                                                       const Clock& clock, SystemLog& log)
 {
-    if (demo) {
+    if (!outside) {
         return std::make_unique<NullNotifications>();
     }
     return makeNotificationCentre(runLoop, clock, log);
@@ -30,16 +80,24 @@ std::unique_ptr<NotificationCentre> openNotifications(bool demo, RunLoop& runLoo
 
 } // namespace
 
-Services::Services(const CommandLine& commandLine)
-    : log(makeSystemLog())
+Services::Services(const CommandLine& commandLine, Reach reach, MainLoop& mainLoop)
+    : Services(commandLine, reach, mainLoop, nullApplication, nullAlerts)
+{
+}
+
+Services::Services(const CommandLine& commandLine, Reach reach, MainLoop& mainLoop,
+                   Application& application, AlertPresenter& alerts)
+    : commandLine(commandLine)
+    , reach(reach)
+    , mainLoop(mainLoop)
+    , log(makeSystemLog())
+    , modelLog(openModelLog(reach))
     , languages(makePreferredLanguages())
-    , defaults(openSettings(commandLine.demo, SettingsUse::readAndWrite, *log))
-    , loginItems(openLoginItems(commandLine.demo))
-    , application(makeApplication())
-    , notificationDelegate(runLoop, *application)
-    , notifications(openNotifications(commandLine.demo, runLoop, clock, *log))
-    , appearance(makeAppearance())
-    , alerts(*appearance, pointer, runLoop, keepAfloat)
+    , defaults(openSettings())
+    , loginItems(openLoginItems(actsOutside(commandLine, reach)))
+    , notificationDelegate(mainLoop, application)
+    , notifications(openNotifications(actsOutside(commandLine, reach), mainLoop, clock, *log))
+    , alerts(alerts)
     , peripherals(commandLine, *log)
     , reader(std::make_shared<DeviceReader>([this] { return peripherals.choose(); }, clock))
 {
@@ -53,8 +111,25 @@ Services::~Services()
 
 ModelServices Services::forModel()
 {
-    return {*defaults, runLoop, clock, calendar, *loginItems, *notifications, notificationDelegate,
-            alerts,    *log,    reader};
+    return {
+        *defaults, mainLoop,  clock, calendar, *loginItems, *notifications, notificationDelegate,
+        alerts,    *modelLog, reader};
+}
+
+std::unique_ptr<DefaultsStore> Services::openSettings() const
+{
+    if (commandLine.demo || reach == Reach::nothing) {
+        return std::make_unique<MemoryDefaults>();
+    }
+    return openUserSettings(
+        reach == Reach::everything ? SettingsUse::readAndWrite : SettingsUse::readOnly, *log);
+}
+
+void Services::endWhileBusy(int status) const
+{
+    if (mainLoop.isBusy()) {
+        std::_Exit(status);
+    }
 }
 
 } // namespace voltmere

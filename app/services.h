@@ -3,15 +3,9 @@
 #include "alerting/notification_delegate.h"
 #include "app/command_line.h"
 #include "app/peripherals.h"
-#include "linux/qt_pointer.h"
-#include "linux/run_loop.h"
-#include "linux/ui/snooze_alert_presenter.h"
+#include "app/platform.h"
+#include "devices/device_reader.h"
 #include "model/battery_model.h"
-#include "ports/desktop.h"
-#include "ports/log.h"
-#include "ports/login_item.h"
-#include "ports/notifications.h"
-#include "ports/settings.h"
 #include "posix/calendar.h"
 #include "posix/clock.h"
 
@@ -19,31 +13,50 @@
 
 namespace voltmere {
 
-/// The real outside of the program, port by port. Needs a Qt application. A reading may still use
-/// it when the program ends: then the process must end without destroying what a reading uses.
+/// The outside of the model, port by port. A reading may still use it when the program ends: then
+/// the process must end without destroying what a reading uses.
 class Services {
 public:
-    explicit Services(const CommandLine& commandLine);
+    /// How far the model may act.
+    enum class Reach {
+        everything, ///< the program in the menu bar; with "--demo" it shows and changes nothing
+                    ///< else
+        settings,   ///< reads the user's settings, and changes nothing
+        nothing,    ///< the initial settings, in memory
+    };
+
+    /// Without windows: no snooze alert is shown.
+    Services(const CommandLine& commandLine, Reach reach, MainLoop& mainLoop);
+
+    Services(const CommandLine& commandLine, Reach reach, MainLoop& mainLoop,
+             Application& application, AlertPresenter& alerts);
+
     ~Services();
     Services(const Services&) = delete;
     Services& operator=(const Services&) = delete;
 
-    /// The part of them that the model acts on.
     ModelServices forModel();
 
+    /// The settings as they are stored now.
+    std::unique_ptr<DefaultsStore> openSettings() const;
+
+    /// Ends the process with `status`, without destroying anything while a reading is under way.
+    /// Settings are saved when they are changed, so nothing is lost.
+    void endWhileBusy(int status) const;
+
+    const CommandLine commandLine;
+    const Reach reach;
+    MainLoop& mainLoop;
     SystemClock clock;
     PosixCalendar calendar;
     std::unique_ptr<SystemLog> log;
-    QtRunLoop runLoop;
+    std::unique_ptr<SystemLog> modelLog;
     std::unique_ptr<PreferredLanguages> languages;
     std::unique_ptr<DefaultsStore> defaults;
     std::unique_ptr<LoginItemService> loginItems;
-    std::unique_ptr<Application> application;
     NotificationDelegate notificationDelegate;
     std::unique_ptr<NotificationCentre> notifications;
-    QtPointer pointer;
-    std::unique_ptr<Appearance> appearance;
-    SnoozeAlertPresenter alerts;
+    AlertPresenter& alerts;
     Peripherals peripherals;
     std::shared_ptr<DeviceReader> reader;
 };

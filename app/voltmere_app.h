@@ -1,45 +1,52 @@
 #pragma once
 
 #include "app/app_delegate.h"
-#include "app/command_line.h"
 #include "app/services.h"
-#include "linux/ui/panel_controller.h"
-#include "linux/ui/program_icon.h"
 #include "model/battery_model.h"
 
 #include <memory>
 
 namespace voltmere {
 
+/// The icon and the panel. They go when this is destroyed.
+class Scene {
+public:
+    virtual ~Scene() = default;
+
+    /// Opens the panel, or brings the open one to the front.
+    virtual void openPanel() = 0;
+};
+
+/// The windows of a system.
+class FrontEnd {
+public:
+    virtual ~FrontEnd() = default;
+
+    virtual Application& application() = 0;
+    virtual AlertPresenter& alerts() = 0;
+
+    /// Shows `model`, which must outlive the scene.
+    virtual std::unique_ptr<Scene> show(BatteryModel& model) = 0;
+};
+
 /// The program in the menu bar: owns the one model, and shows it as an icon and a panel.
 class VoltmereApp {
 public:
-    explicit VoltmereApp(const CommandLine& commandLine);
-    ~VoltmereApp();
-    VoltmereApp(const VoltmereApp&) = delete;
-    VoltmereApp& operator=(const VoltmereApp&) = delete;
+    /// What it is given must outlive it.
+    VoltmereApp(const CommandLine& commandLine, MainLoop& mainLoop, FrontEnd& frontEnd);
 
     /// Runs until the user quits. Returns the exit status.
     int run();
 
     /// Opens the panel, as a later start of the program asks.
-    void openPanel();
+    void openPanel() { scene->openPanel(); }
 
 private:
-    BatteryModel& sharedModel();
-    void showIcon();
-    void giveUpOnTray();
-    void followAppearance() const;
-    std::unique_ptr<QWidget> makePanel();
-
     Services services;
+    BatteryModel model;
     AppDelegate delegate;
-    std::unique_ptr<BatteryModel> model;
-    PanelController panel;
-    std::unique_ptr<QObject> trayWatch;
-    std::unique_ptr<Timer> trayDeadline;
-    std::unique_ptr<ProgramIcon> icon;
-    bool opensPanel;
+    std::unique_ptr<Scene> scene;
+    const bool opensPanel;
 };
 
 } // namespace voltmere

@@ -36,6 +36,7 @@ if(NOT APPLE)
     linux/desktop_entry.cpp
     linux/environment_languages.cpp
     linux/hid_uevent.cpp
+    linux/installation.cpp
     linux/sysfs_battery_source.cpp)
 endif()
 
@@ -46,3 +47,20 @@ endif()
 
 target_link_libraries(voltmere_core PUBLIC Threads::Threads)
 voltmere_target(voltmere_core)
+
+# The program but for its main function, in front of the seam: what app/platform.h declares is in
+# another library.
+find_package(nlohmann_json 3.10 REQUIRED)
+configure_file(app/version.h.in generated/app/version.h @ONLY)
+add_library(voltmere_app STATIC
+  app/app_delegate.cpp
+  app/command_line.cpp
+  app/diagnosis.cpp
+  app/peripherals.cpp
+  app/report.cpp
+  app/services.cpp
+  app/terminal.cpp
+  app/terminal_commands.cpp
+  app/voltmere_app.cpp)
+target_link_libraries(voltmere_app PUBLIC voltmere_core PRIVATE nlohmann_json::nlohmann_json)
+voltmere_target(voltmere_app)

@@ -1,24 +1,36 @@
-# What needs Qt: the front end and the program.
+# The two programs of a Linux desktop and what needs Qt: "voltmere" with the terminal commands loads
+# no library for windows, and starts "voltmere-desktop" for all else.
 
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Widgets Svg)
-configure_file(app/version.h.in generated/app/version.h @ONLY)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
 
-add_library(voltmere_ui STATIC
+add_library(voltmere_linux STATIC
   linux/bluez_name_source.cpp
   linux/damaged_file.cpp
   linux/desktop_notifications.cpp
+  linux/desktop_services.cpp
   linux/ending_signals.cpp
   linux/json_settings.cpp
   linux/notification_daemon.cpp
   linux/notify_call.cpp
   linux/pending_reminders.cpp
-  linux/portal_appearance.cpp
-  linux/qt_application.cpp
+  linux/platform.cpp
   linux/qt_defaults.cpp
-  linux/qt_pointer.cpp
-  linux/run_loop.cpp
   linux/reminder_json.cpp
   linux/reminder_store.cpp
+  linux/run_loop.cpp
+  linux/settings_report.cpp
+  linux/single_instance.cpp
+  linux/x_display.cpp)
+set_target_properties(voltmere_linux PROPERTIES AUTOMOC ON)
+target_link_libraries(voltmere_linux PUBLIC voltmere_core Qt6::DBus PRIVATE PkgConfig::XCB)
+voltmere_target(voltmere_linux)
+
+add_library(voltmere_ui STATIC
+  linux/portal_appearance.cpp
+  linux/qt_application.cpp
+  linux/qt_pointer.cpp
   linux/tray_host_watcher.cpp
   linux/ui/alert_rows.cpp
   linux/ui/app_icon_asset.cpp
@@ -26,10 +38,12 @@ add_library(voltmere_ui STATIC
   linux/ui/content_view.cpp
   linux/ui/device_list.cpp
   linux/ui/device_row.cpp
+  linux/ui/display_problem.cpp
   linux/ui/display_text.cpp
   linux/ui/divider.cpp
   linux/ui/drawn_image.cpp
   linux/ui/elided_label.cpp
+  linux/ui/front_end.cpp
   linux/ui/hover_controls.cpp
   linux/ui/hover_poller.cpp
   linux/ui/icns.cpp
@@ -40,7 +54,9 @@ add_library(voltmere_ui STATIC
   linux/ui/panel_controller.cpp
   linux/ui/panel_placement.cpp
   linux/ui/picture_view.cpp
+  linux/ui/qt_start.cpp
   linux/ui/redraw_scheduler.cpp
+  linux/ui/screenshots.cpp
   linux/ui/setting_picker.cpp
   linux/ui/snooze_alert_presenter.cpp
   linux/ui/snooze_alert_window.cpp
@@ -51,12 +67,9 @@ add_library(voltmere_ui STATIC
   linux/ui/tray_image.cpp
   linux/ui/tray_number.cpp
   linux/ui/wrapping_label.cpp
-  linux/wayland_display.cpp
-  linux/x_display.cpp)
-find_package(PkgConfig REQUIRED)
-pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
+  linux/wayland_display.cpp)
 set_target_properties(voltmere_ui PROPERTIES AUTOMOC ON)
-target_link_libraries(voltmere_ui PUBLIC voltmere_core Qt6::DBus Qt6::Widgets Qt6::Svg
+target_link_libraries(voltmere_ui PUBLIC voltmere_app voltmere_linux Qt6::Widgets Qt6::Svg
                                   PRIVATE PkgConfig::XCB)
 voltmere_target(voltmere_ui)
 
@@ -71,37 +84,21 @@ qt_add_resources(voltmere_ui symbols PREFIX /voltmere/symbols BASE resources/sym
         resources/symbols/questionmark.circle.svg
         resources/symbols/rectangle.and.hand.point.up.left.svg)
 
-# The program without its main function, so that tests can link it.
-add_library(voltmere_app STATIC
-  app/app_delegate.cpp
-  app/bus_instance.cpp
-  app/command_line.cpp
-  app/demo_tools.cpp
-  app/desktop_services.cpp
-  app/diagnose_command.cpp
-  app/list_command.cpp
-  app/peripherals.cpp
-  app/platform_factory.cpp
-  app/qt_start.cpp
-  app/reading_report.cpp
-  app/screenshots.cpp
-  app/services.cpp
-  app/settings_location.cpp
-  app/settings_report.cpp
-  app/system_sources.cpp
-  app/terminal_output.cpp
-  app/terminal_width.cpp
-  app/voltmere_app.cpp
-  app/watch_command.cpp)
-set_target_properties(voltmere_app PROPERTIES AUTOMOC ON)
-target_link_libraries(voltmere_app PUBLIC voltmere_ui)
-voltmere_target(voltmere_app)
-
 add_executable(voltmere app/main.cpp)
-target_link_libraries(voltmere PRIVATE voltmere_app)
+target_link_libraries(voltmere PRIVATE voltmere_app voltmere_linux)
 voltmere_target(voltmere)
 install(TARGETS voltmere RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
+
+add_executable(voltmere-desktop linux/ui/main.cpp)
+target_link_libraries(voltmere-desktop PRIVATE voltmere_ui)
+voltmere_target(voltmere-desktop)
+add_dependencies(voltmere voltmere-desktop)
+# The same place below the build and below the prefix of an installation.
+set_target_properties(voltmere-desktop PROPERTIES
+  RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/libexec/voltmere)
+install(TARGETS voltmere-desktop RUNTIME DESTINATION libexec/voltmere)
+
 # The simulated tools stand where the installed ones would, seen from the built program.
 file(COPY resources/demo DESTINATION share/voltmere)
 install(PROGRAMS resources/demo/ioreg resources/demo/system_profiler
-        DESTINATION ${CMAKE_INSTALL_DATADIR}/voltmere/demo)
+        DESTINATION share/voltmere/demo)

@@ -1,6 +1,7 @@
 #include "linux/autostart_session.h"
 
 #include "linux/environment.h"
+#include "linux/installation.h"
 
 #include <algorithm>
 #include <string_view>
@@ -82,9 +83,8 @@ AutostartSession readAutostartSession()
 
 std::string runningProgram()
 {
-    std::error_code error;
-    const fs::path executable = fs::read_symlink("/proc/self/exe", error);
-    return programFile(executable, environmentVariable("APPIMAGE"), environmentVariable("APPDIR"));
+    return programFile(terminalProgram(), environmentVariable("APPIMAGE"),
+                       environmentVariable("APPDIR"));
 }
 
 std::string programFile(const fs::path& executable, const std::string& appImage,

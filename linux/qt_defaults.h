@@ -32,9 +32,6 @@ private:
     std::unique_ptr<QSettings> settings;
 };
 
-/// Whether a program writes the settings, or only reads them and then changes no file.
-enum class SettingsUse { readAndWrite, readOnly };
-
 /// Opens the settings file at `path`, one JSON object. The file need not exist. It is locked while
 /// it is written and replaced in one step, for its user alone (0600). A file that is no JSON object
 /// counts as empty, and `log` gets a line; who may write sets it aside beside itself as

@@ -2,6 +2,7 @@
 
 #include "posix/file_descriptor.h"
 
+#include <QCoreApplication>
 #include <QMetaObject>
 #include <QSocketNotifier>
 
@@ -78,7 +79,35 @@ std::unique_ptr<Timer> makeTimer(Seconds delay, Seconds interval, std::function<
     return std::make_unique<BootTimer>(std::move(timer), delay, interval, std::move(action));
 }
 
+std::unique_ptr<QCoreApplication> makeApplication()
+{
+    // Qt keeps references to both.
+    static int count = 1;
+    static char name[] = "voltmere";
+    static char* words[] = {name, nullptr};
+    return QCoreApplication::instance() == nullptr
+        ? std::make_unique<QCoreApplication>(count, words)
+        : nullptr;
+}
+
 } // namespace
+
+QtRunLoop::QtRunLoop()
+    : application(makeApplication())
+{
+}
+
+QtRunLoop::~QtRunLoop() = default;
+
+int QtRunLoop::run()
+{
+    return QCoreApplication::exec();
+}
+
+void QtRunLoop::stop(int status)
+{
+    QCoreApplication::exit(status);
+}
 
 std::unique_ptr<Timer> QtRunLoop::scheduleOnce(Seconds delay, Action action)
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ports/time.h"
+#include "app/platform.h"
 
 #include <QObject>
 
@@ -8,12 +8,21 @@
 #include <list>
 #include <memory>
 
+class QCoreApplication;
+
 namespace voltmere {
 
-/// The run loop of a Qt application. Made and used on its main thread. Its timers count the time in
-/// which the machine sleeps. A timer is null where the system refuses one.
-class QtRunLoop : public RunLoop {
+/// The run loop of the Qt application, which it makes where there is none yet: one without windows.
+/// Made and used on the main thread. Its timers count the time in which the machine sleeps. A timer
+/// is null where the system refuses one.
+class QtRunLoop : public MainLoop {
 public:
+    QtRunLoop();
+    ~QtRunLoop() override;
+
+    int run() override;
+    void stop(int status) override;
+
     std::unique_ptr<Timer> scheduleOnce(Seconds delay, Action action) override;
     std::unique_ptr<Timer> scheduleRepeating(Seconds interval, Action action) override;
     void postLater(Seconds delay, Action action) override;
@@ -24,11 +33,10 @@ public:
     /// dropped; the next reading tries again.
     void runInBackground(Action work) override;
 
-    /// Whether background work is under way. It cannot be interrupted, so a process that ends
-    /// meanwhile must end without destroying what the work uses.
-    bool isBusy() const { return *running > 0; }
+    bool isBusy() const override { return *running > 0; }
 
 private:
+    std::unique_ptr<QCoreApplication> application;
     QObject context;
     std::list<std::unique_ptr<Timer>> later;
     std::shared_ptr<std::atomic<int>> running = std::make_shared<std::atomic<int>>(0);

@@ -44,4 +44,7 @@ public:
     virtual void setBoolean(std::string_view key, bool value) = 0;
 };
 
+/// Whether a program writes the settings, or only reads them and then changes no file.
+enum class SettingsUse { readAndWrite, readOnly };
+
 } // namespace voltmere

@@ -56,8 +56,12 @@ protected:
             ASSERT_TRUE(files::exists(installed / name)) << installed / name;
             files::create_symlink(installed / name, directory / "plugins" / "platforms" / name);
         }
+        const std::string windows = "libexec/voltmere/voltmere-desktop";
+        files::create_directories(directory / "libexec" / "voltmere");
+        files::copy_file(files::path(executable).parent_path() / windows, directory / windows);
+        writeFile(directory / "libexec" / "voltmere" / "qt.conf",
+                  "[Paths]\nPrefix=../..\nPlugins=plugins\n");
         files::copy_file(executable, directory / "voltmere");
-        writeFile(directory / "qt.conf", "[Paths]\nPlugins=plugins\n");
         executable = directory / "voltmere";
     }
 };

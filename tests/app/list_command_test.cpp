@@ -41,10 +41,10 @@ TEST_F(ListCommandTest, PrintsATable)
 
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.output,
-              "NAME                       LEVEL  STATE\n"
-              "Mouse of Ann                 14%  low\n"
-              "Magic Keyboard 数字键盘版   100%  ok\n"
-              "Magic Trackpad               45%  ok\n");
+              "LEVEL  STATE  NAME\n"
+              "  14%  low    Mouse of Ann\n"
+              " 100%  ok     Magic Keyboard 数字键盘版\n"
+              "  45%  ok     Magic Trackpad\n");
     EXPECT_EQ(outcome.errors, "");
 }
 
@@ -166,7 +166,7 @@ TEST_F(ListCommandTest, AToolThatFailsIsReadAllTheSame)
     const Outcome outcome = listWithTools();
 
     EXPECT_EQ(outcome.status, 0);
-    EXPECT_THAT(outcome.output, HasSubstr("Magic Mouse    14%  low\n"));
+    EXPECT_THAT(outcome.output, HasSubstr("  14%  low    Magic Mouse\n"));
     EXPECT_EQ(outcome.errors, "complaint\n");
 }
 
@@ -238,9 +238,9 @@ TEST_F(ListCommandTest, ReadsTheKernelsEntries)
 
     EXPECT_EQ(table.status, 0);
     EXPECT_EQ(table.output,
-              "NAME            LEVEL  STATE\n"
-              "Ann\u2019s #1 mouse     9%  low\n"
-              "Desk              80%  ok\n");
+              "LEVEL  STATE  NAME\n"
+              "   9%  low    Ann\u2019s #1 mouse\n"
+              "  80%  ok     Desk\n");
     EXPECT_EQ(table.errors, "");
     EXPECT_EQ(json.status, 0);
     EXPECT_EQ(parsed(json.output).value("source"), QJsonValue("sysfs"));

@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QString>
-
 #include <filesystem>
 
 namespace voltmere {
@@ -41,7 +39,7 @@ TEST_F(PeripheralsTest, TheToolsAreReadAsLongAsTheRegistryToolCanBeRun)
 
 TEST_F(PeripheralsTest, ToolsThatAreNamedAreReadEvenIfTheyAreNotThere)
 {
-    commandLine.toolsDirectory = QString::fromStdString(directory / "named");
+    commandLine.toolsDirectory = directory / "named";
 
     EXPECT_EQ(make().choose().label, "tools");
 }
@@ -49,7 +47,7 @@ TEST_F(PeripheralsTest, ToolsThatAreNamedAreReadEvenIfTheyAreNotThere)
 TEST_F(PeripheralsTest, EntriesThatAreNamedAreReadEvenBesideTheTools)
 {
     installSystemTools();
-    commandLine.sysfsRoot = QString::fromStdString(directory / "named");
+    commandLine.sysfsRoot = directory / "named";
 
     EXPECT_EQ(make().choose().label, "sysfs");
 }

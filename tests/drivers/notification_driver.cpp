@@ -11,7 +11,7 @@
 #include "alerting/notification_setup.h"
 #include "alerting/snooze_actions.h"
 #include "alerting/uuid.h"
-#include "app/platform_factory.h"
+#include "app/platform.h"
 #include "linux/environment_languages.h"
 #include "linux/qt_application.h"
 #include "linux/run_loop.h"

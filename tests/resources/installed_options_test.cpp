@@ -39,7 +39,8 @@ Options optionsIn(const QString& text)
 /// The options that the program explains: each line starts with its spellings.
 Options explained()
 {
-    const Options options = optionsIn(captures(usageText(), R"(^  (-.*?)  )").join('\n'));
+    const Options options =
+        optionsIn(captures(QString::fromStdString(usageText()), R"(^  (-.*?)  )").join('\n'));
     EXPECT_THAT(options, testing::IsSupersetOf({"-h", "--help", "--list", "--sysfs"}));
     return options;
 }

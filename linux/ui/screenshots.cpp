@@ -1,10 +1,7 @@
-#include "app/screenshots.h"
+#include "linux/ui/screenshots.h"
 
-#include "app/exit_status.h"
-
-#include "alerting/notification_delegate.h"
-#include "app/null_services.h"
-#include "app/peripherals.h"
+#include "app/services.h"
+#include "app/terminal.h"
 #include "linux/run_loop.h"
 #include "linux/ui/content_view.h"
 #include "linux/ui/snooze_alert_window.h"
@@ -12,16 +9,13 @@
 #include "linux/ui/theme.h"
 #include "linux/ui/tray_image.h"
 #include "model/battery_model.h"
-#include "posix/calendar.h"
-#include "posix/clock.h"
-#include "posix/memory_defaults.h"
-#include "posix/system_log.h"
 #include "snooze/snooze_alert.h"
 #include "texts/app_language.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QEventLoop>
+#include <QFile>
 #include <QPainter>
 
 #include <cstdint>
@@ -46,10 +40,8 @@ public:
 class Studio {
 public:
     explicit Studio(const CommandLine& commandLine)
-        : peripherals(commandLine, log)
-        , reader(std::make_shared<DeviceReader>([this] { return peripherals.choose(); }, clock))
-        , model({defaults, runLoop, clock, calendar, loginItems, notifications,
-                 notificationDelegate, alerts, log, reader})
+        : services(commandLine, Services::Reach::nothing, mainLoop)
+        , model(services.forModel())
     {
         BatteryModel::launchSettled = true;
         waitForReading();
@@ -62,18 +54,8 @@ public:
     }
 
     ChosenAppearance appearance;
-    SystemClock clock;
-    PosixCalendar calendar;
-    PosixSystemLog log;
-    QtRunLoop runLoop;
-    MemoryDefaults defaults;
-    NullLoginItems loginItems;
-    NullNotifications notifications;
-    NullApplication application;
-    NotificationDelegate notificationDelegate{runLoop, application};
-    NullAlerts alerts;
-    Peripherals peripherals;
-    std::shared_ptr<DeviceReader> reader;
+    QtRunLoop mainLoop;
+    Services services;
     BatteryModel model;
 
 private:
@@ -189,10 +171,10 @@ void drawAlerts(Studio& studio, const QString& suffix, Album& album)
 
 int drawScreenshots(const CommandLine& commandLine)
 {
-    QDir directory(commandLine.screenshotsDirectory);
+    QDir directory(QFile::decodeName(commandLine.screenshotsDirectory.c_str()));
     if (!directory.mkpath(".")) {
         std::fprintf(stderr, "voltmere: cannot make the directory %s\n",
-                     qPrintable(commandLine.screenshotsDirectory));
+                     commandLine.screenshotsDirectory.c_str());
         return exitStatus::cannotRun;
     }
     Studio studio(commandLine);

@@ -1,4 +1,4 @@
-#include "app/settings_report.h"
+#include "linux/settings_report.h"
 
 #include "model/settings.h"
 #include "posix/memory_defaults.h"

@@ -1,4 +1,4 @@
-#include "app/bus_instance.h"
+#include "linux/single_instance.h"
 
 #include "linux/activation_token.h"
 #include "ports/desktop.h"

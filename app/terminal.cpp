@@ -1,6 +1,4 @@
-#include "app/terminal_output.h"
-
-#include "app/exit_status.h"
+#include "app/terminal.h"
 
 #include <cerrno>
 #include <cstdio>

@@ -1,17 +1,13 @@
-#include "app/diagnose_command.h"
+#include "app/diagnosis.h"
 
-#include "app/desktop_services.h"
 #include "app/peripherals.h"
-#include "app/settings_location.h"
-#include "app/settings_report.h"
-#include "app/terminal_output.h"
+#include "app/platform.h"
+#include "app/terminal.h"
 #include "app/version.h"
 #include "devices/device_listing.h"
-#include "posix/system_log.h"
 #include "texts/plain_text.h"
 
-#include <QFileInfo>
-#include <QSysInfo>
+#include <cstdlib>
 
 namespace voltmere {
 
@@ -30,31 +26,13 @@ public:
     std::string lines;
 };
 
-std::string shownVariable(const char* name)
+void addVariables(Report& report)
 {
-    return qEnvironmentVariableIsSet(name) ? qgetenv(name).toStdString() : "(not set)";
-}
-
-void addVersions(Report& report)
-{
-    report.add("voltmere", version);
-    report.add("Qt", qVersion());
-    report.add("system",
-               (QSysInfo::prettyProductName() + ", " + QSysInfo::kernelType() + ' ' +
-                QSysInfo::kernelVersion())
-                   .toStdString());
     for (const char* const name :
          {"XDG_CURRENT_DESKTOP", "XDG_SESSION_TYPE", "QT_QPA_PLATFORM", "LANG", "LANGUAGE"}) {
-        report.add(name, shownVariable(name));
+        const char* const value = std::getenv(name);
+        report.add(name, value == nullptr ? "(not set)" : value);
     }
-}
-
-/// The user's home directory is part of the path, so it is named only on request.
-void addSettings(const CommandLine& commandLine, Report& report)
-{
-    const QString path = settingsPath();
-    const QString name = commandLine.verbose ? path : QFileInfo(path).fileName();
-    report.add("settings", name.toStdString() + ": " + describeSettingsFile(path));
 }
 
 std::string valueOr(const std::optional<std::int64_t>& number, const char* otherwise)
@@ -87,9 +65,8 @@ void addEntry(std::size_t number, const BatteryEntry& entry, const EntryVerdict&
     }
 }
 
-void addReading(const CommandLine& commandLine, Report& report)
+void addReading(const CommandLine& commandLine, SystemLog& log, Report& report)
 {
-    PosixSystemLog log;
     Peripherals peripherals(commandLine, log);
     const PeripheralSources sources = peripherals.choose();
     report.add("source", sources.label);
@@ -107,13 +84,15 @@ void addReading(const CommandLine& commandLine, Report& report)
 
 int diagnose(const CommandLine& commandLine)
 {
+    const auto mainLoop = makeMainLoop();
+    const auto log = makeSystemLog();
     Report report;
-    addVersions(report);
-    addSettings(commandLine, report);
-    for (const auto& [service, finding] : describeDesktopServices()) {
-        report.add(service, finding);
+    report.add("voltmere", version);
+    addVariables(report);
+    for (const Finding& finding : describeSystem(commandLine.verbose)) {
+        report.add(finding.subject, finding.text);
     }
-    addReading(commandLine, report);
+    addReading(commandLine, *log, report);
     return printAnswer(report.lines);
 }
 

@@ -15,7 +15,8 @@ struct Reading {
     std::int64_t threshold; ///< percent
 };
 
-/// A table for a person at a terminal: name, level, low or ok. Ends with a line feed.
+/// A table for a person at a terminal: level, low or ok, name. Ends with a line feed. The name
+/// stands last, so that no column depends on how wide a terminal draws its characters.
 std::string readingTable(const Reading& reading);
 
 /// One JSON object on one line, without a line feed. Its "status" is the line that the panel shows.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/single_instance.h"
+#include "ports/desktop.h"
 #include "ports/log.h"
 
 #include <QDBusAbstractAdaptor>

@@ -1,6 +1,6 @@
-#include "app/qt_start.h"
+#include "linux/ui/qt_start.h"
 
-#include "app/exit_status.h"
+#include "app/terminal.h"
 #include "texts/plain_text.h"
 
 #include <QByteArray>

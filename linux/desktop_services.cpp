@@ -1,4 +1,4 @@
-#include "app/desktop_services.h"
+#include "linux/desktop_services.h"
 
 #include "linux/bus_names.h"
 #include "linux/x_display.h"
@@ -14,8 +14,6 @@
 namespace voltmere {
 
 namespace {
-
-using Finding = std::pair<std::string, std::string>;
 
 constexpr int limit = 1000; // milliseconds
 
@@ -95,7 +93,7 @@ void addSession(const QDBusConnection& bus, std::vector<Finding>& findings)
 void addSystem(const QDBusConnection& bus, std::vector<Finding>& findings)
 {
     if (!bus.isConnected()) {
-        findings.emplace_back("system bus", "missing: no Bluetooth names");
+        findings.push_back({"system bus", "missing: no Bluetooth names"});
         return;
     }
     findings.insert(

@@ -1,0 +1,99 @@
+#include "app/terminal_commands.h"
+
+#include "app/platform.h"
+#include "app/report.h"
+#include "app/services.h"
+#include "app/terminal.h"
+#include "model/settings.h"
+#include "texts/l10n.h"
+
+#include <utility>
+
+namespace voltmere {
+
+namespace {
+
+/// The model with nothing behind it but the reading, and a line on standard output in front.
+class Watch {
+public:
+    Watch(const CommandLine& commandLine, MainLoop& mainLoop)
+        : commandLine(commandLine)
+        , services(commandLine, Services::Reach::settings, mainLoop)
+        , model(services.forModel())
+        , change(model.objectWillChange.subscribe([this] { printSoon(); }))
+    {
+        BatteryModel::launchSettled = true;
+    }
+
+    int run()
+    {
+        MainLoop& mainLoop = services.mainLoop;
+        // Without it the end of the reader is noticed at the next change only, maybe days later.
+        const auto outputWatch = watchForClosedOutput([&mainLoop] { mainLoop.stop(0); });
+        const int status = mainLoop.run();
+        services.endWhileBusy(status);
+        return status;
+    }
+
+private:
+    /// Once per turn of the run loop. Changes are announced before they are made.
+    void printSoon()
+    {
+        if (!std::exchange(printsSoon, true)) {
+            services.mainLoop.postToMain([this] {
+                printsSoon = false;
+                print();
+            });
+        }
+    }
+
+    /// The last reading by the settings of now. Nothing before the first one, and no line twice.
+    void print()
+    {
+        if (!model.lastChecked.get()) {
+            return;
+        }
+        // A panel elsewhere may have changed them.
+        const auto present = services.openSettings();
+        L10n::loadSetting(*present);
+        const Reading reading{services.peripherals.choose().label, model.devices,
+                              stored(*present, settings::threshold)};
+        const std::string line = commandLine.format == CommandLine::Format::waybar
+            ? readingWaybar(reading)
+            : readingJson(reading);
+        if (line == lastLine) {
+            return;
+        }
+        lastLine = line;
+        if (const int status = printAnswer(line + '\n'); status != 0) {
+            services.mainLoop.stop(status);
+        }
+    }
+
+    const CommandLine commandLine;
+    std::string lastLine;
+    bool printsSoon = false;
+    Services services;
+    BatteryModel model;
+    Subscription change;
+};
+
+} // namespace
+
+int listPeripherals(const CommandLine& commandLine)
+{
+    const auto mainLoop = makeMainLoop();
+    Services services(commandLine, Services::Reach::settings, *mainLoop);
+    L10n::loadSetting(*services.defaults);
+    const Reading reading{services.peripherals.choose().label, services.reader->readDevices(false),
+                          stored(*services.defaults, settings::threshold)};
+    return printAnswer(commandLine.json ? readingJson(reading) + '\n' : readingTable(reading));
+}
+
+int watchPeripherals(const CommandLine& commandLine)
+{
+    const auto mainLoop = makeMainLoop();
+    return Watch(commandLine, *mainLoop).run();
+}
+
+} // namespace voltmere

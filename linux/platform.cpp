@@ -1,0 +1,141 @@
+#include "app/platform.h"
+
+#include "app/terminal.h"
+#include "linux/autostart_login_item.h"
+#include "linux/bluez_name_source.h"
+#include "linux/desktop_notifications.h"
+#include "linux/desktop_services.h"
+#include "linux/environment_languages.h"
+#include "linux/installation.h"
+#include "linux/qt_defaults.h"
+#include "linux/run_loop.h"
+#include "linux/settings_report.h"
+#include "linux/sysfs_battery_source.h"
+#include "posix/system_log.h"
+#include "texts/l10n.h"
+#include "texts/plain_text.h"
+#include "texts/utf8.h"
+
+#include <QFileInfo>
+#include <QSocketNotifier>
+#include <QStandardPaths>
+#include <QSysInfo>
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <utility>
+
+namespace voltmere {
+
+namespace {
+
+AutostartProgram thisProgram()
+{
+    // A start-up entry is UTF-8 throughout; no other path can stand in it.
+    std::string file = runningProgram();
+    if (!isValidUtf8(file)) {
+        file.clear();
+    }
+    return {.file = std::move(file),
+            .names = {{"", std::string(L10n::en().at("app.name"))},
+                      {"zh", std::string(L10n::zh().at("app.name"))}}};
+}
+
+/// A program that is not installed has no icon in the theme; the second name every theme has
+/// (Icon Naming Specification 0.8.90, "Status icons").
+std::string applicationIcon()
+{
+    return terminalProgram().parent_path().filename() == "bin" ? applicationId : "battery-low";
+}
+
+QString settingsPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+        "/voltmere/settings.json";
+}
+
+} // namespace
+
+std::unique_ptr<MainLoop> makeMainLoop()
+{
+    return std::make_unique<QtRunLoop>();
+}
+
+int runFrontEnd(const CommandLine& /*commandLine*/, char** words)
+{
+    const std::string program = desktopProgram();
+    ::execv(program.c_str(), words);
+    std::fprintf(stderr, "voltmere: the windows cannot be started (%s: %s); install it again\n",
+                 plainText(program).c_str(), std::strerror(errno));
+    return exitStatus::cannotRun;
+}
+
+std::unique_ptr<SystemLog> makeSystemLog()
+{
+    return std::make_unique<PosixSystemLog>();
+}
+
+std::unique_ptr<PreferredLanguages> makePreferredLanguages()
+{
+    return std::make_unique<EnvironmentLanguages>();
+}
+
+std::unique_ptr<DefaultsStore> openUserSettings(SettingsUse use, SystemLog& log)
+{
+    return std::make_unique<QtDefaults>(openJsonSettings(settingsPath(), use, log), log);
+}
+
+std::unique_ptr<LoginItemService> makeLoginItemService()
+{
+    return std::make_unique<AutostartLoginItem>(thisProgram(), readAutostartSession());
+}
+
+std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& runLoop, const Clock& clock,
+                                                           SystemLog& log)
+{
+    DesktopNotificationsSetup setup{.bus = QDBusConnection::sessionBus(),
+                                    .applicationName = [] { return L10n::t("app.name"); },
+                                    .applicationIcon = &applicationIcon,
+                                    .remindersFile = userRemindersPath()};
+    return std::make_unique<DesktopNotifications>(std::move(setup), runLoop, clock, log);
+}
+
+SystemSources makeSystemSources(const std::filesystem::path& root)
+{
+    return {"sysfs", std::make_unique<SysfsBatterySource>(root),
+            std::make_unique<BluezNameSource>()};
+}
+
+std::string demoToolsDirectory()
+{
+    return demoDirectory();
+}
+
+std::vector<Finding> describeSystem(bool verbose)
+{
+    const QString path = settingsPath();
+    // The user's home directory is part of the path.
+    const QString name = verbose ? path : QFileInfo(path).fileName();
+    const QString system = QSysInfo::prettyProductName() + ", " + QSysInfo::kernelType() + ' ' +
+        QSysInfo::kernelVersion();
+    std::vector<Finding> findings{
+        {"Qt", qVersion()},
+        {"system", system.toStdString()},
+        {"settings", name.toStdString() + ": " + describeSettingsFile(path)}};
+    const std::vector<Finding> services = describeDesktopServices();
+    findings.insert(findings.end(), services.begin(), services.end());
+    return findings;
+}
+
+std::shared_ptr<void> watchForClosedOutput(std::function<void()> action)
+{
+    auto notifier = std::make_shared<QSocketNotifier>(STDOUT_FILENO, QSocketNotifier::Exception);
+    QObject::connect(notifier.get(), &QSocketNotifier::activated, notifier.get(),
+                     std::move(action));
+    return notifier;
+}
+
+} // namespace voltmere

@@ -1,0 +1,129 @@
+#include "linux/ui/front_end.h"
+
+#include "linux/qt_application.h"
+#include "linux/qt_pointer.h"
+#include "linux/tray_host_watcher.h"
+#include "linux/ui/content_view.h"
+#include "linux/ui/no_tray_panel.h"
+#include "linux/ui/panel_controller.h"
+#include "linux/ui/status_label.h"
+#include "linux/ui/theme.h"
+#include "linux/ui/tray_image.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QPixmapCache>
+#include <QWidget>
+
+namespace voltmere {
+
+namespace {
+
+/// At login the panel of the desktop may start after the programs. Later than this there is none.
+constexpr Seconds longestTrayStart{15};
+
+/// Qt keeps every picture that an icon was ever asked for, up to this limit, by default 10 MiB. The
+/// icon is drawn anew at each reading, so a small limit is what the old pictures may take.
+constexpr int pictureCacheLimit = 256; // KiB
+
+/// The icon as soon as there is a tray, and the panel: beside the icon, or as a window where no
+/// tray has come.
+class QtScene : public Scene {
+public:
+    QtScene(BatteryModel& model, PortalAppearance& appearance, MainLoop& mainLoop, SystemLog& log)
+        : model(model)
+        , appearance(appearance)
+        , mainLoop(mainLoop)
+        , log(log)
+        , panel([this] { return makePanel(); })
+        , trayDeadline(mainLoop.scheduleOnce(longestTrayStart, [this] { giveUpOnTray(); }))
+        , trayWatch([this] { showIcon(); })
+    {
+        QPixmapCache::setCacheLimit(pictureCacheLimit);
+        followAppearance();
+        appearance.onChange([this] { followAppearance(); });
+    }
+
+    ~QtScene() override { appearance.onChange({}); }
+
+    QtScene(const QtScene&) = delete;
+    QtScene& operator=(const QtScene&) = delete;
+
+    void openPanel() override { panel.open(icon ? icon->place() : QRect()); }
+
+private:
+    void quit() { mainLoop.stop(0); }
+
+    void giveUpOnTray()
+    {
+        log.write("Voltmere: this desktop has no tray yet; the panel opens as a window, and "
+                  "whenever the program is started again");
+        panel.setOrdinaryWindow(true);
+        panel.open();
+    }
+
+    void showIcon()
+    {
+        trayDeadline.reset();
+        panel.setOrdinaryWindow(false);
+        icon = std::make_unique<StatusLabel>(
+            model,
+            StatusLabel::Behaviour{
+                .picture =
+                    [maker = TrayIconMaker()](const auto& devices, auto threshold) mutable {
+                        return maker.make(devices, threshold);
+                    },
+                .toggle = [this](const QRect& place) { panel.toggle(place); },
+                .open = [this](const QRect& place) { panel.open(place); },
+                .quit = [this] { quit(); }});
+    }
+
+    void followAppearance() const
+    {
+        applyPalette(appearance.bestMatch());
+        // The desktop's own palette may have changed before the scheme was known: red differs
+        // still.
+        for (QWidget* const window : QApplication::topLevelWidgets()) {
+            QEvent change(QEvent::PaletteChange);
+            QApplication::sendEvent(window, &change);
+        }
+    }
+
+    std::unique_ptr<QWidget> makePanel()
+    {
+        auto view = std::make_unique<ContentView>(model, appearance, [this] { quit(); });
+        if (panel.isOrdinaryWindow()) {
+            return std::make_unique<NoTrayPanel>(model, std::move(view));
+        }
+        return view;
+    }
+
+    BatteryModel& model;
+    PortalAppearance& appearance;
+    MainLoop& mainLoop;
+    SystemLog& log;
+    PanelController panel;
+    std::unique_ptr<Timer> trayDeadline;
+    TrayHostWatcher trayWatch;
+    std::unique_ptr<StatusLabel> icon;
+};
+
+} // namespace
+
+QtFrontEnd::QtFrontEnd(MainLoop& mainLoop, SystemLog& log)
+    : mainLoop(mainLoop)
+    , log(log)
+    , pointer(std::make_unique<QtPointer>())
+    , qtApplication(std::make_unique<QtApplication>())
+    , presenter(std::make_unique<SnoozeAlertPresenter>(appearance, *pointer, mainLoop))
+{
+}
+
+QtFrontEnd::~QtFrontEnd() = default;
+
+std::unique_ptr<Scene> QtFrontEnd::show(BatteryModel& model)
+{
+    return std::make_unique<QtScene>(model, appearance, mainLoop, log);
+}
+
+} // namespace voltmere

@@ -1,0 +1,65 @@
+// The program with the windows. "voltmere" has read the command line already and starts this one
+// for what needs them.
+
+#include "app/command_line.h"
+#include "app/terminal.h"
+#include "app/version.h"
+#include "app/voltmere_app.h"
+#include "linux/ending_signals.h"
+#include "linux/run_loop.h"
+#include "linux/single_instance.h"
+#include "linux/ui/display_problem.h"
+#include "linux/ui/front_end.h"
+#include "linux/ui/qt_start.h"
+#include "linux/ui/screenshots.h"
+#include "texts/plain_text.h"
+
+#include <QApplication>
+
+#include <cstdio>
+
+namespace {
+
+using voltmere::CommandLine;
+
+int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
+{
+    if (const auto problem = voltmere::displayProblem()) {
+        std::fprintf(stderr, "voltmere: %s\n", voltmere::plainText(*problem).c_str());
+        return voltmere::exitStatus::cannotRun;
+    }
+    const auto application = voltmere::startQt(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setDesktopFileName(voltmere::applicationId);
+    const auto log = voltmere::makeSystemLog();
+    voltmere::BusInstance instance(*log);
+    if (!commandLine.demo && instance.start() == voltmere::SingleInstance::Role::later) {
+        return 0;
+    }
+    const voltmere::EndingSignals endingSignals(&QCoreApplication::quit);
+    voltmere::QtRunLoop mainLoop;
+    voltmere::QtFrontEnd frontEnd(mainLoop, *log);
+    voltmere::VoltmereApp program(commandLine, mainLoop, frontEnd);
+    instance.onActivation([&program] { program.openPanel(); });
+    return program.run();
+}
+
+int drawScreenshots(const CommandLine& commandLine, int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const auto application = voltmere::startQt(argc, argv);
+    return voltmere::drawScreenshots(commandLine);
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication::setApplicationName("voltmere");
+    QCoreApplication::setApplicationVersion(voltmere::version);
+    const auto parsed = voltmere::parseCommandLine(std::vector<std::string>(argv, argv + argc));
+    const auto& commandLine = std::get<CommandLine>(parsed);
+    return commandLine.action == CommandLine::Action::screenshots
+        ? drawScreenshots(commandLine, argc, argv)
+        : runInMenuBar(commandLine, argc, argv);
+}
