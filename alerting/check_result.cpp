@@ -28,19 +28,18 @@ std::vector<BatteryDevice> devicesToAlert(const std::vector<BatteryDevice>& devi
 CheckVerdict evaluateCheck(const std::vector<BatteryDevice>& devices,
                            const std::set<std::int64_t>& alertedIDs, const CheckRules& rules)
 {
-    CheckVerdict verdict;
-    verdict.alertedIDs = alertedIDs;
+    std::set<std::int64_t> alerted = alertedIDs;
     for (const BatteryDevice& device : devices) {
         if (!isLow(device, rules.threshold)) {
-            verdict.alertedIDs.erase(device.id);
+            alerted.erase(device.id);
         }
     }
-    verdict.toAlert = devicesToAlert(devices, verdict.alertedIDs, rules);
-    for (const BatteryDevice& device : verdict.toAlert) {
-        verdict.alertedIDs.insert(device.id);
+    std::vector<BatteryDevice> toAlert = devicesToAlert(devices, alerted, rules);
+    for (const BatteryDevice& device : toAlert) {
+        alerted.insert(device.id);
     }
-    verdict.logsAlert = !rules.alert && !verdict.toAlert.empty();
-    return verdict;
+    const bool logsAlert = !rules.alert && !toAlert.empty();
+    return {std::move(alerted), std::move(toAlert), logsAlert};
 }
 
 std::string instantAlertLogLine(const std::vector<BatteryDevice>& devices)

@@ -21,7 +21,7 @@ struct CheckRules {
 struct CheckVerdict {
     std::set<std::int64_t> alertedIDs;  ///< the devices already reminded of, after this reading
     std::vector<BatteryDevice> toAlert; ///< whom to remind of now; nobody when empty
-    bool logsAlert = false;             ///< whether the reminder is written to the system log
+    bool logsAlert;                     ///< whether the reminder is written to the system log
 
     bool operator==(const CheckVerdict&) const = default;
 };

@@ -51,7 +51,7 @@ std::optional<std::int64_t> leadingInt(std::string_view text)
         }
         run += scalar.length;
     }
-    std::int64_t number = 0;
+    std::int64_t number{};
     const auto [after, error] = std::from_chars(text.data(), text.data() + run, number);
     if (error != std::errc{} || after != text.data() + run) {
         return std::nullopt;
@@ -89,11 +89,9 @@ BatteryEntry parseBlock(std::string_view block)
         entry.level = intIn(batteryLevel, block);
     }
     entry.product = intIn(productID, block);
-    if (entry.level && entry.product) {
-        entry.address = quotedTextIn(serialNumber, block);
-        if (!entry.address) {
-            entry.address = quotedTextIn(deviceAddress, block);
-        }
+    entry.address = quotedTextIn(serialNumber, block);
+    if (!entry.address) {
+        entry.address = quotedTextIn(deviceAddress, block);
     }
     return entry;
 }

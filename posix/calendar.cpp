@@ -44,14 +44,10 @@ std::optional<std::time_t> secondShowing(const std::tm& wanted, int summerTime)
 /// itself takes the one nearer to what it was asked before: the first is taken here, always.
 std::optional<Instant> made(const std::tm& wanted)
 {
-    ::tzset();
     std::tm moved = wanted;
     const auto winter = secondShowing(wanted, 0);
     const auto summer = secondShowing(wanted, 1);
-    const auto second = winter && summer ? std::min(*winter, *summer)
-        : winter                         ? winter
-        : summer                         ? summer
-                                         : secondOf(moved, -1);
+    const auto second = winter && summer ? std::min(*winter, *summer) : secondOf(moved, -1);
     return second ? std::optional(std::chrono::system_clock::from_time_t(*second)) : std::nullopt;
 }
 

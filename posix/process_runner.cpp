@@ -32,11 +32,8 @@ bool openPipe(int (&ends)[2])
         return false;
     }
     // The most that a user without privileges may ask for by default. Where an administrator
-    // lowered it, smaller sizes are tried.
-    constexpr int largest = 1 << 20;
-    constexpr int usual = 1 << 16;
-    for (int size = largest; size > usual && ::fcntl(ends[1], F_SETPIPE_SZ, size) < 0; size /= 2) {
-    }
+    // lowered it, the pipe keeps its usual 64 KiB.
+    ::fcntl(ends[1], F_SETPIPE_SZ, 1 << 20);
     return true;
 }
 #else
@@ -76,7 +73,6 @@ public:
         sigfillset(&all);
         ::posix_spawnattr_setsigmask(&attributes, &none);
         ::posix_spawnattr_setsigdefault(&attributes, &all);
-        ::posix_spawnattr_setpgroup(&attributes, 0);
         int flags = POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
 #ifdef POSIX_SPAWN_CLOEXEC_DEFAULT
         flags |= POSIX_SPAWN_CLOEXEC_DEFAULT;
@@ -113,7 +109,6 @@ public:
 std::vector<char*> pointersTo(const std::vector<std::string>& texts)
 {
     std::vector<char*> pointers;
-    pointers.reserve(texts.size() + 1);
     for (const std::string& text : texts) {
         pointers.push_back(const_cast<char*>(text.c_str()));
     }
@@ -128,8 +123,7 @@ bool exitsWithin(std::chrono::milliseconds limit, pid_t pid)
     constexpr std::chrono::milliseconds interval(5);
     const auto deadline = std::chrono::steady_clock::now() + limit;
     for (;;) {
-        const pid_t exited = ::waitpid(pid, nullptr, WNOHANG);
-        if (exited == pid || (exited < 0 && errno != EINTR)) {
+        if (::waitpid(pid, nullptr, WNOHANG) != 0) {
             return true;
         }
         if (std::chrono::steady_clock::now() >= deadline) {
@@ -138,8 +132,7 @@ bool exitsWithin(std::chrono::milliseconds limit, pid_t pid)
         std::this_thread::sleep_for(interval);
     }
     ::kill(-pid, SIGKILL);
-    ::kill(pid, SIGKILL); // in case it has left its group
-    while (::waitpid(pid, nullptr, 0) < 0 && errno == EINTR) { }
+    ::waitpid(pid, nullptr, 0);
     return false;
 }
 
@@ -148,14 +141,11 @@ std::string readAvailable(const Pipe& pipe)
 {
     std::string output;
     std::array<char, 65536> buffer{};
-    for (;;) {
-        const ssize_t count = ::read(pipe.readEnd.get(), buffer.data(), buffer.size());
-        if (count > 0) {
-            output.append(buffer.data(), static_cast<std::size_t>(count));
-        } else if (count == 0 || errno != EINTR) {
-            return output;
-        }
+    ssize_t count = 0;
+    while ((count = ::read(pipe.readEnd.get(), buffer.data(), buffer.size())) > 0) {
+        output.append(buffer.data(), static_cast<std::size_t>(count));
     }
+    return output;
 }
 
 std::string wholeLines(std::string text)
@@ -170,7 +160,7 @@ std::string wholeLines(std::string text)
 PosixProcessRunner::PosixProcessRunner(SystemLog& log)
     : log(log)
 {
-    for (char* const* variable = environ; variable != nullptr && *variable != nullptr; ++variable) {
+    for (char* const* variable = environ; *variable != nullptr; ++variable) {
         environment.emplace_back(*variable);
     }
 }
@@ -178,12 +168,12 @@ PosixProcessRunner::PosixProcessRunner(SystemLog& log)
 std::string PosixProcessRunner::run(const ProcessRequest& request)
 {
     const bool swallows = request.errorOutput == ProcessRequest::ErrorOutput::swallowed;
-    Pipe output = openLargePipe();
-    const Pipe complaints = swallows ? openLargePipe() : Pipe{};
-    if (!output.writeEnd || (swallows && !complaints.writeEnd)) {
+    const Pipe output = openLargePipe();
+    if (!output.writeEnd) {
         reportFailure(request.executable, errno);
         return {};
     }
+    const Pipe complaints = openLargePipe();
     SpawnSettings settings;
     settings.inherit(STDIN_FILENO);
     settings.redirect(STDOUT_FILENO, output);
@@ -195,11 +185,10 @@ std::string PosixProcessRunner::run(const ProcessRequest& request)
 
     std::vector<std::string> words{request.executable};
     words.insert(words.end(), request.arguments.begin(), request.arguments.end());
-    pid_t pid = 0;
+    pid_t pid{};
     const int error =
         ::posix_spawn(&pid, request.executable.c_str(), &settings.actions, &settings.attributes,
                       pointersTo(words).data(), pointersTo(environment).data());
-    output.writeEnd.reset();
     if (error != 0) {
         reportFailure(request.executable, error);
         return {};

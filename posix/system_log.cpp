@@ -11,11 +11,6 @@ PosixSystemLog::PosixSystemLog()
     ::openlog("voltmere", LOG_PERROR, LOG_USER);
 }
 
-PosixSystemLog::~PosixSystemLog()
-{
-    ::closelog();
-}
-
 void PosixSystemLog::write(std::string_view line)
 {
     ::syslog(LOG_NOTICE, "%s", plainText(line).c_str());

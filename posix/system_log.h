@@ -4,14 +4,11 @@
 
 namespace voltmere {
 
-/// syslog(3) under the name "voltmere", with a copy on standard error.
+/// syslog(3) under the name "voltmere", with a copy on standard error. The
+/// connection lasts as long as the process.
 class PosixSystemLog : public SystemLog {
 public:
     PosixSystemLog();
-    ~PosixSystemLog() override;
-    PosixSystemLog(const PosixSystemLog&) = delete;
-    PosixSystemLog& operator=(const PosixSystemLog&) = delete;
-
     void write(std::string_view line) override;
 };
 

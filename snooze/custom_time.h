@@ -6,8 +6,8 @@ namespace voltmere {
 
 /// A time of day, as the reminder's last row offers it.
 struct ClockTime {
-    int hour = 0;   ///< 0 to 23
-    int minute = 0; ///< 0 to 59
+    int hour;   ///< 0 to 23
+    int minute; ///< 0 to 59
 
     bool operator==(const ClockTime&) const = default;
 };

@@ -17,7 +17,9 @@ namespace voltmere {
 namespace {
 
 using testing::AnyOf;
+using testing::Contains;
 using testing::HasSubstr;
+using testing::Not;
 using testing::SizeIs;
 
 // What the program does where the system has nothing left to give.
@@ -58,6 +60,8 @@ TEST(ScarcityTest, WithoutFileDescriptorsAToolWroteNothingAndNothingLeaks)
         }
         EXPECT_EQ(runner.run(childThatSays("x", errors)), "x");
     }
+    EXPECT_THAT(log.lines, Contains(HasSubstr("(Too many open files)")));
+    EXPECT_THAT(log.lines, Not(Contains(HasSubstr("(Bad file descriptor)"))));
 }
 
 TEST(ScarcityTest, WithoutFileDescriptorsTheKernelsEntriesComeBackLater)

@@ -14,6 +14,7 @@
 
 #include <atomic>
 #include <cerrno>
+#include <ctime>
 #include <thread>
 
 namespace voltmere {
@@ -64,7 +65,9 @@ std::size_t openDescriptors()
 TEST(FileDescriptorTest, NumberZeroIsClosedLikeAnyOther)
 {
     const int saved = ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 3);
-    FileDescriptor(STDIN_FILENO).reset();
+    FileDescriptor input(STDIN_FILENO);
+    EXPECT_TRUE(input);
+    input.reset();
     EXPECT_EQ(::fcntl(STDIN_FILENO, F_GETFD), -1);
     ::dup2(saved, STDIN_FILENO);
     ::close(saved);
@@ -293,9 +296,21 @@ TEST_F(PosixProcessRunnerTest, TheChildsOwnChildIsEndedWithIt)
     EXPECT_TRUE(lifeLine.isLetGoWithin(10s));
 }
 
-TEST_F(PosixProcessRunnerTest, AChildThatLeftItsGroupIsEndedAtTheLimit)
+TEST_F(PosixProcessRunnerTest, WaitingForAChildTakesNextToNoProcessorTime)
 {
-    EXPECT_EQ(outputOfEnded({"hang-outside-group"}), "left");
+    const auto began = std::chrono::steady_clock::now();
+    const std::clock_t used = std::clock();
+    outputOfEnded({"hang"});
+    const std::chrono::duration<double> lasted = std::chrono::steady_clock::now() - began;
+
+    EXPECT_LT(static_cast<double>(std::clock() - used) / CLOCKS_PER_SEC, lasted.count() / 4);
+}
+
+TEST_F(PosixProcessRunnerTest, AChildThatWasEndedIsReaped)
+{
+    outputOfEnded({"hang"});
+
+    EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
 }
 
 TEST_F(PosixProcessRunnerTest, AChildThatClosedItsOutputIsWaitedForAllTheSame)

@@ -151,9 +151,6 @@ int behave(const Arguments& arguments)
         writeAll(STDOUT_FILENO, "\"BatteryPercent\" = 10");
         writeAll(::open(arguments.at(1).c_str(), O_WRONLY), "written");
         hang();
-    } else if (mode == "hang-outside-group") {
-        writeAll(STDOUT_FILENO, ::setpgid(0, ::getpgid(::getppid())) == 0 ? "left\n" : "stayed\n");
-        hang();
     } else if (mode == "hang-with-child") {
         writeAll(STDOUT_FILENO, std::to_string(startHolder(arguments.at(1))) + '\n');
         hang();
