@@ -2,15 +2,13 @@
 
 #include "app/desktop_services.h"
 #include "app/peripherals.h"
-#include "app/settings_location.h"
-#include "app/settings_report.h"
 #include "app/terminal_output.h"
 #include "app/version.h"
 #include "devices/device_listing.h"
+#include "linux/settings.h"
 #include "posix/system_log.h"
 #include "texts/plain_text.h"
 
-#include <QFileInfo>
 #include <QSysInfo>
 
 namespace voltmere {
@@ -52,9 +50,9 @@ void addVersions(Report& report)
 /// The user's home directory is part of the path, so it is named only on request.
 void addSettings(const CommandLine& commandLine, Report& report)
 {
-    const QString path = settingsPath();
-    const QString name = commandLine.verbose ? path : QFileInfo(path).fileName();
-    report.add("settings", name.toStdString() + ": " + describeSettingsFile(path));
+    const std::filesystem::path path = settingsPath();
+    const std::filesystem::path name = commandLine.verbose ? path : path.filename();
+    report.add("settings", name.string() + ": " + describeSettingsFile(path));
 }
 
 std::string valueOr(const std::optional<std::int64_t>& number, const char* otherwise)

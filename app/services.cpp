@@ -2,7 +2,7 @@
 
 #include "app/null_services.h"
 #include "app/platform_factory.h"
-#include "app/settings_location.h"
+#include "linux/settings.h"
 #include "texts/l10n.h"
 
 namespace voltmere {

@@ -5,9 +5,9 @@
 #include "app/peripherals.h"
 #include "app/platform_factory.h"
 #include "app/reading_report.h"
-#include "app/settings_location.h"
 #include "app/terminal_output.h"
 #include "linux/run_loop.h"
+#include "linux/settings.h"
 #include "linux/ui/redraw_scheduler.h"
 #include "model/battery_model.h"
 #include "model/settings.h"
@@ -63,7 +63,7 @@ private:
             return;
         }
         // A panel elsewhere may have changed them.
-        const auto present = openSettings(commandLine.demo, SettingsUse::readOnly, log);
+        const auto present = openSettings(commandLine.demo, SettingsUse::readOnly, silence);
         L10n::loadSetting(*present);
         const Reading reading{peripherals.choose().label, model.devices,
                               stored(*present, settings::threshold)};

@@ -36,6 +36,8 @@ if(NOT APPLE)
     linux/desktop_entry.cpp
     linux/environment_languages.cpp
     linux/hid_uevent.cpp
+    linux/json_file.cpp
+    linux/settings.cpp
     linux/sysfs_battery_source.cpp)
 endif()
 
@@ -45,4 +47,8 @@ if(VOLTMERE_SANITIZE MATCHES undefined)
 endif()
 
 target_link_libraries(voltmere_core PUBLIC Threads::Threads)
+if(NOT APPLE)
+  find_package(nlohmann_json 3.10 REQUIRED)
+  target_link_libraries(voltmere_core PRIVATE nlohmann_json::nlohmann_json)
+endif()
 voltmere_target(voltmere_core)

@@ -8,13 +8,11 @@ add_library(voltmere_ui STATIC
   linux/damaged_file.cpp
   linux/desktop_notifications.cpp
   linux/ending_signals.cpp
-  linux/json_settings.cpp
   linux/notification_daemon.cpp
   linux/notify_call.cpp
   linux/pending_reminders.cpp
   linux/portal_appearance.cpp
   linux/qt_application.cpp
-  linux/qt_defaults.cpp
   linux/qt_pointer.cpp
   linux/run_loop.cpp
   linux/reminder_json.cpp
@@ -86,8 +84,6 @@ add_library(voltmere_app STATIC
   app/reading_report.cpp
   app/screenshots.cpp
   app/services.cpp
-  app/settings_location.cpp
-  app/settings_report.cpp
   app/system_sources.cpp
   app/terminal_output.cpp
   app/terminal_width.cpp

@@ -19,21 +19,22 @@ manager=$(package_manager)
 packages() {
   case "$manager $1" in
     # Qt 6.5 and later load the X11 platform only with xcb-cursor.
-    "apt-get building") echo g++ cmake ninja-build qt6-base-dev qt6-svg-dev libxcb1-dev \
-      libxcb-cursor0 pkg-config ;;
+    "apt-get building") echo g++ cmake ninja-build nlohmann-json3-dev qt6-base-dev qt6-svg-dev \
+      libxcb1-dev libxcb-cursor0 pkg-config ;;
     "apt-get testing") echo libgtest-dev libgmock-dev dbus fonts-dejavu-core fonts-wqy-microhei \
       tzdata appstream desktop-file-utils at-spi2-core dbus-bin dbus-daemon dunst \
       gir1.2-atspi-2.0 imagemagick libfaketime libx11-6 openbox python3 python3-dbusmock \
       python3-gi trayer util-linux x11-utils xdotool xfce4-panel xfconf xvfb ;;
-    "dnf building") echo gcc-c++ cmake ninja-build qt6-qtbase-devel qt6-qtsvg-devel libxcb-devel \
-      xcb-util-cursor pkgconf-pkg-config ;;
+    "dnf building") echo gcc-c++ cmake ninja-build json-devel qt6-qtbase-devel qt6-qtsvg-devel \
+      libxcb-devel xcb-util-cursor pkgconf-pkg-config ;;
     "dnf testing") echo gtest-devel gmock-devel dbus-daemon dejavu-sans-fonts wqy-microhei-fonts \
       tzdata appstream desktop-file-utils python3 ;;
-    "pacman building") echo base-devel cmake ninja qt6-base qt6-svg libxcb xcb-util-cursor ;;
+    "pacman building") echo base-devel cmake ninja nlohmann-json qt6-base qt6-svg libxcb \
+      xcb-util-cursor ;;
     "pacman testing") echo gtest dbus ttf-dejavu wqy-microhei tzdata appstream \
       desktop-file-utils python ;;
-    "zypper building") echo gcc-c++ cmake ninja qt6-base-devel qt6-svg-devel libxcb-devel \
-      libxcb-cursor0 pkgconf-pkg-config ;;
+    "zypper building") echo gcc-c++ cmake ninja nlohmann_json-devel qt6-base-devel qt6-svg-devel \
+      libxcb-devel libxcb-cursor0 pkgconf-pkg-config ;;
     "zypper testing") echo gtest gmock dbus-1-daemon dejavu-fonts wqy-microhei-fonts timezone \
       AppStream desktop-file-utils python3 ;;
     "apt-get wayland" | "pacman wayland") echo qt6-wayland ;;
@@ -92,8 +93,9 @@ need_for() {
   if [ -z "$manager" ]; then
     cat >&2 <<END
 This script installs with apt-get, dnf, pacman, zypper or Homebrew, and none of them is here.
-Install a C++20 compiler, CMake 3.25, Ninja, pkg-config, the headers of libxcb, libxcb-cursor, Qt 6.4
-or later (Core, Gui, Widgets, DBus, Svg) and, for the tests, GoogleTest with GoogleMock. Then build:
+Install a C++20 compiler, CMake 3.25, Ninja, pkg-config, the headers of libxcb and nlohmann/json 3.10,
+libxcb-cursor, Qt 6.4 or later (Core, Gui, Widgets, DBus, Svg) and, for the tests, GoogleTest with
+GoogleMock. Then build:
   cmake -S . -B build -G Ninja -DCMAKE_UNITY_BUILD=ON && cmake --build build
 END
     exit 1
