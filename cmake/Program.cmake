@@ -5,6 +5,7 @@ configure_file(app/version.h.in generated/app/version.h @ONLY)
 
 add_library(voltmere_ui STATIC
   linux/bluez_name_source.cpp
+  linux/bus_call.cpp
   linux/damaged_file.cpp
   linux/desktop_notifications.cpp
   linux/ending_signals.cpp

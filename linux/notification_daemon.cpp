@@ -1,6 +1,6 @@
 #include "linux/notification_daemon.h"
 
-#include "linux/bus_names.h"
+#include "linux/bus_call.h"
 
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>

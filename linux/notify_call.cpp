@@ -1,6 +1,6 @@
 #include "linux/notify_call.h"
 
-#include "linux/bus_names.h"
+#include "linux/bus_call.h"
 #include "ports/desktop.h"
 #include "texts/plain_text.h"
 
