@@ -2,9 +2,9 @@
 
 #include "app/bus_instance.h"
 #include "linux/autostart_login_item.h"
-#include "linux/desktop_notifications.h"
 #include "linux/environment.h"
 #include "linux/environment_languages.h"
+#include "linux/notifications.h"
 #include "linux/portal_appearance.h"
 #include "linux/qt_application.h"
 #include "linux/tray_host_watcher.h"
@@ -17,6 +17,7 @@
 #include "texts/l10n.h"
 #include "texts/utf8.h"
 
+#include <QDBusConnection>
 #include <QIcon>
 
 #include <string>
@@ -113,11 +114,8 @@ std::unique_ptr<SystemLog> makeSystemLog()
 std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& runLoop, const Clock& clock,
                                                            SystemLog& log)
 {
-    DesktopNotificationsSetup setup{.bus = QDBusConnection::sessionBus(),
-                                    .applicationName = [] { return L10n::t("app.name"); },
-                                    .applicationIcon = &applicationIcon,
-                                    .remindersFile = userRemindersPath()};
-    return std::make_unique<DesktopNotifications>(std::move(setup), runLoop, clock, log);
+    return std::make_unique<DesktopNotifications>(QDBusConnection::sessionBus(), applicationIcon(),
+                                                  delayedNotificationsPath(), runLoop, clock, log);
 }
 
 std::unique_ptr<LoginItemService> makeLoginItemService()

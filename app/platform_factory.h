@@ -42,8 +42,8 @@ std::unique_ptr<PreferredLanguages> makePreferredLanguages();
 /// The system's log.
 std::unique_ptr<SystemLog> makeSystemLog();
 
-/// The desktop's notifications under the program's own name, with the user's pending reminders,
-/// which it takes up at once. What it is given must outlive it.
+/// The desktop's notifications under the program's own name, with the user's delayed
+/// ones, which it takes up at once. What it is given must outlive it.
 std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& runLoop, const Clock& clock,
                                                            SystemLog& log);
 

@@ -18,7 +18,7 @@ std::unique_ptr<LoginItemService> openLoginItems(bool demo)
     return makeLoginItemService();
 }
 
-/// A demonstration leaves the user's notifications and pending reminders alone.
+/// A demonstration leaves the user's notifications alone.
 std::unique_ptr<NotificationCentre> openNotifications(bool demo, RunLoop& runLoop,
                                                       const Clock& clock, SystemLog& log)
 {

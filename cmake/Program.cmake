@@ -6,18 +6,12 @@ configure_file(app/version.h.in generated/app/version.h @ONLY)
 add_library(voltmere_ui STATIC
   linux/bluez_name_source.cpp
   linux/bus_call.cpp
-  linux/damaged_file.cpp
-  linux/desktop_notifications.cpp
   linux/ending_signals.cpp
-  linux/notification_daemon.cpp
-  linux/notify_call.cpp
-  linux/pending_reminders.cpp
+  linux/notifications.cpp
   linux/portal_appearance.cpp
   linux/qt_application.cpp
   linux/qt_pointer.cpp
   linux/run_loop.cpp
-  linux/reminder_json.cpp
-  linux/reminder_store.cpp
   linux/tray_host_watcher.cpp
   linux/ui/alert_rows.cpp
   linux/ui/app_icon_asset.cpp
