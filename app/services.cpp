@@ -93,7 +93,7 @@ Services::Services(const CommandLine& commandLine, Reach reach, MainLoop& mainLo
     , log(makeSystemLog())
     , modelLog(openModelLog(reach))
     , languages(makePreferredLanguages())
-    , defaults(openSettings())
+    , defaults(openSettings(*log))
     , loginItems(openLoginItems(actsOutside(commandLine, reach)))
     , notificationDelegate(mainLoop, application)
     , notifications(openNotifications(actsOutside(commandLine, reach), mainLoop, clock, *log))
@@ -116,13 +116,13 @@ ModelServices Services::forModel()
         alerts,    *modelLog, reader};
 }
 
-std::unique_ptr<DefaultsStore> Services::openSettings() const
+std::unique_ptr<DefaultsStore> Services::openSettings(SystemLog& log) const
 {
     if (commandLine.demo || reach == Reach::nothing) {
         return std::make_unique<MemoryDefaults>();
     }
     return openUserSettings(
-        reach == Reach::everything ? SettingsUse::readAndWrite : SettingsUse::readOnly, *log);
+        reach == Reach::everything ? SettingsUse::readAndWrite : SettingsUse::readOnly, log);
 }
 
 void Services::endWhileBusy(int status) const

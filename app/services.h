@@ -37,8 +37,8 @@ public:
 
     ModelServices forModel();
 
-    /// The settings as they are stored now.
-    std::unique_ptr<DefaultsStore> openSettings() const;
+    /// The settings as they are stored now. `log` is told what is wrong with their file.
+    std::unique_ptr<DefaultsStore> openSettings(SystemLog& log) const;
 
     /// Ends the process with `status`, without destroying anything while a reading is under way.
     /// Settings are saved when they are changed, so nothing is lost.

@@ -53,8 +53,8 @@ private:
         if (!model.lastChecked.get()) {
             return;
         }
-        // A panel elsewhere may have changed them.
-        const auto present = services.openSettings();
+        // A panel elsewhere may have changed them. What is wrong with their file was said at start.
+        const auto present = services.openSettings(*services.modelLog);
         L10n::loadSetting(*present);
         const Reading reading{services.peripherals.choose().label, model.devices,
                               stored(*present, settings::threshold)};

@@ -37,6 +37,8 @@ if(NOT APPLE)
     linux/environment_languages.cpp
     linux/hid_uevent.cpp
     linux/installation.cpp
+    linux/json_file.cpp
+    linux/settings.cpp
     linux/sysfs_battery_source.cpp)
 endif()
 
@@ -46,11 +48,12 @@ if(VOLTMERE_SANITIZE MATCHES undefined)
 endif()
 
 target_link_libraries(voltmere_core PUBLIC Threads::Threads)
+find_package(nlohmann_json 3.10 REQUIRED)
+target_link_libraries(voltmere_core PRIVATE nlohmann_json::nlohmann_json)
 voltmere_target(voltmere_core)
 
 # The program but for its main function, in front of the seam: what app/platform.h declares is in
 # another library.
-find_package(nlohmann_json 3.10 REQUIRED)
 configure_file(app/version.h.in generated/app/version.h @ONLY)
 add_library(voltmere_app STATIC
   app/app_delegate.cpp

@@ -7,20 +7,12 @@ pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
 
 add_library(voltmere_linux STATIC
   linux/bluez_name_source.cpp
-  linux/damaged_file.cpp
-  linux/desktop_notifications.cpp
+  linux/bus_call.cpp
   linux/desktop_services.cpp
   linux/ending_signals.cpp
-  linux/json_settings.cpp
-  linux/notification_daemon.cpp
-  linux/notify_call.cpp
-  linux/pending_reminders.cpp
+  linux/notifications.cpp
   linux/platform.cpp
-  linux/qt_defaults.cpp
-  linux/reminder_json.cpp
-  linux/reminder_store.cpp
   linux/run_loop.cpp
-  linux/settings_report.cpp
   linux/single_instance.cpp
   linux/x_display.cpp)
 set_target_properties(voltmere_linux PROPERTIES AUTOMOC ON)

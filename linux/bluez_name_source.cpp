@@ -1,6 +1,6 @@
 #include "linux/bluez_name_source.h"
 
-#include "linux/bus_names.h"
+#include "linux/bus_call.h"
 
 #include <QDBusArgument>
 #include <QDBusConnection>

@@ -1,6 +1,6 @@
 #include "linux/desktop_services.h"
 
-#include "linux/bus_names.h"
+#include "linux/bus_call.h"
 #include "linux/x_display.h"
 #include "ports/desktop.h"
 

@@ -3,22 +3,20 @@
 #include "app/terminal.h"
 #include "linux/autostart_login_item.h"
 #include "linux/bluez_name_source.h"
-#include "linux/desktop_notifications.h"
 #include "linux/desktop_services.h"
 #include "linux/environment_languages.h"
 #include "linux/installation.h"
-#include "linux/qt_defaults.h"
+#include "linux/notifications.h"
 #include "linux/run_loop.h"
-#include "linux/settings_report.h"
+#include "linux/settings.h"
 #include "linux/sysfs_battery_source.h"
 #include "posix/system_log.h"
 #include "texts/l10n.h"
 #include "texts/plain_text.h"
 #include "texts/utf8.h"
 
-#include <QFileInfo>
+#include <QDBusConnection>
 #include <QSocketNotifier>
-#include <QStandardPaths>
 #include <QSysInfo>
 
 #include <unistd.h>
@@ -51,12 +49,6 @@ std::string applicationIcon()
     return terminalProgram().parent_path().filename() == "bin" ? applicationId : "battery-low";
 }
 
-QString settingsPath()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-        "/voltmere/settings.json";
-}
-
 } // namespace
 
 std::unique_ptr<MainLoop> makeMainLoop()
@@ -85,7 +77,7 @@ std::unique_ptr<PreferredLanguages> makePreferredLanguages()
 
 std::unique_ptr<DefaultsStore> openUserSettings(SettingsUse use, SystemLog& log)
 {
-    return std::make_unique<QtDefaults>(openJsonSettings(settingsPath(), use, log), log);
+    return std::make_unique<JsonSettings>(settingsPath(), use, log);
 }
 
 std::unique_ptr<LoginItemService> makeLoginItemService()
@@ -96,11 +88,8 @@ std::unique_ptr<LoginItemService> makeLoginItemService()
 std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& runLoop, const Clock& clock,
                                                            SystemLog& log)
 {
-    DesktopNotificationsSetup setup{.bus = QDBusConnection::sessionBus(),
-                                    .applicationName = [] { return L10n::t("app.name"); },
-                                    .applicationIcon = &applicationIcon,
-                                    .remindersFile = userRemindersPath()};
-    return std::make_unique<DesktopNotifications>(std::move(setup), runLoop, clock, log);
+    return std::make_unique<DesktopNotifications>(QDBusConnection::sessionBus(), applicationIcon(),
+                                                  delayedNotificationsPath(), runLoop, clock, log);
 }
 
 SystemSources makeSystemSources(const std::filesystem::path& root)
@@ -116,15 +105,14 @@ std::string demoToolsDirectory()
 
 std::vector<Finding> describeSystem(bool verbose)
 {
-    const QString path = settingsPath();
+    const std::filesystem::path path = settingsPath();
     // The user's home directory is part of the path.
-    const QString name = verbose ? path : QFileInfo(path).fileName();
+    const std::filesystem::path name = verbose ? path : path.filename();
     const QString system = QSysInfo::prettyProductName() + ", " + QSysInfo::kernelType() + ' ' +
         QSysInfo::kernelVersion();
-    std::vector<Finding> findings{
-        {"Qt", qVersion()},
-        {"system", system.toStdString()},
-        {"settings", name.toStdString() + ": " + describeSettingsFile(path)}};
+    std::vector<Finding> findings{{"Qt", qVersion()},
+                                  {"system", system.toStdString()},
+                                  {"settings", name.string() + ": " + describeSettingsFile(path)}};
     const std::vector<Finding> services = describeDesktopServices();
     findings.insert(findings.end(), services.begin(), services.end());
     return findings;

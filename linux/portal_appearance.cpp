@@ -1,10 +1,9 @@
 #include "linux/portal_appearance.h"
 
-#include "linux/bus_names.h"
+#include "linux/bus_call.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <QGuiApplication>
@@ -70,16 +69,12 @@ void PortalAppearance::ask()
     QDBusMessage call = QDBusMessage::createMethodCall(busNames::desktopPortal, portalPath,
                                                        settingsInterface, QStringLiteral("Read"));
     call << appearanceSpace << schemeKey;
-    const auto* watcher =
-        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this,
-            [this](QDBusPendingCallWatcher* finished) {
-                const QDBusPendingReply<QDBusVariant> reply = *finished;
-                if (reply.isValid()) {
-                    take(reply.value().variant());
-                }
-                finished->deleteLater();
-            });
+    callBus(QDBusConnection::sessionBus(), call, this, [this](const QDBusMessage& message) {
+        const QDBusPendingReply<QDBusVariant> reply(message);
+        if (reply.isValid()) {
+            take(reply.value().variant());
+        }
+    });
 }
 
 void PortalAppearance::settingChanged(const QString& space, const QString& key,

@@ -1,13 +1,12 @@
 #include "linux/tray_host_watcher.h"
 
-#include "linux/bus_names.h"
+#include "linux/bus_call.h"
 #include "linux/x_display.h"
 #include "linux/xcb_reply.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
@@ -85,17 +84,13 @@ void TrayHostWatcher::askBus()
                                                        busNames::properties, QStringLiteral("Get"));
     call << busNames::statusNotifierWatcher << QStringLiteral("IsStatusNotifierHostRegistered");
     call.setAutoStartService(false);
-    const auto* watcher =
-        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this,
-            [this](QDBusPendingCallWatcher* finished) {
-                const QDBusPendingReply<QDBusVariant> reply = *finished;
-                finished->deleteLater();
-                const bool hasHost = reply.isValid() && reply.value().variant().toBool();
-                if (hasHost || selectionHasOwner()) {
-                    report();
-                }
-            });
+    callBus(QDBusConnection::sessionBus(), call, this, [this](const QDBusMessage& message) {
+        const QDBusPendingReply<QDBusVariant> reply(message);
+        const bool hasHost = reply.isValid() && reply.value().variant().toBool();
+        if (hasHost || selectionHasOwner()) {
+            report();
+        }
+    });
 }
 
 void TrayHostWatcher::watchSelection()

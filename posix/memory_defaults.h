@@ -10,7 +10,7 @@ namespace voltmere {
 /// Settings that last as long as the process.
 class MemoryDefaults : public DefaultsStore {
 public:
-    using Value = std::variant<std::int64_t, double, bool, std::string>;
+    using Value = std::variant<bool, std::int64_t, double, std::string>;
 
     std::optional<std::int64_t> integer(std::string_view key) const override;
     std::optional<bool> boolean(std::string_view key) const override;

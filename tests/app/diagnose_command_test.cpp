@@ -167,13 +167,6 @@ TEST_F(DiagnoseCommandTest, ControlCharactersDoNotReachTheTerminal)
     EXPECT_THAT(diagnoseTools({"--verbose"}).output, HasSubstr("name  [31mred \n"));
 }
 
-TEST_F(DiagnoseCommandTest, ADirectoryInThePlaceOfTheSettingsFileIsSaid)
-{
-    std::filesystem::create_directories(settings());
-
-    EXPECT_THAT(diagnoseTools().output, ContainsRegex("settings +settings.json: not a file"));
-}
-
 TEST_F(DiagnoseCommandTest, ADamagedSettingsFileIsSaidAndLeftAlone)
 {
     for (const char* const damage : {"{\"threshold\": 30,", "[]", "30"}) {
@@ -183,30 +176,6 @@ TEST_F(DiagnoseCommandTest, ADamagedSettingsFileIsSaidAndLeftAlone)
                                   "defaults are used, and a start sets it aside\n"));
         EXPECT_EQ(readFile(settings()), damage);
     }
-}
-
-TEST_F(DiagnoseCommandTest, DamagedSettingsThatAreKeptAreSaid)
-{
-    writeFile(settings().string() + ".damaged-20260302T100000.000Z", "[]");
-    writeFile(settings().string() + ".damaged-20260303T100000.000Z", "[]");
-
-    EXPECT_THAT(diagnoseTools().output,
-                ContainsRegex("settings.json: not there, defaults are used; 2 damaged kept beside "
-                              "it\n"));
-}
-
-TEST_F(DiagnoseCommandTest, SettingsWithoutAUsableValueAreNamed)
-{
-    writeFile(settings(),
-              R"({"threshold": "30", "hour": 8, "minute": 0.5, "enabled": 2, "instant": 1,
-                  "language": "fr", "other": []})");
-    EXPECT_THAT(diagnoseTools().output,
-                HasSubstr(" bytes, no usable value, so the default: threshold, minute, enabled, "
-                          "language\n"));
-
-    writeFile(settings(),
-              R"({"threshold": 35.0, "hour": true, "enabled": false, "language": "zh"})");
-    EXPECT_THAT(diagnoseTools().output, ContainsRegex("settings +settings.json: [0-9]+ bytes\n"));
 }
 
 TEST_F(DiagnoseCommandTest, WithoutABusOnlyTheTrayThatNeedsNoneIsNamed)

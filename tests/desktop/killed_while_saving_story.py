@@ -31,7 +31,7 @@ class KilledWhileSaving(Story):
             outcomes[self.outcome(program, before)] += 1
             self.leftovers += sum(1 for path in directory.iterdir() if path.suffix != ".json")
             for path in directory.iterdir():
-                if path.suffix not in (".json", ".lock"):
+                if path.suffix != ".json":
                     path.unlink()
         print(f"\n{KILLS} kills: {outcomes}, {self.leftovers} files of unfinished saves")
         # Otherwise no kill came in the middle.

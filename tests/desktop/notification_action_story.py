@@ -29,12 +29,12 @@ class NotificationAction(Story):
         self.assertTrue(shown.read_text().startswith("Low battery|"))
         self.desktop.choose_action("In 20 minutes")
         wait_until(lambda: "completed" in output.read_text(), "the answer")
-        reminders = self.home / "state/voltmere/reminders.json"
-        pending = reminders.read_text()
+        delayed = self.home / "state/voltmere/notifications.json"
+        pending = delayed.read_text()
         self.assertEqual(pending.count('"snooze-'), 1, pending)
         wait_until(lambda: len(shown.read_text().splitlines()) == 2, "the reminder", 60)
         self.assertEqual(shown.read_text().splitlines()[1], REMINDER)
-        self.assertNotIn("snooze-", reminders.read_text())
+        self.assertNotIn("snooze-", delayed.read_text())
         lines = output.read_text().splitlines()
         self.assertEqual(lines.count("response SNOOZE_20"), 1, lines)
         added = [line for line in lines if line.startswith("add snooze-")]

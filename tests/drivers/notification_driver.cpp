@@ -3,9 +3,9 @@
 //
 //   notification_driver [--post] [--window]
 //
-// takes up the user's pending reminders as the program does, posts one notification of the category
-// LOW_BATTERY with "--post", and prints what comes of it. With "--window" it has a window that the
-// foreground action brings to the front. It runs until it is ended.
+// takes up the user's delayed notifications as the program does, posts one notification of the
+// category LOW_BATTERY with "--post", and prints what comes of it. With "--window" it has a window
+// that the foreground action brings to the front. It runs until it is ended.
 
 #include "alerting/notification_delegate.h"
 #include "alerting/notification_setup.h"

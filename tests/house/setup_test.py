@@ -42,7 +42,7 @@ class SetupTest(unittest.TestCase):
         self.add("rpm", '[ "$3" != cmake ] && exit 1; exit 0')
         self.assertEqual(self.run_setup("need_for building").returncode, 0)
         self.assertEqual(self.calls(), [
-            "dnf install -y -q gcc-c++ ninja-build qt6-qtbase-devel qt6-qtsvg-devel libxcb-devel "
+            "dnf install -y -q gcc-c++ ninja-build json-devel qt6-qtbase-devel qt6-qtsvg-devel libxcb-devel "
             "xcb-util-cursor pkgconf-pkg-config"])
 
     def test_pacman_installs_what_it_misses(self):
@@ -50,7 +50,7 @@ class SetupTest(unittest.TestCase):
                            f'echo "pacman $*" >>"{self.commands / CALLS}"')
         self.assertEqual(self.run_setup("need_for building").returncode, 0)
         self.assertEqual(self.calls(), [
-            "pacman -S --needed --noconfirm base-devel ninja qt6-base qt6-svg libxcb xcb-util-cursor"])
+            "pacman -S --needed --noconfirm base-devel ninja nlohmann-json qt6-base qt6-svg libxcb xcb-util-cursor"])
 
     def test_zypper_installs_what_rpm_does_not_know(self):
         self.add_recorder("zypper")
@@ -58,7 +58,7 @@ class SetupTest(unittest.TestCase):
         self.assertEqual(self.run_setup("need_for building").returncode, 0)
         self.assertEqual(self.calls(), [
             "zypper --non-interactive --quiet install --no-recommends gcc-c++ cmake ninja "
-            "qt6-base-devel qt6-svg-devel libxcb-devel libxcb-cursor0 pkgconf-pkg-config"])
+            "nlohmann_json-devel qt6-base-devel qt6-svg-devel libxcb-devel libxcb-cursor0 pkgconf-pkg-config"])
 
     def test_each_package_manager_has_names_for_each_purpose(self):
         for manager in ("apt-get", "dnf", "pacman", "zypper"):

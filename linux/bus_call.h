@@ -2,8 +2,21 @@
 
 #include <QString>
 
+#include <functional>
+
+class QDBusConnection;
+class QDBusMessage;
+class QObject;
+
+namespace voltmere {
+
+/// Sends `call` without waiting for its reply. `replied` runs once, from the event loop, with the
+/// reply or an error, also where the bus has ended; never after `context` is gone.
+void callBus(const QDBusConnection& bus, const QDBusMessage& call, QObject* context,
+             std::function<void(const QDBusMessage& reply)> replied);
+
 /// Programs of the desktop and the system, by their names on the message buses.
-namespace voltmere::busNames {
+namespace busNames {
 
 inline const QString bus = QStringLiteral("org.freedesktop.DBus");
 inline const QString busPath = QStringLiteral("/org/freedesktop/DBus");
@@ -17,4 +30,6 @@ inline const QString blueZ = QStringLiteral("org.bluez");
 /// The interface through which an object on a bus tells its properties.
 inline const QString properties = QStringLiteral("org.freedesktop.DBus.Properties");
 
-} // namespace voltmere::busNames
+} // namespace busNames
+
+} // namespace voltmere

@@ -1,0 +1,107 @@
+#include "linux/settings.h"
+
+#include "model/settings.h"
+#include "texts/app_language.h"
+
+#include <cstdint>
+#include <system_error>
+
+namespace voltmere {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+void take(const JsonContent& content, MemoryDefaults& defaults)
+{
+    for (const auto& [key, entry] : content.entries) {
+        if (const auto* value = std::get_if<JsonValue>(&entry)) {
+            defaults.set(key, *value);
+        }
+    }
+}
+
+/// The settings that are in the file and do not count, each after a comma.
+std::string unusableSettings(const JsonContent& content)
+{
+    MemoryDefaults defaults;
+    take(content, defaults);
+    std::string found;
+    const auto note = [&](std::string_view key, bool usable) {
+        if (content.entries.contains(key) && !usable) {
+            found += (found.empty() ? "" : ", ") + std::string(key);
+        }
+    };
+    for (const auto& setting : {settings::threshold, settings::checkHour, settings::checkMinute}) {
+        note(setting.key, defaults.integer(setting.key).has_value());
+    }
+    for (const auto& setting : {settings::enabled, settings::instantEnabled}) {
+        note(setting.key, defaults.boolean(setting.key).has_value());
+    }
+    note(languageKey, appLanguage(defaults.text(languageKey).value_or("")).has_value());
+    return found;
+}
+
+std::string describeFile(const fs::path& path)
+{
+    std::error_code error;
+    if (!fs::exists(path, error) && !error) {
+        return "not there, defaults are used";
+    }
+    const JsonContent content = readJsonFile(path);
+    if (!content.problem.empty() && !content.damaged) {
+        return "cannot be read (" + content.problem + "), defaults are used";
+    }
+    const std::uintmax_t bytes = fs::file_size(path, error);
+    const std::string size = std::to_string(error ? 0 : bytes) + " bytes";
+    if (content.damaged) {
+        return size + ", " + content.problem + ": defaults are used, and a start sets it aside";
+    }
+    const std::string unusable = unusableSettings(content);
+    return unusable.empty() ? size : size + ", no usable value, so the default: " + unusable;
+}
+
+std::size_t damagedFilesBeside(const fs::path& path)
+{
+    std::size_t count = 0;
+    std::error_code ignored;
+    for (const fs::directory_entry& entry : fs::directory_iterator(path.parent_path(), ignored)) {
+        const std::string name = entry.path().filename().string();
+        count += name.starts_with(path.filename().string() + ".damaged-") ? 1 : 0;
+    }
+    return count;
+}
+
+} // namespace
+
+JsonSettings::JsonSettings(const fs::path& path, SettingsUse use, SystemLog& log)
+    : file(path, "settings", use, log)
+{
+    take(file.load(), *this);
+}
+
+void JsonSettings::setInteger(std::string_view key, std::int64_t value)
+{
+    set(key, value);
+    file.set(key, JsonValue(value));
+}
+
+void JsonSettings::setBoolean(std::string_view key, bool value)
+{
+    set(key, value);
+    file.set(key, JsonValue(value));
+}
+
+fs::path settingsPath()
+{
+    return userFile("XDG_CONFIG_HOME", ".config", "settings.json");
+}
+
+std::string describeSettingsFile(const fs::path& path)
+{
+    const std::size_t damaged = damagedFilesBeside(path);
+    return describeFile(path) +
+        (damaged == 0 ? "" : "; " + std::to_string(damaged) + " damaged kept beside it");
+}
+
+} // namespace voltmere

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "linux/json_file.h"
+#include "ports/log.h"
+#include "ports/settings.h"
+#include "posix/memory_defaults.h"
+
+#include <filesystem>
+#include <string>
+
+namespace voltmere {
+
+/// The user's settings in a JSON file, as that file was when this was made. A change is saved at
+/// once; one that cannot be saved lasts as long as this object, and the log gets one line.
+class JsonSettings : public MemoryDefaults {
+public:
+    /// `log` must outlive this object.
+    JsonSettings(const std::filesystem::path& path, SettingsUse use, SystemLog& log);
+
+    void setInteger(std::string_view key, std::int64_t value) override;
+    void setBoolean(std::string_view key, bool value) override;
+
+private:
+    JsonFile file;
+};
+
+/// The file that holds the user's settings: voltmere/settings.json in $XDG_CONFIG_HOME.
+std::filesystem::path settingsPath();
+
+/// What a report says of the settings file at `path`: how large it is, or why it is not in force,
+/// which settings in it have no value of the right kind, and whether damaged ones are kept beside
+/// it. Leaves the file as it is.
+std::string describeSettingsFile(const std::filesystem::path& path);
+
+} // namespace voltmere
