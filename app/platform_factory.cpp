@@ -1,10 +1,10 @@
 #include "app/platform_factory.h"
 
 #include "app/bus_instance.h"
-#include "linux/autostart_login_item.h"
 #include "linux/desktop_notifications.h"
 #include "linux/environment.h"
 #include "linux/environment_languages.h"
+#include "linux/login_item.h"
 #include "linux/portal_appearance.h"
 #include "linux/qt_application.h"
 #include "linux/tray_host_watcher.h"
@@ -15,7 +15,6 @@
 #include "ports/desktop.h"
 #include "posix/system_log.h"
 #include "texts/l10n.h"
-#include "texts/utf8.h"
 
 #include <QIcon>
 
@@ -25,18 +24,6 @@
 namespace voltmere {
 
 namespace {
-
-AutostartProgram thisProgram()
-{
-    // A start-up entry is UTF-8 throughout; no other path can stand in it.
-    std::string file = runningProgram();
-    if (!isValidUtf8(file)) {
-        file.clear();
-    }
-    return {.file = std::move(file),
-            .names = {{"", std::string(L10n::en().at("app.name"))},
-                      {"zh", std::string(L10n::zh().at("app.name"))}}};
-}
 
 /// A program that is not installed has no icon in the theme; the second name every theme has
 /// (Icon Naming Specification 0.8.90, "Status icons").
@@ -122,7 +109,7 @@ std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& runLoop, con
 
 std::unique_ptr<LoginItemService> makeLoginItemService()
 {
-    return std::make_unique<AutostartLoginItem>(thisProgram(), readAutostartSession());
+    return std::make_unique<LoginItem>(autostartDirectory(), runningProgram());
 }
 
 std::unique_ptr<QObject> watchForTrayHost(std::function<void()> available)
