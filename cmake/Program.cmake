@@ -32,9 +32,7 @@ add_library(voltmere_ui STATIC
   linux/ui/elided_label.cpp
   linux/ui/hover_controls.cpp
   linux/ui/hover_poller.cpp
-  linux/ui/icns.cpp
   linux/ui/icon_texts.cpp
-  linux/ui/image_bundle.cpp
   linux/ui/menu_text.cpp
   linux/ui/no_tray_panel.cpp
   linux/ui/panel_controller.cpp
@@ -63,7 +61,7 @@ voltmere_target(voltmere_ui)
 # The pictures become part of every program that links voltmere_ui. Uncompressed, they are read where
 # they lie in the program and take no memory of their own.
 qt_add_resources(voltmere_ui icons PREFIX /voltmere BASE resources/icons OPTIONS --no-compress
-  FILES resources/icons/AppIcon.icns resources/icons/StatusIcon.png
+  FILES resources/icons/AppIcon.svg resources/icons/StatusIcon.png
         resources/icons/StatusIcon@2x.png resources/icons/StatusIcon.svg)
 qt_add_resources(voltmere_ui symbols PREFIX /voltmere/symbols BASE resources/symbols
   OPTIONS --no-compress
