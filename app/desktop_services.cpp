@@ -1,7 +1,7 @@
 #include "app/desktop_services.h"
 
 #include "linux/bus_names.h"
-#include "linux/x_display.h"
+#include "linux/display.h"
 #include "ports/desktop.h"
 
 #include <QDBusConnection>

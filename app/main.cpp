@@ -3,13 +3,13 @@
 #include "app/exit_status.h"
 #include "app/list_command.h"
 #include "app/platform_factory.h"
-#include "app/qt_start.h"
 #include "app/screenshots.h"
 #include "app/single_instance.h"
 #include "app/terminal_output.h"
 #include "app/version.h"
 #include "app/voltmere_app.h"
 #include "app/watch_command.h"
+#include "linux/display.h"
 #include "linux/ending_signals.h"
 #include "ports/desktop.h"
 #include "texts/plain_text.h"
@@ -39,12 +39,6 @@ int reportUsageError(const UsageError& error)
     return voltmere::exitStatus::wrongUsage;
 }
 
-int reportNoDisplay(const std::string& problem)
-{
-    std::fprintf(stderr, "voltmere: %s\n", voltmere::plainText(problem).c_str());
-    return voltmere::exitStatus::cannotRun;
-}
-
 int runInTerminal(const CommandLine& commandLine)
 {
     switch (commandLine.action) {
@@ -63,9 +57,6 @@ int runInTerminal(const CommandLine& commandLine)
 
 int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
 {
-    if (const auto problem = voltmere::displayProblem()) {
-        return reportNoDisplay(*problem);
-    }
     const auto application = voltmere::startQt(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setDesktopFileName(voltmere::applicationId);

@@ -11,8 +11,6 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
-#include <string>
 
 class QObject;
 class QRect;
@@ -22,10 +20,6 @@ namespace voltmere {
 
 // What differs between the platforms. Each function has one implementation for each platform, in
 // platform_factory_<platform>.cpp; CMake chooses the file.
-
-/// Why windows cannot be shown, and what to do about it; nothing when they can. Needs no
-/// application object: Qt ends the process where it finds no display.
-std::optional<std::string> displayProblem();
 
 /// `log`, which must outlive it, is told what does not work without it.
 std::unique_ptr<SingleInstance> makeSingleInstance(SystemLog& log);

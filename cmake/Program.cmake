@@ -7,6 +7,7 @@ add_library(voltmere_ui STATIC
   linux/bluez_name_source.cpp
   linux/damaged_file.cpp
   linux/desktop_notifications.cpp
+  linux/display.cpp
   linux/ending_signals.cpp
   linux/json_settings.cpp
   linux/notification_daemon.cpp
@@ -48,9 +49,7 @@ add_library(voltmere_ui STATIC
   linux/ui/theme.cpp
   linux/ui/tray_image.cpp
   linux/ui/tray_number.cpp
-  linux/ui/wrapping_label.cpp
-  linux/wayland_display.cpp
-  linux/x_display.cpp)
+  linux/ui/wrapping_label.cpp)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
 set_target_properties(voltmere_ui PROPERTIES AUTOMOC ON)
@@ -80,7 +79,6 @@ add_library(voltmere_app STATIC
   app/list_command.cpp
   app/peripherals.cpp
   app/platform_factory.cpp
-  app/qt_start.cpp
   app/reading_report.cpp
   app/screenshots.cpp
   app/services.cpp

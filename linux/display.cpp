@@ -1,0 +1,102 @@
+#include "linux/display.h"
+
+#include "app/exit_status.h"
+#include "linux/environment.h"
+#include "texts/plain_text.h"
+
+#include <QApplication>
+#include <QString>
+
+#include <xcb/xcb.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <mutex>
+#include <string>
+#include <string_view>
+
+namespace voltmere {
+
+namespace {
+
+/// What Qt says while it starts. Qt has threads of its own, which may speak too.
+struct Said {
+    std::mutex mutex;
+    QString firstWarning;
+    std::string lines;
+};
+
+/// Qt hands its messages to a plain function, so their place is known without an argument.
+Said& said()
+{
+    static Said instance;
+    return instance;
+}
+
+/// Why Qt cannot start, and what to do about it.
+std::string problem(const QString& cause)
+{
+    if (environmentVariable("WAYLAND_DISPLAY").empty() && environmentVariable("DISPLAY").empty() &&
+        environmentVariable("QT_QPA_PLATFORM").empty()) {
+        return "there is no display (neither WAYLAND_DISPLAY nor DISPLAY is set); start it in a "
+               "desktop session, or use --list";
+    }
+    return "Qt cannot show windows here (" + plainText(cause.trimmed().toStdString()) +
+        "); check DISPLAY, XAUTHORITY, WAYLAND_DISPLAY and QT_QPA_PLATFORM, install the plugin "
+        "(qt6-wayland for Wayland), or use --list";
+}
+
+void listen(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    const std::lock_guard lock(said().mutex);
+    if (type == QtFatalMsg) {
+        // Qt's fatal message does not name the cause; the first warning before it does.
+        const QString& warning = said().firstWarning;
+        const QString cause = warning.isEmpty() ? text.section('\n', 0, 0) : warning;
+        std::fprintf(stderr, "voltmere: %s\n", problem(cause).c_str());
+        std::_Exit(exitStatus::cannotRun);
+    }
+    const std::string line = qFormatLogMessage(type, context, text).toStdString() + '\n';
+    if (type == QtDebugMsg) { // asked for by a developer, and no complaint
+        std::fputs(line.c_str(), stderr);
+        return;
+    }
+    said().lines += line;
+    if (said().firstWarning.isEmpty()) {
+        said().firstWarning = text;
+    }
+}
+
+} // namespace
+
+std::unique_ptr<QApplication> startQt(int& argc, char** argv)
+{
+    const QtMessageHandler usual = qInstallMessageHandler(listen);
+    auto application = std::make_unique<QApplication>(argc, argv);
+    qInstallMessageHandler(usual);
+    const std::lock_guard lock(said().mutex);
+    std::fputs(said().lines.c_str(), stderr);
+    return application;
+}
+
+bool hasXTray()
+{
+    const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection(
+        xcb_connect(nullptr, nullptr), &xcb_disconnect);
+    if (xcb_connection_has_error(connection.get()) != 0) {
+        return false;
+    }
+    const std::string_view name = xTraySelection;
+    const auto atom = owned(xcb_intern_atom_reply(
+        connection.get(),
+        xcb_intern_atom(connection.get(), 0, static_cast<std::uint16_t>(name.size()), name.data()),
+        nullptr));
+    const auto selection = owned(xcb_get_selection_owner_reply(
+        connection.get(),
+        xcb_get_selection_owner(connection.get(), atom ? atom->atom : xcb_atom_t{XCB_ATOM_NONE}),
+        nullptr));
+    return selection && selection->owner != XCB_WINDOW_NONE;
+}
+
+} // namespace voltmere
