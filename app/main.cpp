@@ -10,7 +10,6 @@
 #include "app/voltmere_app.h"
 #include "app/watch_command.h"
 #include "linux/display.h"
-#include "linux/ending_signals.h"
 #include "ports/desktop.h"
 #include "texts/plain_text.h"
 
@@ -65,7 +64,6 @@ int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
     if (!commandLine.demo && instance->start() == voltmere::SingleInstance::Role::later) {
         return 0;
     }
-    const voltmere::EndingSignals endingSignals(&QCoreApplication::quit);
     voltmere::VoltmereApp program(commandLine);
     instance->onActivation([&program] { program.openPanel(); });
     return program.run();

@@ -8,7 +8,6 @@ add_library(voltmere_ui STATIC
   linux/damaged_file.cpp
   linux/desktop_notifications.cpp
   linux/display.cpp
-  linux/ending_signals.cpp
   linux/json_settings.cpp
   linux/notification_daemon.cpp
   linux/notify_call.cpp
