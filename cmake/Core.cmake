@@ -30,15 +30,12 @@ add_library(voltmere_core STATIC
 if(NOT APPLE)
   target_sources(voltmere_core PRIVATE
     linux/atomic_file.cpp
-    linux/autostart_login_item.cpp
-    linux/autostart_rules.cpp
-    linux/autostart_session.cpp
-    linux/desktop_entry.cpp
     linux/environment_languages.cpp
     linux/hid_uevent.cpp
     linux/installation.cpp
     linux/json_file.cpp
     linux/settings.cpp
+    linux/login_item.cpp
     linux/sysfs_battery_source.cpp)
 endif()
 

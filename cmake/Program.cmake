@@ -9,12 +9,11 @@ add_library(voltmere_linux STATIC
   linux/bluez_name_source.cpp
   linux/bus_call.cpp
   linux/desktop_services.cpp
-  linux/ending_signals.cpp
   linux/notifications.cpp
   linux/platform.cpp
   linux/run_loop.cpp
   linux/single_instance.cpp
-  linux/x_display.cpp)
+  linux/x_tray.cpp)
 set_target_properties(voltmere_linux PROPERTIES AUTOMOC ON)
 target_link_libraries(voltmere_linux PUBLIC voltmere_core Qt6::DBus PRIVATE PkgConfig::XCB)
 voltmere_target(voltmere_linux)
@@ -30,7 +29,6 @@ add_library(voltmere_ui STATIC
   linux/ui/content_view.cpp
   linux/ui/device_list.cpp
   linux/ui/device_row.cpp
-  linux/ui/display_problem.cpp
   linux/ui/display_text.cpp
   linux/ui/divider.cpp
   linux/ui/drawn_image.cpp
@@ -38,9 +36,7 @@ add_library(voltmere_ui STATIC
   linux/ui/front_end.cpp
   linux/ui/hover_controls.cpp
   linux/ui/hover_poller.cpp
-  linux/ui/icns.cpp
   linux/ui/icon_texts.cpp
-  linux/ui/image_bundle.cpp
   linux/ui/menu_text.cpp
   linux/ui/no_tray_panel.cpp
   linux/ui/panel_controller.cpp
@@ -58,8 +54,7 @@ add_library(voltmere_ui STATIC
   linux/ui/theme.cpp
   linux/ui/tray_image.cpp
   linux/ui/tray_number.cpp
-  linux/ui/wrapping_label.cpp
-  linux/wayland_display.cpp)
+  linux/ui/wrapping_label.cpp)
 set_target_properties(voltmere_ui PROPERTIES AUTOMOC ON)
 target_link_libraries(voltmere_ui PUBLIC voltmere_app voltmere_linux Qt6::Widgets Qt6::Svg
                                   PRIVATE PkgConfig::XCB)
@@ -68,7 +63,7 @@ voltmere_target(voltmere_ui)
 # The pictures become part of every program that links voltmere_ui. Uncompressed, they are read where
 # they lie in the program and take no memory of their own.
 qt_add_resources(voltmere_ui icons PREFIX /voltmere BASE resources/icons OPTIONS --no-compress
-  FILES resources/icons/AppIcon.icns resources/icons/StatusIcon.png
+  FILES resources/icons/AppIcon.svg resources/icons/StatusIcon.png
         resources/icons/StatusIcon@2x.png resources/icons/StatusIcon.svg)
 qt_add_resources(voltmere_ui symbols PREFIX /voltmere/symbols BASE resources/symbols
   OPTIONS --no-compress

@@ -1,7 +1,7 @@
 #include "linux/desktop_services.h"
 
 #include "linux/bus_call.h"
-#include "linux/x_display.h"
+#include "linux/x_tray.h"
 #include "ports/desktop.h"
 
 #include <QDBusConnection>

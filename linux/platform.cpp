@@ -1,19 +1,17 @@
 #include "app/platform.h"
 
 #include "app/terminal.h"
-#include "linux/autostart_login_item.h"
 #include "linux/bluez_name_source.h"
 #include "linux/desktop_services.h"
 #include "linux/environment_languages.h"
 #include "linux/installation.h"
+#include "linux/login_item.h"
 #include "linux/notifications.h"
 #include "linux/run_loop.h"
 #include "linux/settings.h"
 #include "linux/sysfs_battery_source.h"
 #include "posix/system_log.h"
-#include "texts/l10n.h"
 #include "texts/plain_text.h"
-#include "texts/utf8.h"
 
 #include <QDBusConnection>
 #include <QSocketNotifier>
@@ -29,18 +27,6 @@
 namespace voltmere {
 
 namespace {
-
-AutostartProgram thisProgram()
-{
-    // A start-up entry is UTF-8 throughout; no other path can stand in it.
-    std::string file = runningProgram();
-    if (!isValidUtf8(file)) {
-        file.clear();
-    }
-    return {.file = std::move(file),
-            .names = {{"", std::string(L10n::en().at("app.name"))},
-                      {"zh", std::string(L10n::zh().at("app.name"))}}};
-}
 
 /// A program that is not installed has no icon in the theme; the second name every theme has
 /// (Icon Naming Specification 0.8.90, "Status icons").
@@ -82,7 +68,7 @@ std::unique_ptr<DefaultsStore> openUserSettings(SettingsUse use, SystemLog& log)
 
 std::unique_ptr<LoginItemService> makeLoginItemService()
 {
-    return std::make_unique<AutostartLoginItem>(thisProgram(), readAutostartSession());
+    return std::make_unique<LoginItem>(autostartDirectory(), runningProgram());
 }
 
 std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& runLoop, const Clock& clock,

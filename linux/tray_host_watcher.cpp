@@ -1,8 +1,7 @@
 #include "linux/tray_host_watcher.h"
 
 #include "linux/bus_call.h"
-#include "linux/x_display.h"
-#include "linux/xcb_reply.h"
+#include "linux/x_tray.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>

@@ -1,11 +1,9 @@
 #include "linux/ui/app_icon_asset.h"
 
-#include "linux/ui/icns.h"
-
 #include <QApplication>
+#include <QFile>
+#include <QSvgRenderer>
 
-#include <functional>
-#include <map>
 #include <memory>
 #include <utility>
 
@@ -14,98 +12,65 @@ namespace voltmere {
 namespace {
 
 constexpr int statusImageSide = 20;
+constexpr const char* programsPictures = ":/voltmere";
 
-/// Gives an icon as a square bitmap of so many pixels a side; a null one where it cannot.
-using BitmapSource = std::function<QImage(int pixels)>;
-
-QImage scaledTo(int pixels, const QImage& image)
+std::optional<DrawnImage> svgImage(const QString& file, int side)
 {
-    return image.scaled(pixels, pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-}
-
-/// An icon that keeps its bitmaps in the sizes that were asked for, and nothing larger. Nothing if
-/// the source has no bitmap.
-std::optional<DrawnImage> squareImage(int side, BitmapSource source)
-{
-    const auto bitmaps = std::make_shared<std::map<int, QImage>>();
-    if (bitmaps->emplace(side, source(side)).first->second.isNull()) {
+    if (!QFile::exists(file)) {
         return std::nullopt;
     }
-    const auto draw = [source = std::move(source), bitmaps](QPainter& painter,
-                                                            const QRectF& destination) {
-        const int pixels = pixelWidth(painter, destination);
-        const auto [bitmap, isNew] = bitmaps->try_emplace(pixels);
-        if (isNew) {
-            bitmap->second = source(pixels);
-        }
-        painter.drawImage(destination, bitmap->second);
-    };
-    return DrawnImage{.size = {side, side}, .draw = draw};
-}
-
-/// `png` has the pixels for one to a point, `denser`, which may be empty, those for more.
-BitmapSource pngSource(const QByteArray& png, const QByteArray& denser)
-{
-    return [png, denser](int pixels) {
-        const QImage image = QImage::fromData(png);
-        if (image.isNull() || image.width() >= pixels) {
-            return scaledTo(pixels, image);
-        }
-        const QImage denserImage = QImage::fromData(denser);
-        return scaledTo(pixels, denserImage.isNull() ? image : denserImage);
-    };
-}
-
-BitmapSource icnsSource(const QByteArray& container)
-{
-    return [container](int pixels) {
-        for (const IcnsPicture& picture : icnsPictures(container, pixels)) {
-            const QImage image = QImage::fromData(picture.png);
-            if (!image.isNull()) {
-                return scaledTo(pixels, image);
-            }
-        }
-        return QImage();
-    };
-}
-
-BitmapSource iconSource(const QIcon& icon)
-{
-    return [icon](int pixels) {
-        return scaledTo(pixels, icon.pixmap(QSize(pixels, pixels), 1.0).toImage());
-    };
-}
-
-std::optional<DrawnImage> icnsImage(const std::optional<QByteArray>& container, int side)
-{
-    return container ? squareImage(side, icnsSource(*container)) : std::nullopt;
-}
-
-std::optional<DrawnImage> statusIcon(const ImageBundle& bundle)
-{
-    if (const auto png = bundle("StatusIcon", "png")) {
-        const QByteArray denser = bundle("StatusIcon@2x", "png").value_or(QByteArray());
-        return squareImage(statusImageSide, pngSource(*png, denser));
+    const auto picture = std::make_shared<QSvgRenderer>(file);
+    if (!picture->isValid()) {
+        return std::nullopt;
     }
-    return icnsImage(bundle("StatusIcon", "icns"), statusImageSide);
+    return DrawnImage{.size = {side, side},
+                      .draw = [picture](QPainter& painter, const QRectF& destination) {
+                          picture->render(&painter, destination);
+                      }};
 }
 
-DrawnImage emptyImage(int side)
+/// `denser`, which may be null, is for screens with more than one pixel to a point.
+std::optional<DrawnImage> pngImage(const QImage& image, const QImage& denser, int side)
 {
-    return {.size = {side, side}, .draw = [](QPainter&, const QRectF&) {}};
+    if (image.isNull()) {
+        return std::nullopt;
+    }
+    return DrawnImage{.size = {side, side},
+                      .draw = [image, denser](QPainter& painter, const QRectF& destination) {
+                          const bool isDense = pixelWidth(painter, destination) > image.width();
+                          painter.drawImage(destination,
+                                            isDense && !denser.isNull() ? denser : image);
+                      }};
+}
+
+DrawnImage iconImage(const QIcon& icon, int side)
+{
+    return {.size = {side, side}, .draw = [icon](QPainter& painter, const QRectF& destination) {
+                const int pixels = pixelWidth(painter, destination);
+                painter.drawImage(destination, icon.pixmap(QSize(pixels, pixels), 1.0).toImage());
+            }};
+}
+
+std::optional<DrawnImage> statusIcon(const QString& directory)
+{
+    const QString png = directory + "/StatusIcon.png";
+    if (QFile::exists(png)) {
+        return pngImage(QImage(png), QImage(directory + "/StatusIcon@2x.png"), statusImageSide);
+    }
+    return svgImage(directory + "/StatusIcon.svg", statusImageSide);
 }
 
 } // namespace
 
 const DrawnImage& AppIconAsset::statusImage()
 {
-    static const DrawnImage image = statusImageFrom(findInProgram, QApplication::windowIcon());
+    static const DrawnImage image = statusImageFrom(programsPictures, QApplication::windowIcon());
     return image;
 }
 
 std::optional<DrawnImage> AppIconAsset::appImage(int side)
 {
-    return appImageFrom(findInProgram, side);
+    return appImageFrom(programsPictures, side);
 }
 
 QIcon AppIconAsset::windowIcon()
@@ -115,21 +80,20 @@ QIcon AppIconAsset::windowIcon()
     return image ? QIcon(image->pixmap(1.0)) : QIcon();
 }
 
-DrawnImage AppIconAsset::statusImageFrom(const ImageBundle& bundle, const QIcon& applicationIcon)
+DrawnImage AppIconAsset::statusImageFrom(const QString& directory, const QIcon& applicationIcon)
 {
-    if (auto image = statusIcon(bundle)) {
+    if (auto image = statusIcon(directory)) {
         return *std::move(image);
     }
-    if (auto image = appImageFrom(bundle, statusImageSide)) {
+    if (auto image = appImageFrom(directory, statusImageSide)) {
         return *std::move(image);
     }
-    return squareImage(statusImageSide, iconSource(applicationIcon))
-        .value_or(emptyImage(statusImageSide));
+    return iconImage(applicationIcon, statusImageSide);
 }
 
-std::optional<DrawnImage> AppIconAsset::appImageFrom(const ImageBundle& bundle, int side)
+std::optional<DrawnImage> AppIconAsset::appImageFrom(const QString& directory, int side)
 {
-    return icnsImage(bundle("AppIcon", "icns"), side);
+    return svgImage(directory + "/AppIcon.svg", side);
 }
 
 } // namespace voltmere

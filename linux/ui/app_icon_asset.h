@@ -1,9 +1,9 @@
 #pragma once
 
 #include "linux/ui/drawn_image.h"
-#include "linux/ui/image_bundle.h"
 
 #include <QIcon>
+#include <QString>
 
 #include <optional>
 
@@ -21,12 +21,12 @@ public:
     /// The application icon for the title bar and the task list; empty where the program has none.
     static QIcon windowIcon();
 
-    /// statusImage() from the pictures of `bundle`: StatusIcon as PNG or else as ICNS, then AppIcon
-    /// as ICNS, then `applicationIcon`, which may be null and then draws nothing.
-    static DrawnImage statusImageFrom(const ImageBundle& bundle, const QIcon& applicationIcon);
+    /// statusImage() from the files of `directory`: StatusIcon.png or else StatusIcon.svg, then
+    /// AppIcon.svg, then `applicationIcon`, which may be null and then draws nothing.
+    static DrawnImage statusImageFrom(const QString& directory, const QIcon& applicationIcon);
 
-    /// appImage() from the pictures of `bundle`.
-    static std::optional<DrawnImage> appImageFrom(const ImageBundle& bundle, int side);
+    /// appImage() from AppIcon.svg of `directory`.
+    static std::optional<DrawnImage> appImageFrom(const QString& directory, int side);
 };
 
 } // namespace voltmere

@@ -2,21 +2,15 @@
 // for what needs them.
 
 #include "app/command_line.h"
-#include "app/terminal.h"
 #include "app/version.h"
 #include "app/voltmere_app.h"
-#include "linux/ending_signals.h"
 #include "linux/run_loop.h"
 #include "linux/single_instance.h"
-#include "linux/ui/display_problem.h"
 #include "linux/ui/front_end.h"
 #include "linux/ui/qt_start.h"
 #include "linux/ui/screenshots.h"
-#include "texts/plain_text.h"
 
 #include <QApplication>
-
-#include <cstdio>
 
 namespace {
 
@@ -24,10 +18,6 @@ using voltmere::CommandLine;
 
 int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
 {
-    if (const auto problem = voltmere::displayProblem()) {
-        std::fprintf(stderr, "voltmere: %s\n", voltmere::plainText(*problem).c_str());
-        return voltmere::exitStatus::cannotRun;
-    }
     const auto application = voltmere::startQt(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setDesktopFileName(voltmere::applicationId);
@@ -36,7 +26,6 @@ int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
     if (!commandLine.demo && instance.start() == voltmere::SingleInstance::Role::later) {
         return 0;
     }
-    const voltmere::EndingSignals endingSignals(&QCoreApplication::quit);
     voltmere::QtRunLoop mainLoop;
     voltmere::QtFrontEnd frontEnd(mainLoop, *log);
     voltmere::VoltmereApp program(commandLine, mainLoop, frontEnd);

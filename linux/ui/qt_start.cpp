@@ -1,62 +1,66 @@
 #include "linux/ui/qt_start.h"
 
 #include "app/terminal.h"
+#include "linux/environment.h"
 #include "texts/plain_text.h"
 
-#include <QByteArray>
-#include <QList>
+#include <QApplication>
 #include <QString>
-#include <QtGlobal>
 
 #include <cstdio>
 #include <cstdlib>
 #include <mutex>
+#include <string>
 
 namespace voltmere {
 
 namespace {
 
-struct Message {
-    QtMsgType type;
-    QByteArray category;
-    QString text;
-};
-
-/// What Qt has said since its start began, but for what only a developer asks for.
+/// What Qt says while it starts. Qt has threads of its own, which may speak too.
 struct Said {
-    QtMessageHandler usual = nullptr;
-    std::mutex mutex; ///< Qt has threads of its own, which may speak too
-    QList<Message> messages;
+    std::mutex mutex;
+    QString firstWarning;
+    std::string lines;
 };
 
-/// Qt hands its messages to a plain function, so what that needs has to stand here.
+/// Qt hands its messages to a plain function, so their place is known without an argument.
 Said& said()
 {
     static Said instance;
     return instance;
 }
 
-/// What Qt gives up with is long and names no cause; its first complaint before that does.
-[[noreturn]] void giveUp(const QString& farewell)
+/// Why Qt cannot start, and what to do about it.
+std::string problem(const QString& cause)
 {
-    const QList<Message>& messages = said().messages;
-    const QString cause = messages.isEmpty() ? farewell.section('\n', 0, 0) : messages.first().text;
-    std::fprintf(stderr,
-                 "voltmere: Qt cannot show windows here (%s); check QT_QPA_PLATFORM, install the "
-                 "plugin (qt6-wayland for Wayland), or use --list\n",
-                 plainText(cause.toStdString()).c_str());
-    std::_Exit(exitStatus::cannotRun);
+    if (environmentVariable("WAYLAND_DISPLAY").empty() && environmentVariable("DISPLAY").empty() &&
+        environmentVariable("QT_QPA_PLATFORM").empty()) {
+        return "there is no display (neither WAYLAND_DISPLAY nor DISPLAY is set); start it in a "
+               "desktop session, or use --list";
+    }
+    return "Qt cannot show windows here (" + plainText(cause.trimmed().toStdString()) +
+        "); check DISPLAY, XAUTHORITY, WAYLAND_DISPLAY and QT_QPA_PLATFORM, install the plugin "
+        "(qt6-wayland for Wayland), or use --list";
 }
 
 void listen(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
     const std::lock_guard lock(said().mutex);
-    if (type == QtDebugMsg) {
-        said().usual(type, context, text);
-    } else if (type == QtFatalMsg) {
-        giveUp(text);
-    } else {
-        said().messages.append({type, context.category, text});
+    if (type == QtFatalMsg) {
+        // Qt's fatal message does not name the cause; the first warning before it does.
+        const QString& warning = said().firstWarning;
+        const QString cause = warning.isEmpty() ? text.section('\n', 0, 0) : warning;
+        std::fprintf(stderr, "voltmere: %s\n", problem(cause).c_str());
+        std::_Exit(exitStatus::cannotRun);
+    }
+    const std::string line = qFormatLogMessage(type, context, text).toStdString() + '\n';
+    if (type == QtDebugMsg) { // asked for by a developer, and no complaint
+        std::fputs(line.c_str(), stderr);
+        return;
+    }
+    said().lines += line;
+    if (said().firstWarning.isEmpty()) {
+        said().firstWarning = text;
     }
 }
 
@@ -64,17 +68,11 @@ void listen(QtMsgType type, const QMessageLogContext& context, const QString& te
 
 std::unique_ptr<QApplication> startQt(int& argc, char** argv)
 {
-    const QtMessageHandler usual = qInstallMessageHandler(nullptr);
-    said().usual = usual;
-    qInstallMessageHandler(listen);
+    const QtMessageHandler usual = qInstallMessageHandler(listen);
     auto application = std::make_unique<QApplication>(argc, argv);
     qInstallMessageHandler(usual);
     const std::lock_guard lock(said().mutex);
-    for (const Message& message : said().messages) {
-        usual(message.type, QMessageLogContext(nullptr, 0, nullptr, message.category.constData()),
-              message.text);
-    }
-    said().messages.clear();
+    std::fputs(said().lines.c_str(), stderr);
     return application;
 }
 

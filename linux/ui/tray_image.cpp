@@ -1,6 +1,5 @@
 #include "linux/ui/tray_image.h"
 
-#include "linux/ui/image_bundle.h"
 #include "linux/ui/status_image.h"
 #include "linux/ui/tray_number.h"
 
@@ -82,8 +81,8 @@ void drawLevel(QPainter& painter, std::int64_t level, bool low, int side)
 /// From the vector form, since the bitmaps are made for 20 points only.
 void drawStatusIcon(QPainter& painter, int side)
 {
-    const QByteArray svg = findInProgram("StatusIcon", "svg").value_or(QByteArray());
-    QSvgRenderer(svg).render(&painter, QRectF(0, 0, side, side));
+    QSvgRenderer renderer(QStringLiteral(":/voltmere/StatusIcon.svg"));
+    renderer.render(&painter, QRectF(0, 0, side, side));
 }
 
 } // namespace

@@ -11,11 +11,13 @@
 #include <sys/un.h>
 
 #include <filesystem>
+#include <string>
 #include <vector>
 
 namespace voltmere {
 namespace {
 
+using testing::AnyOf;
 using testing::HasSubstr;
 using testing::MatchesRegex;
 
@@ -85,34 +87,24 @@ TEST_F(DisplayTest, ADisplayThatCannotBeOpened)
 {
     for (const char* const display : {":64123", "nonsense", ":64123.0"}) {
         variables["DISPLAY"] = display;
-        EXPECT_THAT(problem(), HasSubstr("'" + std::string(display) + "' cannot be opened"));
+        EXPECT_THAT(problem(), HasSubstr("connect to display " + std::string(display) + ")"));
     }
 }
 
 TEST_F(DisplayTest, ACompositorThatCannotBeReached)
 {
-    variables["XDG_RUNTIME_DIR"] = home();
-    for (const std::string& display : {std::string("wayland-7"), (home() / "socket").string(),
-                                       std::string(300, 'x'), std::string("/")}) {
-        variables["WAYLAND_DISPLAY"] = display;
-        EXPECT_THAT(problem(), HasSubstr("'" + display + "' cannot be reached"));
-    }
-}
-
-TEST_F(DisplayTest, ACompositorThatCannotBeReachedBesideADisplayThatCannotBeOpened)
-{
     variables["WAYLAND_DISPLAY"] = "wayland-7";
-    variables["DISPLAY"] = ":64123";
-
-    EXPECT_THAT(problem(), HasSubstr("':64123' cannot be opened"));
+    // The first where Qt has its plugin for Wayland, the second where it has not.
+    EXPECT_THAT(problem(),
+                AnyOf(HasSubstr("(Failed to create wl_display"),
+                      HasSubstr("(Could not find the Qt platform plugin \"wayland\"")));
 }
 
-TEST_F(DisplayTest, APlatformOfQtWhoseDisplayCannotBeReached)
+TEST_F(DisplayTest, APlatformOfQtWhoseDisplayIsNotSet)
 {
-    for (const char* const platform : {"xcb", "wayland", "wayland;xcb", "xcb:option"}) {
-        variables["QT_QPA_PLATFORM"] = platform;
-        EXPECT_THAT(problem(), HasSubstr("QT_QPA_PLATFORM ('" + std::string(platform) + "')"));
-    }
+    variables["QT_QPA_PLATFORM"] = "xcb";
+
+    EXPECT_THAT(problem(), HasSubstr("(could not connect to display)"));
 }
 
 TEST_F(DisplayTest, APlatformThatQtDoesNotHave)
@@ -150,20 +142,21 @@ TEST_F(DisplayTest, ControlCharactersDoNotReachTheTerminal)
     }
 }
 
-TEST_F(DisplayTest, WithoutASessionBusTheProgramRunsAndSaysWhatDoesNotWork)
+TEST_F(DisplayTest, AProgramThatRunsSaysWhatDoesNotWork)
 {
-    variables["QT_QPA_PLATFORM"] = "offscreen";
+    variables["QT_QPA_PLATFORM"] = "nonsense;offscreen";
     QProcess program;
     start(program, {"--sysfs", QString::fromStdString(home())});
 
     program.setReadChannel(QProcess::StandardError);
     std::string said;
-    while (!said.ends_with('\n') && program.waitForReadyRead(60'000)) {
+    while (said.find("session bus") == std::string::npos && program.waitForReadyRead(60'000)) {
         said += program.readAllStandardError().toStdString();
     }
+    EXPECT_THAT(said, HasSubstr("Could not find the Qt platform plugin \"nonsense\""));
     EXPECT_THAT(said, HasSubstr("there is no session bus: no notifications"));
     EXPECT_EQ(program.state(), QProcess::Running);
-    program.kill();
+    program.terminate();
     EXPECT_TRUE(program.waitForFinished(60'000));
 }
 

@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """The first start, by a user without settings and without peripherals."""
 
+from program import ASKED_TO_END
 from story import Story, tell
 
 
@@ -14,7 +15,7 @@ class FirstStart(Story):
             "“No peripherals found” in the list and in the status line")
         self.assertIn("Cellsentry", panel.texts())
         program.close_panel()
-        self.assertEqual(program.end(), 0)
+        self.assertEqual(program.end(), ASKED_TO_END)
         self.assertEqual(program.log(), [])
         self.assertEqual(self.files(), files)
         self.assertEqual([file for file in files if "voltmere" in file], [])

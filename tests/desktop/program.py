@@ -14,6 +14,7 @@ from virtual_desktop.processes import Failure, wait_until
 from virtual_desktop.tray import StatusItem
 
 INSTALLED = os.environ.get("VOLTMERE_PROGRAM", "")
+ASKED_TO_END = -signal.SIGTERM
 TITLES = ("Cellsentry", "续航哨兵")
 
 
@@ -49,7 +50,7 @@ class Program:
     # Its life
 
     def end(self):
-        """Asks it to end. Returns its exit status."""
+        """Ends it with SIGTERM. Returns its exit status: ASKED_TO_END if it was still running."""
         if self.process.poll() is None:
             self.process.terminate()
         return self.process.wait(20)

@@ -1,6 +1,7 @@
 #!/usr/bin/python3
 """A second start, and an end by the system."""
 
+from program import ASKED_TO_END
 from story import Story, tell
 
 
@@ -14,14 +15,14 @@ class SecondStart(Story):
         program.close_panel()
         program.open_by_second_start("--panel")
 
-    def test_terminated_program_ends_cleanly_with_the_last_change_saved(self):
+    def test_terminated_program_has_saved_the_last_change(self):
         program = self.start("--panel")
         panel = program.wait_for_panel()
         for wanted in (False, True, False):
             program.press(panel, "check box", "Daily check")
             program.wait_for_panel(lambda panel: ("checked" in panel.all(
                 "check box", "Daily check")[0].states) == wanted)
-        self.assertEqual(program.end(), 0)
+        self.assertEqual(program.end(), ASKED_TO_END)
         self.assertEqual(program.log(), [])
         self.assertEqual(program.settings(), {"threshold": 20, "hour": 22, "minute": 30,
                                               "enabled": False, "instant": True})

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """The end of the session bus, and with it of assistive technology and notifications."""
 
-from program import clock
+from program import ASKED_TO_END, clock
 from story import MOUSE_ADDRESS, Story, tell
 from virtual_desktop.processes import wait_until
 
@@ -18,7 +18,7 @@ class SessionBusEnds(Story):
         wait_until(lambda: self.desktop.has_window_titled("Mouse of Ann battery alert"),
                    "the reminder", 60)
         self.assertEqual(program.instant_alerts(), ["Mouse of Ann 9%"])
-        self.assertEqual(program.end(), 0)
+        self.assertEqual(program.end(), ASKED_TO_END)
 
 
 if __name__ == "__main__":

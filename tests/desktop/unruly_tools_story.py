@@ -4,6 +4,7 @@
 import os
 import signal
 
+from program import ASKED_TO_END
 from story import Story, tell
 from virtual_desktop.processes import wait_until
 
@@ -62,7 +63,7 @@ class UnrulyTools(Story):
         os.remove(self.tools / "ioreg")
         self.assert_reads("No peripherals found")
         self.assert_right_reading(54)
-        self.assertEqual(self.program.end(), 0)
+        self.assertEqual(self.program.end(), ASKED_TO_END)
 
     def test_a_change_at_the_very_end_is_saved_while_the_tool_hangs(self):
         self.install_right_one(58)

@@ -1,6 +1,7 @@
 #include "linux/ui/pictures.h"
 
 #include "linux/ui/app_icon_asset.h"
+#include "posix/temporary_directory.h"
 
 #include <gmock/gmock.h>
 
@@ -10,114 +11,107 @@
 namespace voltmere {
 namespace {
 
-/// An application icon that none of the bundles here has.
-QIcon applicationIcon()
+/// An SVG file of one colour.
+std::string svgOf(const std::string& colour)
 {
-    return QIcon(QPixmap::fromImage(filledImage(Qt::magenta, 64)));
+    return "<svg xmlns='http://www.w3.org/2000/svg' viewBox='0 0 8 8'><rect width='8' height='8' "
+           "fill='" +
+        colour + "'/></svg>";
 }
 
-/// The colour in the middle of the status icon from that bundle.
-QColor statusColour(const ImageBundle& bundle, qreal ratio = 1)
+/// Pictures in a directory, each kind in a colour of its own.
+class AppIconAssetTest : public testing::Test {
+protected:
+    void add(const std::string& name, const QByteArray& content) const
+    {
+        writeFile(directory / name, content.toStdString());
+    }
+    void addStatusPng() const { add("StatusIcon.png", pngOf(Qt::red, 20)); }
+    void addStatusSvg() const { writeFile(directory / "StatusIcon.svg", svgOf("#00ff00")); }
+    void addAppSvg() const { writeFile(directory / "AppIcon.svg", svgOf("#0000ff")); }
+
+    DrawnImage statusImage(const QIcon& applicationIcon = {}) const
+    {
+        return AppIconAsset::statusImageFrom(QString::fromStdString(directory.path()),
+                                             applicationIcon);
+    }
+
+    std::optional<DrawnImage> appImage(int side) const
+    {
+        return AppIconAsset::appImageFrom(QString::fromStdString(directory.path()), side);
+    }
+
+    /// The colour in the middle of the status icon.
+    QColor statusColour(qreal ratio = 1) const
+    {
+        const QImage image = statusImage(applicationIcon).rendered(ratio);
+        return image.pixelColor(image.rect().center());
+    }
+
+    TemporaryDirectory directory;
+    QIcon applicationIcon{QPixmap::fromImage(filledImage(Qt::magenta, 64))};
+};
+
+TEST_F(AppIconAssetTest, TheStatusIconIsThePngElseTheSvgElseTheApplicationsElseItsOwnIcon)
 {
-    const QImage image = AppIconAsset::statusImageFrom(bundle, applicationIcon()).rendered(ratio);
-    return image.pixelColor(image.rect().center());
+    EXPECT_EQ(statusColour(), QColor(Qt::magenta));
+    addAppSvg();
+    EXPECT_EQ(statusColour(), QColor(Qt::blue));
+    addStatusSvg();
+    EXPECT_EQ(statusColour(), QColor(Qt::green));
+    addStatusPng();
+    EXPECT_EQ(statusColour(), QColor(Qt::red));
 }
 
-const QByteArray damaged("no picture");
-
-TEST(AppIconAsset, StatusIconIsThePngWhereThereIsOne)
+TEST_F(AppIconAssetTest, ADamagedStatusIconLeadsToTheApplicationsAtOnce)
 {
-    EXPECT_EQ(statusColour(bundleOf({{"StatusIcon.png", pngOf(Qt::red, 20)},
-                                     {"StatusIcon.icns", icnsOf({pngOf(Qt::green, 32)})},
-                                     {"AppIcon.icns", icnsOf({pngOf(Qt::blue, 32)})}})),
-              QColor(Qt::red));
+    addAppSvg();
+    add("StatusIcon.svg", "no picture");
+    EXPECT_EQ(statusColour(), QColor(Qt::blue));
+
+    addStatusSvg();
+    add("StatusIcon.png", "no picture");
+    EXPECT_EQ(statusColour(), QColor(Qt::blue));
+
+    add("AppIcon.svg", "no picture");
+    EXPECT_EQ(statusColour(), QColor(Qt::magenta));
 }
 
-TEST(AppIconAsset, StatusIconIsItsIcnsWithoutThePng)
+TEST_F(AppIconAssetTest, TheStatusIconDrawsNothingWithNoIconAtAll)
 {
-    EXPECT_EQ(statusColour(bundleOf({{"StatusIcon.icns", icnsOf({pngOf(Qt::green, 32)})},
-                                     {"AppIcon.icns", icnsOf({pngOf(Qt::blue, 32)})}})),
-              QColor(Qt::green));
+    EXPECT_EQ(statusImage().size, QSize(20, 20));
+    EXPECT_EQ(countInk(statusImage().rendered(1)), 0);
 }
 
-TEST(AppIconAsset, StatusIconIsTheApplicationsIcnsWithoutEither)
+TEST_F(AppIconAssetTest, TheStatusIconFillsTwentyPointsAndIsNoTemplate)
 {
-    EXPECT_EQ(statusColour(bundleOf({{"AppIcon.icns", icnsOf({pngOf(Qt::blue, 32)})}})),
-              QColor(Qt::blue));
-}
-
-TEST(AppIconAsset, ADamagedPngLeadsToTheApplicationsIcnsAtOnce)
-{
-    EXPECT_EQ(statusColour(bundleOf({{"StatusIcon.png", damaged},
-                                     {"StatusIcon.icns", icnsOf({pngOf(Qt::green, 32)})},
-                                     {"AppIcon.icns", icnsOf({pngOf(Qt::blue, 32)})}})),
-              QColor(Qt::blue));
-}
-
-TEST(AppIconAsset, ADamagedStatusIcnsLeadsToTheApplicationsIcns)
-{
-    EXPECT_EQ(statusColour(bundleOf(
-                  {{"StatusIcon.icns", damaged}, {"AppIcon.icns", icnsOf({pngOf(Qt::blue, 32)})}})),
-              QColor(Qt::blue));
-}
-
-TEST(AppIconAsset, StatusIconIsTheApplicationsOwnIconWithoutAnyPicture)
-{
-    EXPECT_EQ(statusColour(bundleOf({})), QColor(Qt::magenta));
-}
-
-TEST(AppIconAsset, StatusIconIsTheApplicationsOwnIconWhenAllPicturesAreDamaged)
-{
-    EXPECT_EQ(
-        statusColour(bundleOf({{"StatusIcon.png", damaged}, {"AppIcon.icns", icnsOf({damaged})}})),
-        QColor(Qt::magenta));
-}
-
-TEST(AppIconAsset, StatusIconDrawsNothingWithNoIconAtAll)
-{
-    const DrawnImage image = AppIconAsset::statusImageFrom(bundleOf({}), QIcon());
-    EXPECT_EQ(image.size, QSize(20, 20));
-    EXPECT_EQ(countInk(image.rendered(1)), 0);
-}
-
-TEST(AppIconAsset, StatusIconFillsTwentyPointsAndIsNoTemplate)
-{
-    const std::vector<ImageBundle> bundles{
-        bundleOf({{"StatusIcon.png", pngOf(Qt::red, 20)}}),
-        bundleOf({{"AppIcon.icns", icnsOf({pngOf(Qt::red, 64)})}}),
-        bundleOf({{"AppIcon.icns", icnsOf({pngOf(Qt::red, 8)})}}),
-    };
-    for (const ImageBundle& bundle : bundles) {
-        const DrawnImage image = AppIconAsset::statusImageFrom(bundle, applicationIcon());
+    const auto fills = [this](const QColor& colour) {
+        const DrawnImage image = statusImage(applicationIcon);
         EXPECT_EQ(image.size, QSize(20, 20));
         EXPECT_FALSE(image.isTemplate);
-        EXPECT_EQ(countPixels(image.rendered(1), Qt::red), 20 * 20);
-        EXPECT_EQ(countPixels(image.rendered(2), Qt::red), 40 * 40);
-    }
+        EXPECT_EQ(countPixels(image.rendered(1), colour), 20 * 20);
+        EXPECT_EQ(countPixels(image.rendered(2), colour), 40 * 40);
+    };
+    fills(Qt::magenta);
+    addAppSvg();
+    fills(Qt::blue);
+    addStatusPng();
+    fills(Qt::red);
 }
 
-TEST(AppIconAsset, StatusIconUsesTheDenserPngOnADenserScreen)
+TEST_F(AppIconAssetTest, TheStatusIconUsesTheDenserPngOnADenserScreen)
 {
-    const ImageBundle bundle = bundleOf(
-        {{"StatusIcon.png", pngOf(Qt::red, 20)}, {"StatusIcon@2x.png", pngOf(Qt::green, 40)}});
-    EXPECT_EQ(statusColour(bundle, 1), QColor(Qt::red));
-    EXPECT_EQ(statusColour(bundle, 2), QColor(Qt::green));
+    addStatusPng();
+    add("StatusIcon@2x.png", pngOf(Qt::green, 40));
+    EXPECT_EQ(statusColour(1), QColor(Qt::red));
+    EXPECT_EQ(statusColour(2), QColor(Qt::green));
 }
 
-TEST(AppIconAsset, StatusIconOfTheProgramIsBuiltOnce)
+TEST_F(AppIconAssetTest, TheAppImageHasTheSideThatIsAskedFor)
 {
-    const DrawnImage& image = AppIconAsset::statusImage();
-    EXPECT_EQ(&image, &AppIconAsset::statusImage());
-    EXPECT_EQ(image.size, QSize(20, 20));
-    EXPECT_EQ(image.rendered(1).convertToFormat(QImage::Format_ARGB32),
-              QImage(":/voltmere/StatusIcon.png").convertToFormat(QImage::Format_ARGB32));
-}
-
-TEST(AppIconAsset, AppImageHasTheSideThatIsAskedFor)
-{
-    const ImageBundle bundle = bundleOf({{"AppIcon.icns", icnsOf({pngOf(Qt::blue, 32)})}});
+    addAppSvg();
     for (const int side : {22, 64}) {
-        const auto image = AppIconAsset::appImageFrom(bundle, side);
+        const auto image = appImage(side);
         ASSERT_TRUE(image);
         EXPECT_EQ(image->size, QSize(side, side));
         EXPECT_FALSE(image->isTemplate);
@@ -125,57 +119,34 @@ TEST(AppIconAsset, AppImageHasTheSideThatIsAskedFor)
     }
 }
 
-TEST(AppIconAsset, AppImageIsDrawnFromThePictureThatFitsTheScreen)
+TEST_F(AppIconAssetTest, TheAppImageIsNothingWithoutAnAppIcon)
 {
-    const ImageBundle bundle =
-        bundleOf({{"AppIcon.icns",
-                   icnsOf({pngOf(Qt::red, 512), pngOf(Qt::green, 64), pngOf(Qt::blue, 32)})}});
-    const auto image = AppIconAsset::appImageFrom(bundle, 22);
+    addStatusPng();
+    addStatusSvg();
+    EXPECT_FALSE(appImage(64));
+    add("AppIcon.svg", "no picture");
+    EXPECT_FALSE(appImage(64));
+}
+
+TEST(AppIconAsset, TheStatusIconOfTheProgramIsItsPngAndIsBuiltOnce)
+{
+    const DrawnImage& image = AppIconAsset::statusImage();
+    EXPECT_EQ(&image, &AppIconAsset::statusImage());
+    EXPECT_EQ(image.rendered(1).convertToFormat(QImage::Format_ARGB32),
+              QImage(":/voltmere/StatusIcon.png").convertToFormat(QImage::Format_ARGB32));
+}
+
+TEST(AppIconAsset, TheAppImageOfTheProgramHasAllItsColours)
+{
+    const auto image = AppIconAsset::appImage(64);
     ASSERT_TRUE(image);
-    EXPECT_EQ(image->rendered(1).pixelColor(11, 11), QColor(Qt::blue));
-    EXPECT_EQ(image->rendered(2).pixelColor(11, 11), QColor(Qt::green));
-    EXPECT_EQ(image->rendered(3).pixelColor(11, 11), QColor(Qt::red));
-}
-
-TEST(AppIconAsset, AppImagePassesOverAPictureThatIsDamaged)
-{
-    const ImageBundle bundle =
-        bundleOf({{"AppIcon.icns", icnsOf({pngOf(Qt::red, 64), pngOf(Qt::blue, 32).first(40)})}});
-    const auto image = AppIconAsset::appImageFrom(bundle, 32);
-    ASSERT_TRUE(image);
-    EXPECT_EQ(image->rendered(1).pixelColor(16, 16), QColor(Qt::red));
-}
-
-TEST(AppIconAsset, AppImageIsNothingWithoutAnIcnsOfItsOwn)
-{
-    EXPECT_FALSE(AppIconAsset::appImageFrom(bundleOf({}), 64));
-    EXPECT_FALSE(AppIconAsset::appImageFrom(
-        bundleOf({{"StatusIcon.png", pngOf(Qt::red, 20)}, {"AppIcon.png", pngOf(Qt::red, 64)}}),
-        64));
-    EXPECT_FALSE(AppIconAsset::appImageFrom(bundleOf({{"AppIcon.icns", damaged}}), 64));
-}
-
-TEST(AppIconAsset, AppImageOfTheProgramIsThere)
-{
-    for (const int side : {22, 64}) {
-        const auto image = AppIconAsset::appImage(side);
-        ASSERT_TRUE(image);
-        EXPECT_EQ(image->size, QSize(side, side));
-        EXPECT_GT(countInk(image->rendered(2)), 2 * side * side);
-    }
-}
-
-TEST(ImageBundle, OfTheProgramHasThePicturesAndDoesNotCopyThem)
-{
-    for (const auto& [name, extension] :
-         {std::pair("StatusIcon", "png"), std::pair("StatusIcon@2x", "png"),
-          std::pair("StatusIcon", "svg"), std::pair("AppIcon", "icns")}) {
-        const auto bytes = findInProgram(name, extension);
-        ASSERT_TRUE(bytes) << name;
-        EXPECT_FALSE(bytes->isEmpty());
-        EXPECT_EQ(bytes->constData(), findInProgram(name, extension)->constData());
-    }
-    EXPECT_FALSE(findInProgram("StatusIcon", "icns"));
+    const QImage drawn = image->rendered(8);
+    EXPECT_EQ(drawn.size(), QSize(512, 512));
+    EXPECT_EQ(drawn.pixelColor(0, 0).alpha(), 0);
+    EXPECT_EQ(drawn.pixelColor(256, 110), QColor("#86b3c9"));
+    EXPECT_EQ(drawn.pixelColor(256, 380), QColor("#36d693"));
+    EXPECT_EQ(drawn.pixelColor(170, 256), QColor(Qt::white));
+    EXPECT_EQ(drawn.pixelColor(240, 256), QColor("#0f2740"));
 }
 
 } // namespace

@@ -1,18 +1,13 @@
 #pragma once
 
 #include "devices/battery_device.h"
-#include "linux/ui/image_bundle.h"
 
 #include <QBuffer>
 #include <QByteArray>
 #include <QColor>
 #include <QImage>
-#include <QtEndian>
 
 #include <cstdint>
-#include <initializer_list>
-#include <map>
-#include <string>
 
 namespace voltmere {
 
@@ -59,38 +54,6 @@ inline QByteArray pngOf(const QColor& colour, int side)
     QBuffer file(&bytes);
     filledImage(colour, side).save(&file, "PNG");
     return bytes;
-}
-
-inline QByteArray bigEndian(quint32 number)
-{
-    QByteArray bytes(sizeof number, '\0');
-    qToBigEndian(number, bytes.data());
-    return bytes;
-}
-
-inline QByteArray icnsChunk(const QByteArray& type, const QByteArray& data)
-{
-    return type + bigEndian(static_cast<quint32>(8 + data.size())) + data;
-}
-
-/// An ICNS file of those pictures. The types are not those that the format has for each size.
-inline QByteArray icnsOf(std::initializer_list<QByteArray> pictures)
-{
-    QByteArray chunks;
-    for (const QByteArray& picture : pictures) {
-        chunks += icnsChunk("ic07", picture);
-    }
-    return icnsChunk("icns", chunks);
-}
-
-/// A bundle of those files, by name.
-inline ImageBundle bundleOf(std::map<std::string, QByteArray> files)
-{
-    return [files = std::move(files)](const QString& name,
-                                      const QString& extension) -> std::optional<QByteArray> {
-        const auto file = files.find((name + '.' + extension).toStdString());
-        return file == files.end() ? std::nullopt : std::optional(file->second);
-    };
 }
 
 } // namespace voltmere

@@ -1,0 +1,165 @@
+#include "linux/login_item.h"
+
+#include "linux/atomic_file.h"
+#include "linux/environment.h"
+#include "linux/installation.h"
+#include "ports/desktop.h"
+#include "texts/l10n.h"
+#include "texts/utf8.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <sstream>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+namespace voltmere {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string failureAt(const fs::path& path, const std::string& reason)
+{
+    return path.string() + ": " + reason;
+}
+
+/// An entry is UTF-8 in lines. A backslash would need escapes of its own in each value.
+bool canBeWritten(const std::string& program)
+{
+    return !program.empty() && isValidUtf8(program) &&
+        std::ranges::none_of(program, [](unsigned char c) { return c < ' ' || c == '\\'; });
+}
+
+/// `program` as the one argument of "Exec". Within the quotes a backslash stands before a special
+/// character, and as in any value of an entry that backslash is written twice.
+///
+/// A percent sign is doubled, and the program's own path may hold no equal sign. GLib and systemd
+/// look for the program under the doubled name and refuse the entry, so such a path is the argument
+/// of a program that does nothing but start it: nice -n 0.
+///
+/// Source: Desktop Entry Specification 1.5, "The Exec key", "Possible value types".
+std::string execStarting(std::string_view program)
+{
+    std::string quoted;
+    for (const char character : program) {
+        if (character == '"' || character == '`' || character == '$') {
+            quoted += R"(\\)";
+        } else if (character == '%') {
+            quoted += '%';
+        }
+        quoted += character;
+    }
+    const bool needsStarter = program.find_first_of("%=") != std::string_view::npos;
+    return (needsStarter ? "nice -n 0 \"" : "\"") + quoted + '"';
+}
+
+/// TryExec keeps a session from complaining about a program that has been removed since.
+std::string entryFor(const std::string& program)
+{
+    std::ostringstream text;
+    text << "[Desktop Entry]\n"
+         << "Type=Application\n"
+         << "Name=" << L10n::en().at("app.name") << '\n'
+         << "Name[zh]=" << L10n::zh().at("app.name") << '\n'
+         << "Exec=" << execStarting(program) << '\n'
+         << "TryExec=" << program << '\n'
+         << "Icon=" << applicationId << '\n'
+         << "Terminal=false\n"
+         << "StartupNotify=false\n";
+    return text.str();
+}
+
+bool isSwitchedOff(const std::string& entryText)
+{
+    std::istringstream lines(entryText);
+    for (std::string line; std::getline(lines, line);) {
+        std::erase_if(line, [](char c) { return c == ' ' || c == '\t' || c == '\r'; });
+        if (line.starts_with('[') && line != "[DesktopEntry]") {
+            break;
+        }
+        if (line == "Hidden=true" || line == "X-GNOME-Autostart-enabled=false") {
+            return true;
+        }
+    }
+    return false;
+}
+
+std::optional<std::string> removeFile(const fs::path& path)
+{
+    if (::unlink(path.c_str()) == 0 || errno == ENOENT) {
+        return std::nullopt;
+    }
+    return failureAt(path, std::error_code(errno, std::generic_category()).message());
+}
+
+} // namespace
+
+LoginItem::LoginItem(const fs::path& directory, std::string program)
+    : entry(directory.empty() ? fs::path() : directory / (std::string(applicationId) + ".desktop"))
+    , program(std::move(program))
+{
+}
+
+LoginItemService::Status LoginItem::status() const
+{
+    const TextFile found = readTextFile(entry);
+    // An empty text is a link to /dev/null, by which a user masks an entry.
+    return found.text.empty() || isSwitchedOff(found.text) ? Status::notRegistered
+                                                           : Status::enabled;
+}
+
+std::optional<std::string> LoginItem::registerItem()
+{
+    if (entry.empty()) {
+        return "There is no place for a start-up entry: neither XDG_CONFIG_HOME nor HOME is set";
+    }
+    if (!canBeWritten(program)) {
+        return failureAt(entry, "the path of this program cannot be written there");
+    }
+    if (const auto error = makePrivateDirectory(entry.parent_path())) {
+        return failureAt(entry.parent_path(), error.message());
+    }
+    std::error_code ignored;
+    if (fs::is_symlink(entry, ignored)) {
+        // The file that it leads to is not the program's to replace.
+        if (auto failure = removeFile(entry)) {
+            return failure;
+        }
+    }
+    if (const auto error = replaceTextFile(entry, entryFor(program))) {
+        return failureAt(entry, error.message());
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> LoginItem::unregisterItem()
+{
+    return removeFile(entry);
+}
+
+fs::path autostartDirectory()
+{
+    if (const fs::path chosen(environmentVariable("XDG_CONFIG_HOME")); chosen.is_absolute()) {
+        return chosen / "autostart";
+    }
+    const fs::path home(environmentVariable("HOME"));
+    return home.is_absolute() ? home / ".config" / "autostart" : fs::path();
+}
+
+std::string runningProgram()
+{
+    std::error_code error;
+    const std::string executable = terminalProgram().string();
+    const std::string image = environmentVariable("APPIMAGE");
+    const std::string mount = fs::weakly_canonical(environmentVariable("APPDIR"), error).string();
+    // Both are handed down to every program that is started from inside an AppImage, so an image
+    // that does not hold this program is another one's.
+    const bool isInImage = !mount.empty() && executable.starts_with(mount + '/');
+    return isInImage && fs::path(image).is_absolute() ? image : executable;
+}
+
+} // namespace voltmere

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "ports/login_item.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+
+namespace voltmere {
+
+/// The program's own start-up entry, org.voltmere.Voltmere.desktop among the user's. It belongs to
+/// the program: registering writes it whole, unregistering removes it. Nothing is remembered: each
+/// call reads the file anew.
+///
+/// The entry is on when it is there and says neither `Hidden=true` nor
+/// `X-GNOME-Autostart-enabled=false`, by which the settings of desktops switch entries off.
+///
+/// Source: Desktop Application Autostart Specification 0.5.
+class LoginItem : public LoginItemService {
+public:
+    /// `directory` holds the user's entries, and is empty where it cannot be told. `program` is the
+    /// absolute path of the file to start.
+    LoginItem(const std::filesystem::path& directory, std::string program);
+
+    /// Either `enabled` or `notRegistered`.
+    Status status() const override;
+    std::optional<std::string> registerItem() override;
+    std::optional<std::string> unregisterItem() override;
+
+private:
+    std::filesystem::path entry;
+    std::string program;
+};
+
+/// Where this user's start-up entries are: in $XDG_CONFIG_HOME, or else in ~/.config. Empty where
+/// neither is an absolute path. Source: XDG Base Directory Specification 0.8.
+std::filesystem::path autostartDirectory();
+
+/// The file that starts this program: the running executable, or the AppImage that holds it, which
+/// is mounted at another place each time. Source: AppImage documentation, "Environment variables".
+std::string runningProgram();
+
+} // namespace voltmere
