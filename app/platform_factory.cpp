@@ -8,7 +8,7 @@
 #include "linux/portal_appearance.h"
 #include "linux/qt_application.h"
 #include "linux/tray_host_watcher.h"
-#include "linux/ui/status_label.h"
+#include "linux/ui/icon.h"
 #include "linux/ui/tray_image.h"
 #include "linux/wayland_display.h"
 #include "linux/x_display.h"

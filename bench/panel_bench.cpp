@@ -11,7 +11,7 @@
 #include "fakes/fake_appearance.h"
 #include "fakes/model_world.h"
 #include "fakes/sample_devices.h"
-#include "linux/ui/content_view.h"
+#include "linux/ui/panel.h"
 #include "linux/ui/panel_controller.h"
 #include "linux/ui/status_image.h"
 #include "linux/ui/tray_image.h"

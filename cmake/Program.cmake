@@ -23,7 +23,7 @@ add_library(voltmere_ui STATIC
   linux/ui/alert_rows.cpp
   linux/ui/app_icon_asset.cpp
   linux/ui/assistive_names.cpp
-  linux/ui/content_view.cpp
+  linux/ui/panel.cpp
   linux/ui/device_list.cpp
   linux/ui/device_row.cpp
   linux/ui/display_text.cpp
@@ -43,14 +43,14 @@ add_library(voltmere_ui STATIC
   linux/ui/redraw_scheduler.cpp
   linux/ui/setting_picker.cpp
   linux/ui/snooze_alert_presenter.cpp
-  linux/ui/snooze_alert_window.cpp
+  linux/ui/alert.cpp
   linux/ui/status_image.cpp
-  linux/ui/status_label.cpp
+  linux/ui/icon.cpp
   linux/ui/symbol.cpp
   linux/ui/theme.cpp
   linux/ui/tray_image.cpp
   linux/ui/tray_number.cpp
-  linux/ui/wrapping_label.cpp
+  linux/ui/views.cpp
   linux/wayland_display.cpp
   linux/x_display.cpp)
 find_package(PkgConfig REQUIRED)

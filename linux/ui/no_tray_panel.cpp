@@ -1,7 +1,7 @@
 #include "linux/ui/no_tray_panel.h"
 
 #include "linux/ui/panel_metrics.h"
-#include "linux/ui/wrapping_label.h"
+#include "linux/ui/views.h"
 #include "texts/l10n.h"
 
 #include <QApplication>

@@ -1,6 +1,6 @@
 #include "linux/ui/snooze_alert_presenter.h"
 
-#include "linux/ui/snooze_alert_window.h"
+#include "linux/ui/alert.h"
 
 #include <QPointer>
 

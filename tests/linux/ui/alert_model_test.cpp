@@ -1,6 +1,6 @@
 // The reminder's real window over a real model, in virtual time.
 
-#include "linux/ui/alert_window_fixture.h"
+#include "linux/ui/alert_fixture.h"
 
 #include "fakes/model_world.h"
 

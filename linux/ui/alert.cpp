@@ -1,4 +1,4 @@
-#include "linux/ui/snooze_alert_window.h"
+#include "linux/ui/alert.h"
 
 #include "linux/ui/alert_rows.h"
 #include "linux/ui/app_icon_asset.h"

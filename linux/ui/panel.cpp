@@ -1,4 +1,4 @@
-#include "linux/ui/content_view.h"
+#include "linux/ui/panel.h"
 
 #include "linux/ui/app_icon_asset.h"
 #include "linux/ui/assistive_names.h"
@@ -10,7 +10,7 @@
 #include "linux/ui/picture_view.h"
 #include "linux/ui/setting_picker.h"
 #include "linux/ui/theme.h"
-#include "linux/ui/wrapping_label.h"
+#include "linux/ui/views.h"
 #include "snooze/custom_time.h"
 #include "texts/app_language.h"
 #include "texts/l10n.h"

@@ -1,4 +1,4 @@
-#include "linux/ui/status_label.h"
+#include "linux/ui/icon.h"
 
 #include "fakes/model_world.h"
 #include "fakes/sample_devices.h"

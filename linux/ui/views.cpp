@@ -1,4 +1,4 @@
-#include "linux/ui/wrapping_label.h"
+#include "linux/ui/views.h"
 
 #include <QPainter>
 #include <QTextLayout>

@@ -6,9 +6,9 @@
 #include "fakes/fake_preferred_languages.h"
 #include "fakes/fake_run_loop.h"
 #include "fakes/sample_devices.h"
+#include "linux/ui/alert.h"
 #include "linux/ui/hover_controls.h"
 #include "linux/ui/snooze_alert_presenter.h"
-#include "linux/ui/snooze_alert_window.h"
 #include "linux/ui/theme.h"
 #include "snooze/snooze_alert.h"
 

@@ -1,4 +1,4 @@
-#include "linux/ui/status_label.h"
+#include "linux/ui/icon.h"
 
 #include "devices/device_listing.h"
 #include "linux/ui/display_text.h"
