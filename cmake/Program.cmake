@@ -65,6 +65,8 @@ voltmere_target(voltmere_ui)
 qt_add_resources(voltmere_ui icons PREFIX /voltmere BASE resources/icons OPTIONS --no-compress
   FILES resources/icons/AppIcon.icns resources/icons/StatusIcon.png
         resources/icons/StatusIcon@2x.png resources/icons/StatusIcon.svg)
+qt_add_resources(voltmere_ui digits PREFIX /voltmere BASE resources OPTIONS --no-compress
+  FILES resources/digits.svg)
 qt_add_resources(voltmere_ui symbols PREFIX /voltmere/symbols BASE resources/symbols
   OPTIONS --no-compress
   FILES resources/symbols/keyboard.svg resources/symbols/magicmouse.svg
