@@ -8,8 +8,6 @@
 #include "linux/portal_appearance.h"
 #include "linux/qt_application.h"
 #include "linux/tray_host_watcher.h"
-#include "linux/ui/icon.h"
-#include "linux/ui/tray_image.h"
 #include "linux/wayland_display.h"
 #include "linux/x_display.h"
 #include "ports/desktop.h"
@@ -130,23 +128,13 @@ std::unique_ptr<QObject> watchForTrayHost(std::function<void()> available)
     return std::make_unique<TrayHostWatcher>(std::move(available));
 }
 
-std::unique_ptr<ProgramIcon> makeIcon(BatteryModel& model, const Appearance& /*appearance*/,
+std::unique_ptr<StatusLabel> makeIcon(BatteryModel& model, const Appearance& /*appearance*/,
                                       IconActions actions)
 {
-    return std::make_unique<StatusLabel>(
-        model,
-        StatusLabel::Behaviour{
-            .picture =
-                [maker = TrayIconMaker()](const auto& devices, auto threshold) mutable {
-                    return maker.make(devices, threshold);
-                },
-            .toggle = std::move(actions.toggle),
-            .open = std::move(actions.open),
-            .quit = std::move(actions.quit)});
-}
-
-void keepAfloat(QWidget& /*window*/)
-{
+    return std::make_unique<StatusLabel>(model,
+                                         StatusLabel::Actions{std::move(actions.toggle),
+                                                              std::move(actions.open),
+                                                              std::move(actions.quit)});
 }
 
 } // namespace voltmere

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/single_instance.h"
-#include "linux/ui/program_icon.h"
+#include "linux/ui/icon.h"
 #include "model/battery_model.h"
 #include "ports/desktop.h"
 #include "ports/log.h"
@@ -16,7 +16,6 @@
 
 class QObject;
 class QRect;
-class QWidget;
 
 namespace voltmere {
 
@@ -62,10 +61,7 @@ struct IconActions {
 };
 
 /// The program's icon in the menu bar or tray, which must be there. It follows the model.
-std::unique_ptr<ProgramIcon> makeIcon(BatteryModel& model, const Appearance& appearance,
+std::unique_ptr<StatusLabel> makeIcon(BatteryModel& model, const Appearance& appearance,
                                       IconActions actions);
-
-/// Keeps a window that is on screen over ordinary windows, where Qt's flag for that does not do.
-void keepAfloat(QWidget& window);
 
 } // namespace voltmere

@@ -39,7 +39,7 @@ Services::Services(const CommandLine& commandLine)
     , notificationDelegate(runLoop, *application)
     , notifications(openNotifications(commandLine.demo, runLoop, clock, *log))
     , appearance(makeAppearance())
-    , alerts(*appearance, pointer, runLoop, keepAfloat)
+    , alerts(*appearance, pointer, runLoop)
     , peripherals(commandLine, *log)
     , reader(std::make_shared<DeviceReader>([this] { return peripherals.choose(); }, clock))
 {

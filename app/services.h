@@ -5,7 +5,7 @@
 #include "app/peripherals.h"
 #include "linux/qt_pointer.h"
 #include "linux/run_loop.h"
-#include "linux/ui/snooze_alert_presenter.h"
+#include "linux/ui/alert.h"
 #include "model/battery_model.h"
 #include "ports/desktop.h"
 #include "ports/log.h"

@@ -1,7 +1,6 @@
 #include "app/voltmere_app.h"
 
 #include "app/platform_factory.h"
-#include "linux/ui/no_tray_panel.h"
 #include "linux/ui/panel.h"
 #include "linux/ui/theme.h"
 

@@ -3,8 +3,8 @@
 #include "app/app_delegate.h"
 #include "app/command_line.h"
 #include "app/services.h"
+#include "linux/ui/icon.h"
 #include "linux/ui/panel_controller.h"
-#include "linux/ui/program_icon.h"
 #include "model/battery_model.h"
 
 #include <memory>
@@ -38,7 +38,7 @@ private:
     PanelController panel;
     std::unique_ptr<QObject> trayWatch;
     std::unique_ptr<Timer> trayDeadline;
-    std::unique_ptr<ProgramIcon> icon;
+    std::unique_ptr<StatusLabel> icon;
     bool opensPanel;
 };
 

@@ -20,35 +20,19 @@ add_library(voltmere_ui STATIC
   linux/reminder_json.cpp
   linux/reminder_store.cpp
   linux/tray_host_watcher.cpp
-  linux/ui/alert_rows.cpp
+  linux/ui/alert.cpp
   linux/ui/app_icon_asset.cpp
-  linux/ui/assistive_names.cpp
-  linux/ui/panel.cpp
-  linux/ui/device_list.cpp
-  linux/ui/device_row.cpp
-  linux/ui/display_text.cpp
-  linux/ui/divider.cpp
   linux/ui/drawn_image.cpp
-  linux/ui/elided_label.cpp
   linux/ui/hover_controls.cpp
-  linux/ui/hover_poller.cpp
   linux/ui/icns.cpp
-  linux/ui/icon_texts.cpp
+  linux/ui/icon.cpp
   linux/ui/image_bundle.cpp
-  linux/ui/menu_text.cpp
-  linux/ui/no_tray_panel.cpp
+  linux/ui/panel.cpp
   linux/ui/panel_controller.cpp
-  linux/ui/panel_placement.cpp
-  linux/ui/picture_view.cpp
   linux/ui/redraw_scheduler.cpp
   linux/ui/setting_picker.cpp
-  linux/ui/snooze_alert_presenter.cpp
-  linux/ui/alert.cpp
   linux/ui/status_image.cpp
-  linux/ui/icon.cpp
-  linux/ui/symbol.cpp
   linux/ui/theme.cpp
-  linux/ui/tray_image.cpp
   linux/ui/tray_number.cpp
   linux/ui/views.cpp
   linux/wayland_display.cpp

@@ -1,10 +1,7 @@
 #include "linux/ui/icon.h"
 
-#include "devices/device_listing.h"
-#include "linux/ui/display_text.h"
-#include "linux/ui/icon_texts.h"
-#include "linux/ui/menu_text.h"
-#include "texts/l10n.h"
+#include "linux/ui/status_image.h"
+#include "linux/ui/views.h"
 
 #include <QAction>
 
@@ -12,25 +9,30 @@
 
 namespace voltmere {
 
-namespace {
-
-/// The icon's menu is native where the desktop takes it over D-Bus.
-MenuPainter menuPainter(QMenu& menu)
+QString menuText(QString text, MenuPainter painter)
 {
-    return menu.platformMenu() == nullptr ? MenuPainter::toolkit : MenuPainter::trayHost;
+    if (painter == MenuPainter::toolkit) {
+        return text.replace('&', "&&");
+    }
+    // Hosts read "_" before a letter as Qt reads "&", and Qt turns the first "&", no other, into a
+    // "_" for them. So a blank without width takes that one. Some hosts drop "__" from an entry
+    // that has a marked letter: where a text has both, its "&" are of the wide form.
+    static const QString taken = QStringLiteral("&\u200B");
+    if (text.contains('_')) {
+        return text.replace('&', QChar(0xFF06)).replace('_', "__");
+    }
+    return text.contains('&') ? taken + text : text;
 }
 
-} // namespace
-
-StatusLabel::StatusLabel(BatteryModel& model, Behaviour givenBehaviour)
+StatusLabel::StatusLabel(BatteryModel& model, Actions givenActions)
     : model(model)
-    , behaviour(std::move(givenBehaviour))
+    , actions(std::move(givenActions))
     , redrawScheduler(model.objectWillChange, [this] { redraw(); })
 {
     connect(&icon, &QSystemTrayIcon::activated, this,
             [this](QSystemTrayIcon::ActivationReason reason) {
                 if (reason == QSystemTrayIcon::Trigger) {
-                    behaviour.toggle(place());
+                    actions.toggle(place());
                 }
             });
     icon.setContextMenu(&menu);
@@ -38,56 +40,36 @@ StatusLabel::StatusLabel(BatteryModel& model, Behaviour givenBehaviour)
     icon.show();
 }
 
-QRect StatusLabel::place() const
-{
-    return icon.geometry();
-}
-
 void StatusLabel::redraw()
 {
-    std::vector<BatteryDevice> devices = model.devices;
-    sortForDisplay(devices);
-    const QStringList lines = deviceLines(devices);
-    showPicture(behaviour.picture(devices, model.threshold));
-    showToolTip(toolTipText(lines));
-    fillMenu(lines);
-}
-
-// Whatever is set is sent to the desktop, which then asks for all of the icon. Most redraws change
-// nothing of it.
-
-void StatusLabel::showPicture(const QIcon& picture)
-{
-    if (picture.cacheKey() != icon.icon().cacheKey()) {
-        icon.setIcon(picture);
+    // Whatever is set is sent to the desktop, which then asks for all of the icon, and a menu that
+    // is open must not change under the pointer. Most redraws change nothing of either.
+    const auto level = iconLevel(model.devices, model.threshold);
+    if (icon.icon().isNull() || level != shownLevel) {
+        shownLevel = level;
+        icon.setIcon(makeTrayIcon(level));
+    }
+    const IconTexts texts = iconTexts(model.devices);
+    if (texts != shownTexts) {
+        shownTexts = texts;
+        icon.setToolTip(asQt(texts.toolTip));
+        fillMenu(texts);
     }
 }
 
-void StatusLabel::showToolTip(const QString& text)
+void StatusLabel::fillMenu(const IconTexts& texts)
 {
-    if (text != icon.toolTip()) {
-        icon.setToolTip(text);
-    }
-}
-
-void StatusLabel::fillMenu(const QStringList& deviceLines)
-{
-    // A menu that is open must not change under the pointer without need.
-    const QStringList lines = deviceLines +
-        QStringList{displayText(L10n::own("menu.open")), displayText(L10n::t("panel.quit"))};
-    if (lines == menuLines) {
-        return;
-    }
-    menuLines = lines;
+    // The menu is native where the desktop takes it over D-Bus.
+    const MenuPainter painter =
+        menu.platformMenu() == nullptr ? MenuPainter::toolkit : MenuPainter::trayHost;
+    const auto entry = [painter](const std::string& text) { return menuText(asQt(text), painter); };
     menu.clear();
-    const MenuPainter painter = menuPainter(menu);
-    for (const QString& line : deviceLines) {
-        menu.addAction(menuText(line, painter))->setEnabled(false);
+    for (const std::string& device : texts.devices) {
+        menu.addAction(entry(device))->setEnabled(false);
     }
     menu.addSeparator();
-    menu.addAction(menuText(lines.at(lines.size() - 2), painter), this,
-                   [this] { behaviour.open(place()); });
-    menu.addAction(menuText(lines.constLast(), painter), this, [this] { behaviour.quit(); });
+    menu.addAction(entry(texts.open), this, [this] { actions.open(place()); });
+    menu.addAction(entry(texts.quit), this, [this] { actions.quit(); });
 }
 
 } // namespace voltmere

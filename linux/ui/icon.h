@@ -1,47 +1,55 @@
 #pragma once
 
-#include "linux/ui/program_icon.h"
 #include "linux/ui/redraw_scheduler.h"
 #include "model/battery_model.h"
+#include "ui/icon.h"
 
-#include <QIcon>
 #include <QMenu>
-#include <QStringList>
+#include <QRect>
+#include <QString>
 #include <QSystemTrayIcon>
 
 #include <functional>
+#include <optional>
 
 namespace voltmere {
 
-/// The program's icon in a tray. It shows the model's devices and follows them; a
-/// click opens the panel, and the context menu lists the devices for hosts that show no tooltip.
-class StatusLabel : public ProgramIcon {
+/// Who draws a context menu of the icon.
+enum class MenuPainter {
+    toolkit,  ///< this process
+    trayHost, ///< the host of the tray, which gets the menu over D-Bus (com.canonical.dbusmenu)
+};
+
+/// A menu entry that shows `text` as it stands, without a letter for the keyboard in it.
+QString menuText(QString text, MenuPainter painter);
+
+/// The program's icon in a tray, from construction to destruction. It shows the model's devices and
+/// follows them; a click opens the panel, and the context menu lists the devices for hosts that
+/// show no tooltip.
+class StatusLabel : public QObject {
 public:
-    /// What the icon does and looks like.
-    struct Behaviour {
-        /// The icon for a list of devices in display order and a threshold in percent. One with
-        /// the cache key of the icon before is taken to be that icon.
-        std::function<QIcon(const std::vector<BatteryDevice>&, std::int64_t threshold)> picture;
-        std::function<void(const QRect& icon)> toggle; ///< a click; the place may be empty
+    /// What the icon does. The place of the icon on the desktop is empty where it is not known.
+    struct Actions {
+        std::function<void(const QRect& icon)> toggle; ///< a click
         std::function<void(const QRect& icon)> open;
         std::function<void()> quit;
     };
 
     /// Puts the icon into the tray, which must be there.
-    StatusLabel(BatteryModel& model, Behaviour behaviour);
+    StatusLabel(BatteryModel& model, Actions actions);
 
-    QRect place() const override;
+    /// Where the icon is on the desktop; empty where that is not known.
+    QRect place() const { return icon.geometry(); }
 
 private:
     void redraw();
-    void showPicture(const QIcon& picture);
-    void showToolTip(const QString& text);
-    void fillMenu(const QStringList& deviceLines);
+    void fillMenu(const IconTexts& texts);
 
     BatteryModel& model;
-    Behaviour behaviour;
+    Actions actions;
     QMenu menu;
-    QStringList menuLines; ///< what the menu shows
+    std::optional<IconLevel> shownLevel;
+    std::optional<IconTexts> shownTexts;
     QSystemTrayIcon icon{this};
     RedrawScheduler redrawScheduler;
 };

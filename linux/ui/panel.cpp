@@ -1,19 +1,9 @@
 #include "linux/ui/panel.h"
 
 #include "linux/ui/app_icon_asset.h"
-#include "linux/ui/assistive_names.h"
-#include "linux/ui/colours.h"
-#include "linux/ui/device_list.h"
-#include "linux/ui/display_text.h"
-#include "linux/ui/divider.h"
-#include "linux/ui/panel_metrics.h"
-#include "linux/ui/picture_view.h"
 #include "linux/ui/setting_picker.h"
 #include "linux/ui/theme.h"
 #include "linux/ui/views.h"
-#include "snooze/custom_time.h"
-#include "texts/app_language.h"
-#include "texts/l10n.h"
 
 #include <QCheckBox>
 #include <QEvent>
@@ -23,37 +13,119 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <initializer_list>
+#include <memory>
 #include <utility>
 
 namespace voltmere {
 
 namespace {
 
-constexpr int lowestThreshold = 1;
-constexpr int highestThreshold = 90;
+constexpr int buttonPadding = 12; // points, at least, on each side of a button's text
+constexpr QWidget* stretch = nullptr;
 
-QString translated(std::string_view key)
-{
-    return displayText(L10n::t(key));
-}
-
-QHBoxLayout* makeRow(QVBoxLayout& column)
+QHBoxLayout* makeRow(std::initializer_list<QWidget*> widgets)
 {
     auto* const row = new QHBoxLayout;
-    row->setSpacing(panelMetrics::rowSpacing);
-    column.addLayout(row);
+    row->setContentsMargins({});
+    row->setSpacing(panelGeometry::rowSpacing);
+    for (QWidget* const widget : widgets) {
+        if (widget == stretch) {
+            row->addStretch();
+        } else {
+            row->addWidget(widget);
+        }
+    }
     return row;
 }
 
-QString storedText(std::string_view text)
+/// The symbol in the text's colour.
+PictureView* makeSymbolView(const std::string& name, QWidget* parent)
 {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    constexpr int side = panelGeometry::symbolSide;
+    auto* const view = new PictureView(
+        side, [name = asQt(name)](const QColor& colour) { return symbolImage(name, side, colour); },
+        parent);
+    view->setObjectName("symbol-" + asQt(name));
+    return view;
 }
 
-std::string displayName(AppLanguage language)
+QLabel* makePlainLabel(const char* objectName, QWidget* parent)
 {
-    return L10n::own("language." + std::string(rawValue(language)));
+    auto* const label = new QLabel(parent);
+    label->setObjectName(objectName);
+    label->setTextFormat(Qt::PlainText);
+    return label;
 }
+
+/// One row for each peripheral, or one that says that there are none.
+class DeviceList : public QWidget {
+public:
+    DeviceList(const std::string& emptySymbol, QWidget* parent)
+        : QWidget(parent)
+        , emptyRow(new QWidget(this))
+        , emptyText(makePlainLabel("noDevices", emptyRow))
+    {
+        setObjectName("deviceList");
+        emptyRow->setLayout(makeRow({makeSymbolView(emptySymbol, emptyRow), emptyText, stretch}));
+        auto* const column = new QVBoxLayout(this);
+        column->setContentsMargins({});
+        column->setSpacing(panelGeometry::itemSpacing);
+        column->addWidget(emptyRow);
+    }
+
+    void present(const PanelContent& content, const QColor& red)
+    {
+        emptyText->setText(asQt(content.emptyText));
+        emptyRow->setVisible(content.devices.empty());
+        // A row that says the same as before stays: assistive technology may be reading it.
+        if (content.devices != shown) {
+            rebuild(content.devices);
+        }
+        for (std::size_t index = 0; index < rows.size(); ++index) {
+            setTextColour(*rows[index].level,
+                          shown[index].levelIsRed ? std::optional(red) : std::nullopt);
+        }
+    }
+
+private:
+    struct Row {
+        std::unique_ptr<QWidget> view;
+        QLabel* level;
+    };
+
+    void rebuild(const std::vector<DeviceRow>& devices)
+    {
+        rows.clear();
+        for (const DeviceRow& device : devices) {
+            rows.push_back(makeDeviceRow(device));
+            layout()->addWidget(rows.back().view.get());
+            rows.back().view->show();
+        }
+        shown = devices;
+    }
+
+    Row makeDeviceRow(const DeviceRow& device)
+    {
+        auto view = std::make_unique<QWidget>(this);
+        view->setObjectName(QString("device-%1").arg(device.id));
+        // Made in the order in which a screen reader reads them.
+        auto* const name = new ElidedLabel(view.get());
+        auto* const level = makePlainLabel("deviceLevel", view.get());
+        name->setObjectName("deviceName");
+        name->setFont(headlineFont(font()));
+        name->setFullText(asQt(device.name));
+        level->setFont(title3Font(font()));
+        level->setText(asQt(device.level));
+        view->setLayout(makeRow({makeSymbolView(device.symbol, view.get()), name, level}));
+        return {std::move(view), level};
+    }
+
+    QWidget* emptyRow;
+    QLabel* emptyText;
+    std::vector<DeviceRow> shown;
+    std::vector<Row> rows; ///< one for each of `shown`
+};
 
 } // namespace
 
@@ -62,36 +134,47 @@ ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
     : QWidget(parent)
     , model(model)
     , appearance(appearance)
-    , quit(std::move(quit))
+    , content(panelContent(model))
     , redrawScheduler(model.objectWillChange, [this] { redraw(); })
 {
-    constexpr int padding = panelMetrics::padding;
+    constexpr int padding = panelGeometry::padding;
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(padding, padding, padding, padding);
-    column->setSpacing(panelMetrics::itemSpacing);
-    column->addStrut(panelMetrics::width - 2 * padding);
+    column->setSpacing(panelGeometry::itemSpacing);
+    column->addStrut(panelGeometry::width - 2 * padding);
     column->setSizeConstraint(QLayout::SetFixedSize);
 
     // The order in which the controls are made is that of the Tab key and of a screen reader.
-    addHeader(*column);
+    using Content = PanelContent;
+    column->addWidget(makeHeader());
     column->addWidget(new Divider(this));
-    addDevices(*column);
+    column->addWidget(makeDevices());
     column->addWidget(new Divider(this));
-    addThreshold(*column);
-    column->addWidget(makeToggle("dailyCheck", "panel.dailyCheck", model.enabled));
-    addCheckTime(*column);
-    addStatus(*column);
-    addTestButton(*column);
-    column->addWidget(makeToggle("launchAtLogin", "panel.launchAtLogin", model.launchAtLogin));
+    auto* const warnBelow = makeText("thresholdLabel", &Content::warnBelow);
+    auto* const threshold = makePicker("threshold", &Content::threshold, model.threshold);
+    threshold->setMinimumWidth(panelGeometry::thresholdWidth);
+    threshold->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    column->addLayout(makeRow(
+        {warnBelow, threshold, makeText("thresholdSuffix", &Content::warnSuffix),
+         makeToggle("instantAlert", &Content::instantAlert, model.instantEnabled), stretch}));
+    column->addWidget(makeToggle("dailyCheck", &Content::dailyCheck, model.enabled));
+    column->addLayout(
+        makeRow({makeText("checkTimeLabel", &Content::checkTime), stretch,
+                 makePicker("checkHour", &Content::checkHour, model.checkHour),
+                 makeText("timeSeparator", &Content::timeSeparator),
+                 makePicker("checkMinute", &Content::checkMinute, model.checkMinute)}));
+    column->addWidget(makeStatus());
+    column->addWidget(makeButton("testAlert", &Content::testAlert, [this] { showAlertNow(); }), 0,
+                      Qt::AlignLeft);
+    column->addWidget(makeToggle("launchAtLogin", &Content::launchAtLogin, model.launchAtLogin));
     column->addWidget(new Divider(this));
-    addBottomRow(*column);
-    onRedraw([this] { setWindowTitle(QString::fromStdString(L10n::t("app.name"))); });
+    column->addLayout(makeRow({makeButton("quit", &Content::quit, std::move(quit)), stretch,
+                               makeText("languageLabel", &Content::languageLabel),
+                               makePicker("language", &Content::language, model.language)}));
     redraw();
     // No control has the keyboard until Tab, so that no key changes a setting by accident.
     setFocus();
 }
-
-ContentView::~ContentView() = default;
 
 void ContentView::showEvent(QShowEvent* event)
 {
@@ -119,116 +202,69 @@ void ContentView::changeEvent(QEvent* event)
     }
 }
 
-void ContentView::addHeader(QVBoxLayout& column)
+QWidget* ContentView::makeHeader()
 {
-    auto* const name = makeText("applicationName", "app.name");
+    auto* const header = new QWidget(this);
+    auto* const name = makeText("applicationName", &PanelContent::applicationName);
     name->setFont(headlineFont(font()));
-
-    QHBoxLayout* const row = makeRow(column);
-    row->addStretch();
-    if (auto image = AppIconAsset::appImage(panelMetrics::iconSide)) {
+    QHBoxLayout* const row = makeRow({stretch, name, stretch});
+    if (auto image = AppIconAsset::appImage(panelGeometry::iconSide)) {
         auto* const icon = new PictureView(
-            panelMetrics::iconSide, [image](const QColor&) { return image; }, this);
+            panelGeometry::iconSide, [image](const QColor&) { return image; }, header);
         icon->setObjectName("applicationIcon");
-        row->addWidget(icon);
+        row->insertWidget(1, icon);
     }
-    row->addWidget(name);
-    row->addStretch();
+    header->setLayout(row);
+    return header;
 }
 
-void ContentView::addDevices(QVBoxLayout& column)
+QWidget* ContentView::makeDevices()
 {
-    auto* const list = new DeviceList(this);
-    onRedraw([this, list] {
-        list->present(model.devices, model.threshold, systemRed(appearance.bestMatch()));
-    });
-    column.addWidget(list);
+    auto* const list = new DeviceList(content.emptySymbol, this);
+    onRedraw([this, list] { list->present(content, systemRed(appearance.bestMatch())); });
+    return list;
 }
 
-void ContentView::addThreshold(QVBoxLayout& column)
-{
-    QHBoxLayout* const row = makeRow(column);
-    row->addWidget(makeText("thresholdLabel", "panel.warnBelow"));
-    row->addWidget(makeThresholdPicker());
-    row->addWidget(makeText("thresholdSuffix", "panel.warnSuffix"));
-    row->addWidget(makeToggle("instantAlert", "panel.instantAlert", model.instantEnabled));
-    row->addStretch();
-}
-
-void ContentView::addCheckTime(QVBoxLayout& column)
-{
-    QHBoxLayout* const row = makeRow(column);
-    row->addWidget(makeText("checkTimeLabel", "panel.checkTime"));
-    row->addStretch();
-    row->addWidget(
-        makeTimePicker("checkHour", "name.hour", hourStep, hoursPerDay, model.checkHour));
-    auto* const colon = new QLabel(":", this);
-    colon->setObjectName("timeSeparator");
-    row->addWidget(colon);
-    row->addWidget(makeTimePicker("checkMinute", "name.minute", minuteStep, minutesPerHour,
-                                  model.checkMinute));
-}
-
-void ContentView::addStatus(QVBoxLayout& column)
+QWidget* ContentView::makeStatus()
 {
     auto* const line = new WrappingLabel(this);
     line->setObjectName("status");
     onRedraw([this, line] {
-        line->setText(displayText(model.status.get()));
-        const bool low = model.status->starts_with(L10n::t("status.low"));
+        line->setText(asQt(content.status));
         setTextColour(*line,
-                      low ? systemRed(appearance.bestMatch()) : secondaryTextColour(palette()));
+                      content.statusIsRed ? systemRed(appearance.bestMatch())
+                                          : secondaryTextColour(palette()));
     });
-    column.addWidget(line);
+    return line;
 }
 
-void ContentView::addTestButton(QVBoxLayout& column)
+/// An empty text takes no room.
+QLabel* ContentView::makeText(const char* objectName, std::string PanelContent::*text)
 {
-    auto* const button = makeButton("testAlert", "panel.testNotification", [this] {
-        const AlertPayload payload = model.alertPayload();
-        model.showSnoozeAlert(payload.devices, payload.isLow);
-    });
-    column.addWidget(button, 0, Qt::AlignLeft);
-}
-
-void ContentView::addBottomRow(QVBoxLayout& column)
-{
-    QHBoxLayout* const row = makeRow(column);
-    row->addWidget(makeButton("quit", "panel.quit", quit));
-    row->addStretch();
-    row->addWidget(makeText("languageLabel", "panel.language"));
-    row->addWidget(makeLanguagePicker());
-}
-
-/// A text in the current language; an empty one takes no room.
-QLabel* ContentView::makeText(const char* objectName, std::string_view key)
-{
-    auto* const label = new QLabel(this);
-    label->setObjectName(objectName);
-    label->setTextFormat(Qt::PlainText);
-    onRedraw([label, key] {
-        label->setText(translated(key));
+    auto* const label = makePlainLabel(objectName, this);
+    onRedraw([this, label, text] {
+        label->setText(asQt(content.*text));
         label->setVisible(!label->text().isEmpty());
     });
     return label;
 }
 
-QPushButton* ContentView::makeButton(const char* objectName, std::string_view key,
+QPushButton* ContentView::makeButton(const char* objectName, std::string PanelContent::*title,
                                      std::function<void()> action)
 {
     auto* const button = new QPushButton(this);
     button->setObjectName(objectName);
     connect(button, &QPushButton::clicked, this, [action = std::move(action)] { action(); });
-    onRedraw([button, key] {
-        button->setText(translated(key));
+    onRedraw([this, button, title] {
+        button->setText(asQt(content.*title));
         // Some styles leave hardly any room beside a long text.
         button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) +
-                                2 * panelMetrics::buttonPadding);
+                                2 * buttonPadding);
     });
     return button;
 }
 
-QCheckBox* ContentView::makeToggle(const char* objectName, std::string_view key,
+QCheckBox* ContentView::makeToggle(const char* objectName, Toggle PanelContent::*toggle,
                                    Published<bool>& setting)
 {
     auto* const box = new QCheckBox(this);
@@ -239,64 +275,33 @@ QCheckBox* ContentView::makeToggle(const char* objectName, std::string_view key,
             setting = checked;
         }
     });
-    onRedraw([box, key, &setting] {
-        box->setText(translated(key));
-        box->setChecked(setting);
+    onRedraw([this, box, toggle] {
+        box->setText(asQt((content.*toggle).title));
+        box->setChecked((content.*toggle).isOn);
     });
     return box;
 }
 
-/// A picker that assistive technology calls by `name`.
-SettingPicker* ContentView::makePicker(const char* objectName, Text name)
+template<typename Value>
+SettingPicker* ContentView::makePicker(const char* objectName, PopUp<Value> PanelContent::*popUp,
+                                       Published<Value>& setting)
 {
     auto* const picker = new SettingPicker(this);
     picker->setObjectName(objectName);
-    onRedraw([picker, name = std::move(name)] { namePicker(*picker, displayText(name())); });
-    return picker;
-}
-
-void ContentView::bind(SettingPicker& picker, Published<std::int64_t>& setting)
-{
-    picker.onChoice([&setting](const QVariant& value) { setting = value.toLongLong(); });
-    onRedraw([&picker, &setting] { picker.select(qlonglong{setting.get()}); });
-}
-
-SettingPicker* ContentView::makeThresholdPicker()
-{
-    auto* const picker = makePicker("threshold", [] { return L10n::own("name.threshold"); });
-    picker->setMinimumWidth(panelMetrics::thresholdWidth);
-    picker->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    for (int percent = lowestThreshold; percent <= highestThreshold; ++percent) {
-        picker->addItem(QString("%1%").arg(percent), qlonglong{percent});
-    }
-    bind(*picker, model.threshold);
-    return picker;
-}
-
-SettingPicker* ContentView::makeTimePicker(const char* objectName, std::string_view nameKey,
-                                           int step, int end, Published<std::int64_t>& setting)
-{
-    auto* const picker = makePicker(objectName, [nameKey] { return L10n::own(nameKey); });
-    picker->addTwoDigitNumbers(step, end);
-    bind(*picker, setting);
-    return picker;
-}
-
-SettingPicker* ContentView::makeLanguagePicker()
-{
-    auto* const picker = makePicker("language", [] { return L10n::t("panel.language"); });
-    for (const AppLanguage language : allAppLanguages) {
-        picker->addItem(QString(), storedText(rawValue(language)));
-    }
-    picker->onChoice(
-        [this](const QVariant& value) { model.language = value.toString().toStdString(); });
-    onRedraw([this, picker] {
-        for (int index = 0; const AppLanguage language : allAppLanguages) {
-            picker->setItemText(index++, displayText(displayName(language)));
-        }
-        picker->select(storedText(model.language.get()));
+    picker->onChoice([this, popUp, &setting](std::size_t choice) {
+        setting = (content.*popUp).values.at(choice);
+    });
+    onRedraw([this, picker, popUp] {
+        picker->present(content.*popUp);
+        picker->setName(asQt((content.*popUp).name));
     });
     return picker;
+}
+
+void ContentView::showAlertNow()
+{
+    const AlertPayload payload = model.alertPayload();
+    model.showSnoozeAlert(payload.devices, payload.isLow);
 }
 
 void ContentView::onRedraw(std::function<void()> update)
@@ -306,6 +311,8 @@ void ContentView::onRedraw(std::function<void()> update)
 
 void ContentView::redraw()
 {
+    content = panelContent(model);
+    setWindowTitle(asQt(content.applicationName));
     for (const auto& update : updates) {
         update();
     }

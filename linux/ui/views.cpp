@@ -1,12 +1,65 @@
 #include "linux/ui/views.h"
 
+#include "linux/ui/theme.h"
+
+#include <QEvent>
+#include <QFontMetrics>
 #include <QPainter>
+#include <QTextDocument>
 #include <QTextLayout>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace voltmere {
+
+QString plainToolTip(const QString& text)
+{
+    return Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
+}
+
+ElidedLabel::ElidedLabel(QWidget* parent)
+    : QLabel(parent)
+{
+    setTextFormat(Qt::PlainText);
+    QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    policy.setHorizontalStretch(1);
+    setSizePolicy(policy);
+}
+
+void ElidedLabel::setFullText(const QString& text)
+{
+    fullText = text;
+    setAccessibleName(text);
+    // Without a description of its own, the tooltip's markup would be read out.
+    setAccessibleDescription(text);
+    setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+    setAlignment(Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter);
+    elide();
+}
+
+void ElidedLabel::resizeEvent(QResizeEvent* event)
+{
+    QLabel::resizeEvent(event);
+    elide();
+}
+
+void ElidedLabel::changeEvent(QEvent* event)
+{
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::FontChange) {
+        elide();
+    }
+}
+
+void ElidedLabel::elide()
+{
+    const QString shown =
+        fontMetrics().elidedText(fullText, Qt::ElideMiddle, contentsRect().width());
+    setText(shown);
+    setToolTip(shown == fullText ? QString() : plainToolTip(fullText));
+}
 
 WrappingLabel::WrappingLabel(QWidget* parent)
     : QLabel(parent)
@@ -60,6 +113,31 @@ int WrappingLabel::layOut(QTextLayout& lines, int width) const
     }
     lines.endLayout();
     return std::max(static_cast<int>(std::ceil(height)), fontMetrics().height());
+}
+
+Divider::Divider(QWidget* parent)
+    : QWidget(parent)
+{
+    setFixedHeight(1);
+}
+
+void Divider::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter(this).fillRect(rect(), dividerColour(palette()));
+}
+
+PictureView::PictureView(int side, Picture picture, QWidget* parent)
+    : QWidget(parent)
+    , picture(std::move(picture))
+{
+    setFixedSize(side, side);
+}
+
+void PictureView::paintEvent(QPaintEvent* /*event*/)
+{
+    if (const auto image = picture(palette().color(foregroundRole()))) {
+        QPainter(this).drawImage(rect(), image->rendered(devicePixelRatioF()));
+    }
 }
 
 } // namespace voltmere

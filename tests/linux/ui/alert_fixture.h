@@ -8,7 +8,6 @@
 #include "fakes/sample_devices.h"
 #include "linux/ui/alert.h"
 #include "linux/ui/hover_controls.h"
-#include "linux/ui/snooze_alert_presenter.h"
 #include "linux/ui/theme.h"
 #include "snooze/snooze_alert.h"
 
@@ -36,7 +35,7 @@ inline void turnEventLoop()
     QCoreApplication::processEvents();
 }
 
-/// The reminders that exist, on screen or waiting to be deleted.
+/// The alerts that exist, on screen or waiting to be deleted.
 inline std::vector<SnoozeAlertWindow*> alertWindows()
 {
     std::vector<SnoozeAlertWindow*> windows;
@@ -114,7 +113,7 @@ inline QColor textColour(const QWidget& widget)
     return widget.palette().color(QPalette::WindowText);
 }
 
-/// A reminder on screen whose controls do nothing but report what they were asked.
+/// An alert on screen whose controls do nothing but report what they were asked.
 class AlertWindowTest : public testing::Test {
 protected:
     ~AlertWindowTest() override
@@ -171,7 +170,7 @@ protected:
             .chooseOption =
                 [this](std::size_t option) { done.push_back("option " + std::to_string(option)); },
             .chooseTime =
-                [this](int hour, int minute) {
+                [this](std::int64_t hour, std::int64_t minute) {
                     done.push_back("time " + std::to_string(hour) + ':' + std::to_string(minute));
                 }};
     }

@@ -1,6 +1,6 @@
 #include "linux/ui/alert_fixture.h"
 
-#include "linux/ui/colours.h"
+#include "linux/ui/theme.h"
 
 #include <QAccessible>
 #include <QTextDocument>

@@ -1,8 +1,6 @@
 #include "linux/ui/panel_fixture.h"
 
-#include "linux/ui/display_text.h"
-#include "linux/ui/elided_label.h"
-#include "linux/ui/theme.h"
+#include "linux/ui/views.h"
 
 #include <QTextDocument>
 
@@ -107,17 +105,6 @@ TEST_F(HostileNamesTest, TheStatusLineWrapsAlsoWithinAWordThatIsLongerThanALine)
     EXPECT_GE(find("status").height(), 4 * oneLine);
     EXPECT_EQ(find("status").width(), view->width() - 32);
     EXPECT_GE(view->height(), find("quit").geometry().bottom());
-}
-
-TEST(DisplayText, KeepsEveryOtherCharacter)
-{
-    const std::string text = "Käthe's 鼠标 👩‍💻 \u00a0x";
-    EXPECT_EQ(displayText(text).toStdString(), text);
-}
-
-TEST(DisplayText, ReplacesWhatIsNoUnicode)
-{
-    EXPECT_EQ(displayText("a\xff"), QString("a") + QChar(QChar::ReplacementCharacter));
 }
 
 TEST(ElidedLabel, ShowsTheWholeTextAgainWhenThereIsRoom)

@@ -1,7 +1,5 @@
 #include "linux/ui/alert_fixture.h"
 
-#include "linux/ui/action_target.h"
-
 #include <QStyleOptionButton>
 
 #include <algorithm>

@@ -2,11 +2,11 @@
 
 #include "fakes/model_world.h"
 #include "fakes/sample_devices.h"
+#include "linux/ui/status_image.h"
 
 #include <gmock/gmock.h>
 
 #include <QCoreApplication>
-#include <QPixmap>
 #include <QPointer>
 #include <QTextDocument>
 
@@ -27,13 +27,6 @@ class StatusLabelTest : public testing::Test {
 protected:
     using Devices = std::vector<BatteryDevice>;
 
-    struct Request {
-        Devices devices;
-        std::int64_t threshold;
-
-        bool operator==(const Request&) const = default;
-    };
-
     StatusLabelTest()
         : model(world.start())
     {
@@ -44,17 +37,9 @@ protected:
     {
         label = std::make_unique<StatusLabel>(
             model,
-            StatusLabel::Behaviour{
-                .picture =
-                    [this](const Devices& devices, std::int64_t threshold) {
-                        requests.push_back({devices, threshold});
-                        QPixmap pixmap(8, 8);
-                        pixmap.fill(devices.empty() ? Qt::white : Qt::black);
-                        return QIcon(pixmap);
-                    },
-                .toggle = [this](const QRect& place) { toggles.push_back(place); },
-                .open = [this](const QRect& place) { openings.push_back(place); },
-                .quit = [this] { ++quits; }});
+            StatusLabel::Actions{.toggle = [this](const QRect& place) { toggles.push_back(place); },
+                                 .open = [this](const QRect& place) { openings.push_back(place); },
+                                 .quit = [this] { ++quits; }});
     }
 
     static void turn() { QCoreApplication::processEvents(); }
@@ -67,7 +52,13 @@ protected:
 
     QSystemTrayIcon& icon() { return *label->findChild<QSystemTrayIcon*>(); }
 
-    QColor shownColour() { return icon().icon().pixmap(8, 8).toImage().pixelColor(4, 4); }
+    /// Whether the tray icon has the picture of that level.
+    bool shows(const std::optional<IconLevel>& level)
+    {
+        return icon().icon().pixmap(QSize(22, 22), 1.0).toImage() == trayImage(level, 22);
+    }
+
+    qint64 picture() { return icon().icon().cacheKey(); }
 
     QList<QAction*> entries() { return icon().contextMenu()->actions(); }
 
@@ -84,7 +75,6 @@ protected:
 
     ModelWorld world;
     BatteryModel& model;
-    std::vector<Request> requests;
     std::vector<QRect> toggles;
     std::vector<QRect> openings;
     int quits = 0;
@@ -95,68 +85,37 @@ TEST_F(StatusLabelTest, WithoutPeripheralsThereIsAnIconAllTheSame)
 {
     show();
 
-    EXPECT_THAT(requests, ElementsAre(Request{{}, 20}));
     EXPECT_TRUE(icon().isVisible());
-    EXPECT_EQ(shownColour(), QColor(Qt::white));
+    EXPECT_TRUE(shows(std::nullopt));
     EXPECT_EQ(toolTip(), "Cellsentry");
     EXPECT_THAT(menuTexts(), ElementsAre("---", "Open", "Quit"));
 }
 
-TEST_F(StatusLabelTest, ThePictureIsAskedForInDisplayOrderWithTheThreshold)
-{
-    model.devices = {trackpad(5), keyboard(60), mouse(37)};
-    model.threshold = 45;
-    show();
-
-    EXPECT_THAT(requests, ElementsAre(Request{{mouse(37), keyboard(60), trackpad(5)}, 45}));
-    EXPECT_EQ(shownColour(), QColor(Qt::black));
-}
-
-TEST_F(StatusLabelTest, DevicesOfOneKindKeepTheirOrder)
-{
-    const BatteryDevice otherKeyboard{615, "Another", 60, "keyboard", 1};
-    show();
-    setDevices({keyboard(60), otherKeyboard, mouse(1)});
-    EXPECT_THAT(requests.back().devices, ElementsAre(mouse(1), keyboard(60), otherKeyboard));
-
-    setDevices({otherKeyboard, mouse(1), keyboard(60)});
-    EXPECT_THAT(requests.back().devices, ElementsAre(mouse(1), otherKeyboard, keyboard(60)));
-}
-
-TEST_F(StatusLabelTest, TheModelsOwnOrderIsLeftAlone)
+TEST_F(StatusLabelTest, ItFollowsTheModelInTheNextTurn)
 {
     show();
-    setDevices({trackpad(5), mouse(37)});
-
-    EXPECT_THAT(model.devices.get(), ElementsAre(trackpad(5), mouse(37)));
-}
-
-TEST_F(StatusLabelTest, ItRedrawsOncePerTurnHoweverMuchChanges)
-{
-    show();
-    requests.clear();
     model.devices = {mouse(37)};
     model.threshold = 50;
-    model.status = "x";
-    model.devices = {mouse(36)};
-    EXPECT_THAT(requests, IsEmpty());
-
+    EXPECT_TRUE(shows(std::nullopt));
     turn();
-    EXPECT_THAT(requests, ElementsAre(Request{{mouse(36)}, 50}));
+    EXPECT_TRUE(shows(IconLevel{37, true}));
+    model.threshold = 36;
     turn();
-    EXPECT_THAT(requests, SizeIs(1));
+    EXPECT_TRUE(shows(IconLevel{37, false}));
+    setDevices({});
+    EXPECT_TRUE(shows(std::nullopt));
 }
 
-TEST_F(StatusLabelTest, ItRedrawsAtEveryPublishedChangeAnEqualOneToo)
+TEST_F(StatusLabelTest, ThePictureIsSentOnlyWhenItLooksDifferent)
 {
+    model.devices = {mouse(42)};
     show();
-    requests.clear();
-    model.status = model.status.get();
-    turn();
-    EXPECT_THAT(requests, SizeIs(1));
-    model.lastChecked = world.clock.present;
-    turn();
-    EXPECT_THAT(requests, SizeIs(2));
+    const qint64 first = picture();
+
+    setDevices({mouse(42), keyboard(90)});
+    EXPECT_EQ(picture(), first);
+    setDevices({keyboard(41), mouse(42)});
+    EXPECT_NE(picture(), first);
 }
 
 TEST_F(StatusLabelTest, AReadingChangesTheIcon)
@@ -167,13 +126,12 @@ TEST_F(StatusLabelTest, AReadingChangesTheIcon)
     world.runLoop.settle();
     turn();
 
-    EXPECT_EQ(requests.back(), (Request{{mouse(14)}, 20}));
-    EXPECT_EQ(shownColour(), QColor(Qt::black));
+    EXPECT_TRUE(shows(IconLevel{14, true}));
 }
 
 TEST_F(StatusLabelTest, TheTooltipNamesEveryDeviceOnALineOfItsOwn)
 {
-    model.devices = {trackpad(5), mouse(100)};
+    model.devices = {mouse(100), trackpad(5)};
     show();
 
     EXPECT_EQ(toolTip(), "Cellsentry\nMagic Mouse 100%\nMagic Trackpad 5%");
@@ -181,7 +139,7 @@ TEST_F(StatusLabelTest, TheTooltipNamesEveryDeviceOnALineOfItsOwn)
 
 TEST_F(StatusLabelTest, TheMenuListsTheDevicesAboveOpenAndQuit)
 {
-    model.devices = {trackpad(5), mouse(100)};
+    model.devices = {mouse(100), trackpad(5)};
     show();
 
     EXPECT_THAT(menuTexts(),
@@ -272,16 +230,50 @@ TEST_F(StatusLabelTest, TheMenuOpensThePanelAndQuits)
     EXPECT_THAT(toggles, IsEmpty());
 }
 
-TEST_F(StatusLabelTest, NothingIsDrawnOnceItIsGone)
+TEST(MenuTextTest, TheToolkitShowsADoubledAmpersandOnce)
 {
-    show();
-    requests.clear();
-    model.threshold = 50;
-    label.reset();
-    model.threshold = 51;
-    turn();
+    EXPECT_EQ(menuText("a & b && c_d &", MenuPainter::toolkit), "a && b &&&& c_d &&");
+    EXPECT_EQ(menuText("", MenuPainter::toolkit), "");
+}
 
-    EXPECT_THAT(requests, IsEmpty());
+/// What Qt makes of an entry for a host: it turns the first "&" that is not at the end into "_".
+QString sentToHost(QString entry)
+{
+    const qsizetype first = entry.indexOf('&');
+    if (first >= 0 && first < entry.size() - 1) {
+        entry[first] = '_';
+    }
+    return entry;
+}
+
+/// What a host shows: "_" marks the letter behind it, "__" is one "_".
+QString shownByHost(const QString& label)
+{
+    QString shown;
+    for (qsizetype i = 0; i < label.size(); ++i) {
+        if (label.at(i) == '_') {
+            ++i;
+        }
+        shown += label.mid(i, 1);
+    }
+    return shown.remove(QChar(0x200B));
+}
+
+TEST(MenuTextTest, AHostShowsTheTextAsItStands)
+{
+    for (const char* const text : {"", "a", "a & b", "&a", "a&", "&", "&&", "a & b && c", "a_b",
+                                   "_a_", "__", "my_mouse <b>", "a__b c_"}) {
+        EXPECT_EQ(shownByHost(sentToHost(menuText(text, MenuPainter::trayHost))), text) << text;
+    }
+}
+
+TEST(MenuTextTest, AHostGetsNoMarkedLetterBesideAnUnderscore)
+{
+    for (const QString text : {"a & b_c && d__e", "_&_", "&_", "my_mouse & <b>"}) {
+        const QString label = sentToHost(menuText(text, MenuPainter::trayHost));
+        EXPECT_EQ(QString(label).remove("__").count('_'), 0) << text.toStdString();
+        EXPECT_EQ(shownByHost(label), QString(text).replace('&', QChar(0xFF06)));
+    }
 }
 
 } // namespace

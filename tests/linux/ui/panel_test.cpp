@@ -1,10 +1,7 @@
 #include "linux/ui/panel_fixture.h"
 
-#include "linux/ui/colours.h"
-#include "linux/ui/divider.h"
-#include "linux/ui/panel_metrics.h"
-#include "linux/ui/picture_view.h"
 #include "linux/ui/theme.h"
+#include "linux/ui/views.h"
 
 #include <QAbstractButton>
 #include <QCheckBox>
@@ -14,7 +11,6 @@ namespace voltmere {
 namespace {
 
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 using testing::IsEmpty;
 using testing::SizeIs;
 
@@ -91,7 +87,7 @@ std::vector<std::string> rowsOf(const QWidget& view)
 std::vector<std::string> cutControls(const QWidget& view)
 {
     std::vector<std::string> cut;
-    const int right = view.width() - panelMetrics::padding;
+    const int right = view.width() - panelGeometry::padding;
     for (const QWidget* const widget : visibleWidgets(*view.layout())) {
         const bool elides = widget->sizePolicy().horizontalPolicy() == QSizePolicy::Ignored;
         const bool narrow = !elides && widget->width() < widget->minimumSizeHint().width();
@@ -152,20 +148,6 @@ TEST_F(ContentViewTest, WithNoPeripheralsShowsTheQuestionMarkAndSaysSoWhileTheSt
     EXPECT_EQ(textOf("status"), "whatever the model says");
 }
 
-TEST_F(ContentViewTest, ALevelAtExactlyTheThresholdIsRed)
-{
-    world.setLevels({{mouse, 20}});
-    open();
-    EXPECT_EQ(colourOf("deviceLevel"), systemRed(ColourScheme::light));
-}
-
-TEST_F(ContentViewTest, ALevelOnePercentAboveTheThresholdIsInThePrimaryColour)
-{
-    world.setLevels({{mouse, 21}});
-    open();
-    EXPECT_EQ(colourOf("deviceLevel"), view->palette().color(QPalette::WindowText));
-}
-
 TEST_F(ContentViewTest, ALevelChangesItsColourWithTheThresholdAtOnce)
 {
     world.setLevels({{mouse, 40}});
@@ -220,51 +202,6 @@ TEST_F(ContentViewTest,
     EXPECT_EQ(model().checkMinute, 10);
 }
 
-TEST_F(ContentViewTest, TheThresholdPickerOffersEveryPercentageFrom1To90)
-{
-    open();
-    std::vector<std::string> expected;
-    for (int percent = 1; percent <= 90; ++percent) {
-        expected.push_back(std::to_string(percent) + "%");
-    }
-    EXPECT_THAT(choices("threshold"), ElementsAreArray(expected));
-}
-
-TEST_F(ContentViewTest, AStoredThresholdOutside1To90MatchesNoChoiceAndIsKept)
-{
-    for (const std::int64_t stored : {250, 91, 0, -5}) {
-        world.defaults.set("threshold", stored);
-        world.start();
-        open();
-        EXPECT_EQ(find<QComboBox>("threshold").currentIndex(), -1) << stored;
-        EXPECT_EQ(model().threshold, stored);
-        EXPECT_EQ(world.defaults.integer("hour"), std::nullopt) << "nothing was saved";
-        view.reset();
-    }
-}
-
-TEST_F(ContentViewTest, AStoredHourOrLanguageThatIsNoChoiceShowsNoSelectionAndIsKept)
-{
-    world.defaults.set("hour", std::int64_t{99});
-    open("fr");
-    EXPECT_EQ(find<QComboBox>("checkHour").currentIndex(), -1);
-    EXPECT_EQ(find<QComboBox>("language").currentIndex(), -1);
-    EXPECT_EQ(model().checkHour, 99);
-    EXPECT_EQ(model().language.get(), "fr");
-}
-
-TEST_F(ContentViewTest, TheTimePickersOfferTwoDigitHoursAndEveryFifthMinute)
-{
-    open();
-    EXPECT_THAT(choices("checkHour"),
-                ElementsAre("00", "01", "02", "03", "04", "05", "06", "07", "08", "09", "10", "11",
-                            "12", "13", "14", "15", "16", "17", "18", "19", "20", "21", "22",
-                            "23"));
-    EXPECT_THAT(
-        choices("checkMinute"),
-        ElementsAre("00", "05", "10", "15", "20", "25", "30", "35", "40", "45", "50", "55"));
-}
-
 TEST_F(ContentViewTest, TheLanguagePickerOffersEveryLanguageInItsOrder)
 {
     open("en");
@@ -272,17 +209,6 @@ TEST_F(ContentViewTest, TheLanguagePickerOffersEveryLanguageInItsOrder)
     model().language = "zh";
     settle();
     EXPECT_THAT(choices("language"), ElementsAre("跟随系统", "简体中文", "English"));
-}
-
-TEST_F(ContentViewTest, InChineseALowStatusLineIsRedAndANormalOneSecondary)
-{
-    open("zh");
-    model().status = "电量偏低：Magic Mouse 15%";
-    settle();
-    EXPECT_EQ(colourOf("status"), systemRed(ColourScheme::light));
-    model().status = "电量正常";
-    settle();
-    EXPECT_EQ(colourOf("status"), secondaryTextColour(view->palette()));
 }
 
 TEST_F(ContentViewTest, InEnglishALowStatusLineIsRedAndANormalOneSecondary)
@@ -294,24 +220,6 @@ TEST_F(ContentViewTest, InEnglishALowStatusLineIsRedAndANormalOneSecondary)
     model().status = "Battery level is fine";
     settle();
     EXPECT_EQ(colourOf("status"), secondaryTextColour(view->palette()));
-}
-
-TEST_F(ContentViewTest, AStatusLineThatOnlyContainsTheLowTextOrHasTheOtherLanguagesIsSecondary)
-{
-    open("en");
-    const auto colourOfStatus = [this](const char* status) {
-        model().status = status;
-        settle();
-        return colourOf("status");
-    };
-    const QColor secondary = secondaryTextColour(view->palette());
-    EXPECT_EQ(colourOfStatus("No Low battery"), secondary);
-    EXPECT_EQ(colourOfStatus("电量偏低：Magic Mouse 15%"), secondary);
-    EXPECT_EQ(colourOfStatus("Low batter"), secondary);
-    model().language = "zh";
-    EXPECT_EQ(colourOfStatus("外设电量偏低"), secondary);
-    EXPECT_EQ(colourOfStatus("Low battery: Magic Mouse 15%"), secondary);
-    EXPECT_EQ(colourOfStatus("电量偏低"), systemRed(ColourScheme::light));
 }
 
 TEST_F(ContentViewTest, OpeningWhileADeviceIsNewlyLowReadsAgainAndNeverOpensTheAlert)
@@ -366,7 +274,7 @@ TEST_F(ContentViewTest, Is320PointsWideAndAsHighAsItsRowsWithoutACutWord)
         world.setLevels({{mouse, 100}, {keyboard, 72}, {trackpad, 3}});
         model().refresh(false);
         settle();
-        EXPECT_GT(view->height(), height + 2 * panelMetrics::itemSpacing) << language;
+        EXPECT_GT(view->height(), height + 2 * panelGeometry::itemSpacing) << language;
         EXPECT_EQ(view->width(), 320) << language;
         EXPECT_THAT(cutControls(*view), IsEmpty()) << language;
         view.reset();
