@@ -198,6 +198,24 @@ TEST_F(SnoozeAlertChineseTest, TheFixedTextsAreChinese)
     EXPECT_EQ(content.cancelTitle, "取消");
 }
 
+TEST_F(SnoozeAlertEnglishTest, ANameIsFitToBeShown)
+{
+    const std::vector<std::pair<std::string, std::string>> names{
+        {"a\nb\r\tc\x1b[31m\u2028d", "a b c [31m d"},
+        {"\u202egpj\u2066.mouse\u2069", "gpj.mouse"},
+        {"a\xff", "a\uFFFD"},
+        {"", "Magic Mouse"},
+    };
+    for (const auto& [name, shown] : names) {
+        BatteryDevice device = mouse(12);
+        device.name = name;
+        EXPECT_EQ(lowContent({device}).title.name, shown);
+    }
+    BatteryDevice unknown = deviceOfUnknownOrder(5);
+    unknown.name = "a\nb";
+    EXPECT_EQ(normalContent({unknown}).detail, "All good: a b7%");
+}
+
 TEST_F(SnoozeAlertEnglishTest, ATitleSaysWhereItHoldsAName)
 {
     EXPECT_EQ(lowContent({mouse(12)}).title, (NamedText{"", "Magic Mouse", " battery alert"}));

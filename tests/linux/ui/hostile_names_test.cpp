@@ -81,22 +81,6 @@ TEST_F(HostileNamesTest, LineEndsAndControlCharactersBecomeBlanks)
     EXPECT_EQ(accessibleName("deviceName"), "a b c [31m d ");
 }
 
-TEST_F(HostileNamesTest, AMarkThatTurnsTheReadingOrderIsLeftOut)
-{
-    openWithName("\u202egpj\u2066.mouse\u2069");
-    EXPECT_EQ(textOf("deviceName"), "gpj.mouse");
-    EXPECT_EQ(textOf("status"), "Low battery: gpj.mouse 15%");
-}
-
-TEST_F(HostileNamesTest, ANameOfWhichNobodyWouldSeeAnythingIsTheCatalogues)
-{
-    for (const char* const name : {"", "\n", "\u200B\u2060\uFEFF"}) {
-        openWithName(name);
-        EXPECT_EQ(textOf("deviceName"), "Magic Mouse");
-    }
-    EXPECT_EQ(textOf("deviceLevel"), "15%");
-}
-
 TEST_F(HostileNamesTest, TheStatusLineWrapsAlsoWithinAWordThatIsLongerThanALine)
 {
     openWithName("x");

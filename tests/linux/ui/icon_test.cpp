@@ -129,14 +129,6 @@ TEST_F(StatusLabelTest, AReadingChangesTheIcon)
     EXPECT_TRUE(shows(IconLevel{14, true}));
 }
 
-TEST_F(StatusLabelTest, TheTooltipNamesEveryDeviceOnALineOfItsOwn)
-{
-    model.devices = {mouse(100), trackpad(5)};
-    show();
-
-    EXPECT_EQ(toolTip(), "Cellsentry\nMagic Mouse 100%\nMagic Trackpad 5%");
-}
-
 TEST_F(StatusLabelTest, TheMenuListsTheDevicesAboveOpenAndQuit)
 {
     model.devices = {mouse(100), trackpad(5)};
@@ -170,17 +162,6 @@ TEST_F(StatusLabelTest, NamesAreShownAsTheyStand)
     EXPECT_EQ(menuTexts().front(), "A && B &&&& C <b>bold</b> &&amp; my_mouse 37%");
     EXPECT_EQ(toolTip(), "Cellsentry\nA & B && C <b>bold</b> &amp; my_mouse 37%");
     EXPECT_FALSE(Qt::mightBeRichText(icon().toolTip()));
-}
-
-TEST_F(StatusLabelTest, ANameBreaksNeitherItsLineNorItsMenuEntry)
-{
-    BatteryDevice device = mouse(37);
-    device.name = "a\nb\tc\x1b[31m\u2028\u202Ed";
-    model.devices = {device};
-    show();
-
-    EXPECT_EQ(menuTexts().front(), "a b c [31m d 37%");
-    EXPECT_EQ(toolTip(), "Cellsentry\na b c [31m d 37%");
 }
 
 TEST_F(StatusLabelTest, AnOpenMenuIsLeftAloneWhileItShowsTheSame)
