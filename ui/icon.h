@@ -37,11 +37,13 @@ struct IconTexts {
 /// The texts in the present language, with `devices` in their order.
 IconTexts iconTexts(const std::vector<BatteryDevice>& devices);
 
+/// How much room a text takes, in points.
 struct TextSize {
     double width = 0;
     double height = 0;
 };
 
+/// The colour of the label in the picture for a menu bar.
 enum class LabelColour {
     black,
     white,

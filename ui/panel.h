@@ -31,6 +31,7 @@ struct DeviceRow {
     bool operator==(const DeviceRow&) const = default;
 };
 
+/// A switch with its title.
 struct Toggle {
     std::string title;
     bool isOn = false;
