@@ -133,6 +133,14 @@ TEST(StatusImage, IsWrittenInWhiteWhenDarkAndInBlackWhenLightOrWithoutAScheme)
     }
 }
 
+TEST(StatusImage, WarnsInTheRedOfItsScheme)
+{
+    for (const Scheme scheme :
+         {Scheme(ColourScheme::dark), Scheme(ColourScheme::light), Scheme()}) {
+        EXPECT_TRUE(isWrittenIn(systemRed(scheme), StatusImage::make({deviceAt(7)}, 20, scheme)));
+    }
+}
+
 TEST(StatusImage, IsNeverATemplate)
 {
     for (const Scheme scheme :
