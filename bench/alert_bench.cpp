@@ -14,7 +14,7 @@
 #include "fakes/fake_appearance.h"
 #include "linux/qt_pointer.h"
 #include "linux/run_loop.h"
-#include "linux/ui/snooze_alert_presenter.h"
+#include "linux/ui/alert.h"
 #include "snooze/snooze_alert.h"
 
 #include <benchmark/benchmark.h>

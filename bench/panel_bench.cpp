@@ -11,10 +11,9 @@
 #include "fakes/fake_appearance.h"
 #include "fakes/model_world.h"
 #include "fakes/sample_devices.h"
-#include "linux/ui/content_view.h"
+#include "linux/ui/panel.h"
 #include "linux/ui/panel_controller.h"
 #include "linux/ui/status_image.h"
-#include "linux/ui/tray_image.h"
 
 #include <benchmark/benchmark.h>
 
@@ -89,7 +88,7 @@ void trayIcon(benchmark::State& state)
 {
     const std::vector<BatteryDevice> devices = sampleDevices();
     for ([[maybe_unused]] auto iteration : state) {
-        benchmark::DoNotOptimize(makeTrayIcon(devices, threshold));
+        benchmark::DoNotOptimize(makeTrayIcon(iconLevel(devices, threshold)));
     }
 }
 
@@ -99,7 +98,7 @@ void trayPicture(benchmark::State& state)
     const std::vector<BatteryDevice> devices = sampleDevices();
     const auto side = static_cast<int>(state.range(0));
     for ([[maybe_unused]] auto iteration : state) {
-        benchmark::DoNotOptimize(trayImage(devices, threshold, side));
+        benchmark::DoNotOptimize(trayImage(iconLevel(devices, threshold), side));
     }
 }
 

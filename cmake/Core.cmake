@@ -26,7 +26,9 @@ add_library(voltmere_core STATIC
   texts/l10n.cpp
   texts/l10n_tables.cpp
   texts/plain_text.cpp
-  texts/utf8.cpp)
+  texts/utf8.cpp
+  ui/icon.cpp
+  ui/panel.cpp)
 if(NOT APPLE)
   target_sources(voltmere_core PRIVATE
     linux/atomic_file.cpp

@@ -23,38 +23,22 @@ add_library(voltmere_ui STATIC
   linux/qt_application.cpp
   linux/qt_pointer.cpp
   linux/tray_host_watcher.cpp
-  linux/ui/alert_rows.cpp
+  linux/ui/alert.cpp
   linux/ui/app_icon_asset.cpp
-  linux/ui/assistive_names.cpp
-  linux/ui/content_view.cpp
-  linux/ui/device_list.cpp
-  linux/ui/device_row.cpp
-  linux/ui/display_text.cpp
-  linux/ui/divider.cpp
   linux/ui/drawn_image.cpp
-  linux/ui/elided_label.cpp
   linux/ui/front_end.cpp
   linux/ui/hover_controls.cpp
-  linux/ui/hover_poller.cpp
-  linux/ui/icon_texts.cpp
-  linux/ui/menu_text.cpp
-  linux/ui/no_tray_panel.cpp
+  linux/ui/icon.cpp
+  linux/ui/panel.cpp
   linux/ui/panel_controller.cpp
-  linux/ui/panel_placement.cpp
-  linux/ui/picture_view.cpp
   linux/ui/qt_start.cpp
   linux/ui/redraw_scheduler.cpp
   linux/ui/screenshots.cpp
   linux/ui/setting_picker.cpp
-  linux/ui/snooze_alert_presenter.cpp
-  linux/ui/snooze_alert_window.cpp
   linux/ui/status_image.cpp
-  linux/ui/status_label.cpp
-  linux/ui/symbol.cpp
   linux/ui/theme.cpp
-  linux/ui/tray_image.cpp
   linux/ui/tray_number.cpp
-  linux/ui/wrapping_label.cpp)
+  linux/ui/views.cpp)
 set_target_properties(voltmere_ui PROPERTIES AUTOMOC ON)
 target_link_libraries(voltmere_ui PUBLIC voltmere_app voltmere_linux Qt6::Widgets Qt6::Svg
                                   PRIVATE PkgConfig::XCB)
@@ -65,6 +49,8 @@ voltmere_target(voltmere_ui)
 qt_add_resources(voltmere_ui icons PREFIX /voltmere BASE resources/icons OPTIONS --no-compress
   FILES resources/icons/AppIcon.svg resources/icons/StatusIcon.png
         resources/icons/StatusIcon@2x.png resources/icons/StatusIcon.svg)
+qt_add_resources(voltmere_ui digits PREFIX /voltmere BASE resources OPTIONS --no-compress
+  FILES resources/digits.svg)
 qt_add_resources(voltmere_ui symbols PREFIX /voltmere/symbols BASE resources/symbols
   OPTIONS --no-compress
   FILES resources/symbols/keyboard.svg resources/symbols/magicmouse.svg

@@ -230,7 +230,7 @@ AlertActions BatteryModel::alertActions()
                 dismissSnoozeAlert();
                 scheduleSnooze(snoozeOptions.at(option).delay);
             }),
-            .chooseTime = whileAlive([this](int hour, int minute) {
+            .chooseTime = whileAlive([this](std::int64_t hour, std::int64_t minute) {
                 dismissSnoozeAlert();
                 customHour = hour;
                 customMinute = minute;

@@ -1,9 +1,12 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace voltmere {
@@ -61,31 +64,64 @@ public:
     virtual void onChange(std::function<void()> action) = 0;
 };
 
-/// What the reminder says and offers, ready to be drawn.
+/// A text that holds a device's name. A front end may shorten the name by its own measure, and
+/// keeps the message around it.
+struct NamedText {
+    std::string before;
+    std::string name; ///< fit to be shown; empty in a text without a name
+    std::string after;
+
+    std::string whole() const { return before + name + after; }
+
+    bool operator==(const NamedText&) const = default;
+};
+
+/// A pop-up button: fixed choices, of which at most one is selected.
+template<typename Value>
+struct PopUp {
+    std::string name;                    ///< what it chooses, for assistive technology
+    std::vector<std::string> titles;     ///< top to bottom
+    std::vector<Value> values;           ///< what each title stands for
+    std::optional<std::size_t> selected; ///< nothing where the present value is not offered
+
+    /// Offers `value`, and selects it where it is the present one.
+    void add(std::string title, Value value, const Value& present)
+    {
+        if (value == present) {
+            selected = values.size();
+        }
+        titles.push_back(std::move(title));
+        values.push_back(std::move(value));
+    }
+
+    bool operator==(const PopUp&) const = default;
+};
+
+/// What the snooze alert says and offers, top to bottom, ready to be drawn.
 struct AlertContent {
     std::string applicationName;
-    std::string title;
+    NamedText title;
     std::string detail;
     bool detailIsRed = false;
     std::string prompt;
-    std::vector<std::string> options; ///< titles of the fixed choices, top to bottom
+    std::vector<std::string> options; ///< titles of the fixed choices
     std::string customTimeCaption;
-    int preselectedHour = 0;   ///< 0 to 23
-    int preselectedMinute = 0; ///< 0 to 55, a multiple of 5
+    PopUp<std::int64_t> hour;
+    PopUp<std::int64_t> minute;
     std::string confirmTitle;
     std::string cancelTitle;
 
     bool operator==(const AlertContent&) const = default;
 };
 
-/// What the reminder's controls do.
+/// What the snooze alert's controls do.
 struct AlertActions {
     std::function<void()> cancel;
     std::function<void(std::size_t option)> chooseOption; ///< index into the options
-    std::function<void(int hour, int minute)> chooseTime;
+    std::function<void(std::int64_t hour, std::int64_t minute)> chooseTime;
 };
 
-/// A reminder on screen. Destroying it closes its window; that is safe in its own actions.
+/// A snooze alert on screen. Destroying it closes its window; that is safe in its own actions.
 class Alert {
 public:
     virtual ~Alert() = default;
@@ -99,12 +135,13 @@ public:
     virtual void orderOut() = 0;
 };
 
-/// Puts reminders on screen: floating, centred, in front and with the keyboard, but never modal.
+/// Puts snooze alerts on screen: floating, centred, in front and with the keyboard, but never
+/// modal.
 class AlertPresenter {
 public:
     virtual ~AlertPresenter() = default;
 
-    /// Null where no reminder can be shown.
+    /// Null where no alert can be shown.
     virtual std::unique_ptr<Alert> present(AlertContent content, AlertActions actions) = 0;
 };
 

@@ -1,6 +1,34 @@
 #include "snooze/custom_time.h"
 
+#include "texts/l10n.h"
+
 namespace voltmere {
+
+namespace {
+
+PopUp<std::int64_t> twoDigitPopUp(std::string_view nameKey, int step, int end, std::int64_t present)
+{
+    PopUp<std::int64_t> popUp;
+    popUp.name = L10n::own(nameKey);
+    for (int number = 0; number < end; number += step) {
+        popUp.add((number < 10 ? "0" : "") + std::to_string(number), number, present);
+    }
+    return popUp;
+}
+
+} // namespace
+
+PopUp<std::int64_t> hourPopUp(std::int64_t present)
+{
+    constexpr int hoursPerDay = 24;
+    return twoDigitPopUp("name.hour", 1, hoursPerDay, present);
+}
+
+PopUp<std::int64_t> minutePopUp(std::int64_t present)
+{
+    constexpr int minutesPerHour = 60;
+    return twoDigitPopUp("name.minute", minuteStep, minutesPerHour, present);
+}
 
 ClockTime preselectedTime(Instant now, const Calendar& calendar)
 {

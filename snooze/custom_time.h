@@ -1,10 +1,13 @@
 #pragma once
 
+#include "ports/desktop.h"
 #include "ports/time.h"
+
+#include <cstdint>
 
 namespace voltmere {
 
-/// A time of day, as the reminder's last row offers it.
+/// A time of day, as the snooze alert's last row offers it.
 struct ClockTime {
     int hour;   ///< 0 to 23
     int minute; ///< 0 to 59
@@ -12,11 +15,14 @@ struct ClockTime {
     bool operator==(const ClockTime&) const = default;
 };
 
-// The hours and minutes that a person can choose.
-inline constexpr int hoursPerDay = 24;
-inline constexpr int hourStep = 1;
-inline constexpr int minutesPerHour = 60;
+/// A person chooses among every fifth minute.
 inline constexpr int minuteStep = 5;
+
+/// The hours of a day in two digits, `present` selected.
+PopUp<std::int64_t> hourPopUp(std::int64_t present);
+
+/// Every fifth minute of an hour in two digits, `present` selected.
+PopUp<std::int64_t> minutePopUp(std::int64_t present);
 
 /// What the row shows at first: one hour from now, the minute rounded down to a step.
 ClockTime preselectedTime(Instant now, const Calendar& calendar);

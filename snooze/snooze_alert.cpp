@@ -34,13 +34,19 @@ std::string tightList(const std::vector<BatteryDevice>& devices)
     return list;
 }
 
-std::string titleText(const std::vector<BatteryDevice>& devices, bool isLow)
+NamedText titleText(const std::vector<BatteryDevice>& devices, bool isLow)
 {
     if (!isLow) {
-        return L10n::t("alert.normalTitle");
+        return {L10n::t("alert.normalTitle"), {}, {}};
     }
-    return devices.size() == 1 ? L10n::format(L10n::t("alert.titleOne"), shownName(devices.front()))
-                               : L10n::t("alert.titleMany");
+    if (devices.size() != 1) {
+        return {L10n::t("alert.titleMany"), {}, {}};
+    }
+    const std::string pattern = L10n::t("alert.titleOne");
+    const std::string_view placeholder = "%@";
+    const std::size_t place = pattern.find(placeholder);
+    return {pattern.substr(0, place), shownName(devices.front()),
+            pattern.substr(place + placeholder.size())};
 }
 
 std::string detailText(const std::vector<BatteryDevice>& devices, bool isLow)
@@ -68,8 +74,8 @@ AlertContent makeAlertContent(const std::vector<BatteryDevice>& devices, bool is
         content.options.push_back(L10n::t(option.labelKey));
     }
     content.customTimeCaption = L10n::t("alert.customTitle");
-    content.preselectedHour = preselected.hour;
-    content.preselectedMinute = preselected.minute;
+    content.hour = hourPopUp(preselected.hour);
+    content.minute = minutePopUp(preselected.minute);
     content.confirmTitle = L10n::t("alert.ok");
     content.cancelTitle = L10n::t("alert.cancel");
     return content;

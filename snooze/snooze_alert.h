@@ -9,8 +9,8 @@
 
 namespace voltmere {
 
-/// The measures of the reminder's content, in points: four labels, four choices and the row for a
-/// clock time, one below the other.
+/// The measures of the snooze alert's content, in points: four labels, four choices and the row for
+/// a clock time, one below the other.
 namespace alertGeometry {
 inline constexpr int width = 237;
 inline constexpr int labelHeight = 16;
@@ -31,8 +31,8 @@ constexpr int height()
 }
 } // namespace alertGeometry
 
-/// What the reminder says of `devices` in the current language: the low ones when `isLow` is true,
-/// else all that are known, possibly none.
+/// What the snooze alert says of `devices` in the current language: the low ones when `isLow` is
+/// true, else all that are known, possibly none.
 AlertContent makeAlertContent(const std::vector<BatteryDevice>& devices, bool isLow,
                               const ClockTime& preselected);
 

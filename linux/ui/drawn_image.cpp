@@ -1,9 +1,28 @@
 #include "linux/ui/drawn_image.h"
 
+#include <QFile>
+#include <QSvgRenderer>
 #include <QTransform>
 #include <QtMath>
 
 namespace voltmere {
+
+namespace {
+
+/// The shape of the SVG file in `colour`. A bitmap of its own, since the tint must not reach what
+/// is already on the painter that the symbol ends up on.
+QImage tintedBitmap(const QString& file, int pixels, const QColor& colour)
+{
+    QImage bitmap(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+    bitmap.fill(Qt::transparent);
+    QPainter painter(&bitmap);
+    QSvgRenderer(file).render(&painter);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(bitmap.rect(), colour);
+    return bitmap;
+}
+
+} // namespace
 
 QImage DrawnImage::rendered(qreal devicePixelRatio) const
 {
@@ -24,6 +43,19 @@ QPixmap DrawnImage::pixmap(qreal devicePixelRatio) const
 int pixelWidth(const QPainter& painter, const QRectF& destination)
 {
     return qCeil(painter.deviceTransform().mapRect(destination).width());
+}
+
+std::optional<DrawnImage> symbolImage(const QString& name, int side, const QColor& colour)
+{
+    const QString file = ":/voltmere/symbols/" + name + ".svg";
+    if (!QFile::exists(file)) {
+        return std::nullopt;
+    }
+    const auto draw = [file, colour](QPainter& painter, const QRectF& destination) {
+        painter.drawImage(destination,
+                          tintedBitmap(file, pixelWidth(painter, destination), colour));
+    };
+    return DrawnImage{.size = {side, side}, .draw = draw};
 }
 
 } // namespace voltmere

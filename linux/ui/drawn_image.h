@@ -1,12 +1,15 @@
 #pragma once
 
+#include <QColor>
 #include <QImage>
 #include <QPainter>
 #include <QPixmap>
 #include <QRectF>
 #include <QSize>
+#include <QString>
 
 #include <functional>
+#include <optional>
 
 namespace voltmere {
 
@@ -28,5 +31,9 @@ struct DrawnImage {
 
 /// How many pixels of the painter's device `destination` is wide, rounded up.
 int pixelWidth(const QPainter& painter, const QRectF& destination);
+
+/// The symbol of that name, such as "magicmouse", in one colour, as a square of `side` points.
+/// Nothing for a name that no symbol has.
+std::optional<DrawnImage> symbolImage(const QString& name, int side, const QColor& colour);
 
 } // namespace voltmere

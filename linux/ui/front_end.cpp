@@ -3,12 +3,10 @@
 #include "linux/qt_application.h"
 #include "linux/qt_pointer.h"
 #include "linux/tray_host_watcher.h"
-#include "linux/ui/content_view.h"
-#include "linux/ui/no_tray_panel.h"
+#include "linux/ui/icon.h"
+#include "linux/ui/panel.h"
 #include "linux/ui/panel_controller.h"
-#include "linux/ui/status_label.h"
 #include "linux/ui/theme.h"
-#include "linux/ui/tray_image.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -68,14 +66,9 @@ private:
         panel.setOrdinaryWindow(false);
         icon = std::make_unique<StatusLabel>(
             model,
-            StatusLabel::Behaviour{
-                .picture =
-                    [maker = TrayIconMaker()](const auto& devices, auto threshold) mutable {
-                        return maker.make(devices, threshold);
-                    },
-                .toggle = [this](const QRect& place) { panel.toggle(place); },
-                .open = [this](const QRect& place) { panel.open(place); },
-                .quit = [this] { quit(); }});
+            StatusLabel::Actions{.toggle = [this](const QRect& place) { panel.toggle(place); },
+                                 .open = [this](const QRect& place) { panel.open(place); },
+                                 .quit = [this] { quit(); }});
     }
 
     void followAppearance() const

@@ -2,7 +2,7 @@
 
 #include "app/voltmere_app.h"
 #include "linux/portal_appearance.h"
-#include "linux/ui/snooze_alert_presenter.h"
+#include "linux/ui/alert.h"
 
 namespace voltmere {
 

@@ -1,15 +1,37 @@
 #pragma once
 
 #include "linux/ui/setting_picker.h"
+#include "ports/desktop.h"
+#include "ports/time.h"
 
 #include <QPointer>
 #include <QPushButton>
 
+#include <functional>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace voltmere {
 
-class ActionTarget;
+/// What a control does. The control holds it weakly, so whoever wires the two keeps it alive.
+class ActionTarget : public std::enable_shared_from_this<ActionTarget> {
+public:
+    explicit ActionTarget(std::function<void()> action)
+        : action(std::move(action))
+    {
+    }
+
+    /// Runs the action, and stays alive while it runs, whoever lets go of it there.
+    void fire() const
+    {
+        const auto self = shared_from_this();
+        action();
+    }
+
+private:
+    const std::function<void()> action;
+};
 
 /// A control that lights up under the pointer.
 class HoverHighlighting {
@@ -57,7 +79,7 @@ private:
 /// points wide, or as wide as its widest title needs in the style at hand.
 class HoverPopUpButton : public SettingPicker, public HoverHighlighting {
 public:
-    HoverPopUpButton();
+    explicit HoverPopUpButton(QWidget* parent = nullptr);
 
     void setHovering(bool hovering) override;
 
@@ -82,6 +104,38 @@ public:
 
 private:
     QPointer<HighlightButton> button;
+};
+
+/// Tells the controls of a window, about eight times a second, whether the pointer is over them.
+/// Where the pointer cannot be asked for, there is no timer: the controls' own enter and leave
+/// events tell them.
+class HoverPoller : public QObject {
+public:
+    static constexpr Seconds interval{0.12};
+
+    /// A control and what lights up for it; often the two are the same. Both must outlive the
+    /// poller.
+    struct Item {
+        QWidget* view;
+        HoverHighlighting* hover;
+    };
+
+    /// Starts at once.
+    HoverPoller(QWidget* window, std::vector<Item> items, const Pointer& pointer, RunLoop& runLoop);
+
+    /// Ends the polling and takes every highlight away. There is no way back.
+    void stop();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void refresh();
+
+    QPointer<QWidget> window;
+    std::vector<Item> items;
+    const Pointer& pointer;
+    std::unique_ptr<Timer> timer;
 };
 
 } // namespace voltmere

@@ -1,8 +1,13 @@
 #pragma once
 
+#include "linux/ui/redraw_scheduler.h"
+#include "model/battery_model.h"
+
 #include <QObject>
+#include <QPoint>
 #include <QPointer>
 #include <QRect>
+#include <QSize>
 #include <QWidget>
 
 #include <chrono>
@@ -10,7 +15,32 @@
 #include <memory>
 #include <optional>
 
+class QLabel;
+
 namespace voltmere {
+
+/// Where a panel of `size` opens for the icon or pointer at `anchor`: centred below it, or above
+/// it where it stands in the lower half, and inside `workArea` as far as that is large enough. All
+/// in points of one screen.
+QPoint placePanel(const QRect& anchor, const QSize& size, const QRect& workArea);
+
+/// The panel as an ordinary window, on a desktop without a tray: below its content it says how to
+/// open it again.
+class NoTrayPanel : public QWidget {
+public:
+    NoTrayPanel(BatteryModel& model, std::unique_ptr<QWidget> content);
+
+protected:
+    /// Tells the content of a change of colours that only this window was told of.
+    void changeEvent(QEvent* event) override;
+
+private:
+    void redraw();
+
+    QWidget* content;
+    QLabel* notice;
+    RedrawScheduler redrawScheduler;
+};
 
 /// Opens and closes the settings panel. The panel is built when it opens and destroyed when it
 /// closes: on Escape, when it loses the keyboard, and when the icon is clicked again.

@@ -3,11 +3,10 @@
 #include "app/services.h"
 #include "app/terminal.h"
 #include "linux/run_loop.h"
-#include "linux/ui/content_view.h"
-#include "linux/ui/snooze_alert_window.h"
+#include "linux/ui/alert.h"
+#include "linux/ui/panel.h"
 #include "linux/ui/status_image.h"
 #include "linux/ui/theme.h"
-#include "linux/ui/tray_image.h"
 #include "model/battery_model.h"
 #include "snooze/snooze_alert.h"
 #include "texts/app_language.h"
@@ -117,7 +116,7 @@ void drawIcons(Studio& studio, const QString& suffix, Album& album)
     const DrawnImage wide = StatusImage::make(model.devices, model.threshold, scheme);
     album.add("menu-bar-" + suffix, onBar(wide.rendered(qApp->devicePixelRatio()), scheme));
     constexpr QSize largestTray(64, 64);
-    const QIcon tray = makeTrayIcon(model.devices, model.threshold);
+    const QIcon tray = makeTrayIcon(iconLevel(model.devices, model.threshold));
     album.add("tray-" + suffix, onBar(tray.pixmap(largestTray, 1.0).toImage(), scheme));
 }
 
@@ -128,7 +127,7 @@ void drawPanel(Studio& studio, const QString& suffix, Album& album)
     album.add("panel-" + suffix, panel.grab().toImage());
 }
 
-/// One of the forms that the reminder takes.
+/// One of the forms that the snooze alert takes.
 struct AlertSample {
     QString name;
     std::vector<BatteryDevice> devices;
@@ -137,7 +136,7 @@ struct AlertSample {
 
 std::vector<AlertSample> alertSamples()
 {
-    // An order that no known kind of device has makes the reminder list a device by its name.
+    // An order that no known kind of device has makes the alert list a device by its name.
     constexpr std::int64_t otherKind = 3;
     const BatteryDevice mouse{803, "Magic Mouse", 12, "magicmouse", 0};
     const BatteryDevice keyboard{805, "Magic Keyboard", 8, "keyboard", 1};

@@ -1,5 +1,6 @@
 #include "linux/ui/setting_picker.h"
 
+#include <QLabel>
 #include <QProxyStyle>
 
 #include <utility>
@@ -42,22 +43,37 @@ SettingPicker::SettingPicker(QWidget* parent)
     setSizeAdjustPolicy(QComboBox::AdjustToContents);
 }
 
-void SettingPicker::addTwoDigitNumbers(int step, int end)
+void SettingPicker::present(const std::vector<std::string>& titles,
+                            std::optional<std::size_t> selected)
 {
-    for (int number = 0; number < end; number += step) {
-        addItem(QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0')), qlonglong{number});
+    for (int index = 0; const std::string& title : titles) {
+        const QString text = QString::fromStdString(title);
+        if (index == count()) {
+            addItem(text);
+        } else if (itemText(index) != text) {
+            setItemText(index, text);
+        }
+        ++index;
     }
+    setCurrentIndex(selected ? static_cast<int>(*selected) : -1);
 }
 
-void SettingPicker::onChoice(std::function<void(const QVariant& value)> action)
+void SettingPicker::setName(const QString& name)
+{
+    setAccessibleName(name);
+    if (label == nullptr) {
+        label = new QLabel(parentWidget());
+        label->setTextFormat(Qt::PlainText);
+        label->setBuddy(this);
+        label->hide();
+    }
+    label->setText(name);
+}
+
+void SettingPicker::onChoice(std::function<void(std::size_t choice)> action)
 {
     connect(this, &QComboBox::activated, this,
-            [this, action = std::move(action)](int index) { action(itemData(index)); });
-}
-
-void SettingPicker::select(const QVariant& value)
-{
-    setCurrentIndex(findData(value));
+            [action = std::move(action)](int index) { action(static_cast<std::size_t>(index)); });
 }
 
 } // namespace voltmere

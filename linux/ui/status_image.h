@@ -3,6 +3,10 @@
 #include "devices/battery_device.h"
 #include "linux/ui/drawn_image.h"
 #include "ports/desktop.h"
+#include "ui/icon.h"
+
+#include <QIcon>
+#include <QImage>
 
 #include <cstdint>
 #include <optional>
@@ -10,14 +14,22 @@
 
 namespace voltmere {
 
-/// The picture in the menu bar.
+/// The picture for a menu bar.
 class StatusImage {
 public:
     /// The status icon with the level of the weakest of `devices`, which stand in display order:
-    /// red at or below `threshold` percent, else white in the dark scheme and black in the light
-    /// one or in none.
+    /// red at or below `threshold` percent, else in the colour that suits the scheme.
     static DrawnImage make(const std::vector<BatteryDevice>& devices, std::int64_t threshold,
                            std::optional<ColourScheme> appearance);
 };
+
+/// The picture for the square slots of a Linux tray, `side` pixels wide and high: the number of the
+/// level on a plate, with a bar for the level below it; the plate is red for a low level. With no
+/// level, the status icon. The plate is there since a panel's colour cannot be known: the number
+/// stands out against the plate, whatever is behind it.
+QImage trayImage(const std::optional<IconLevel>& level, int side);
+
+/// That picture in the sizes of usual panels, in pixels, at one and two pixels to a point.
+QIcon makeTrayIcon(const std::optional<IconLevel>& level);
 
 } // namespace voltmere

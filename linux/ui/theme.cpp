@@ -96,6 +96,11 @@ QColor blended(const QPalette& palette, qreal weight)
 
 } // namespace
 
+QColor systemRed(std::optional<ColourScheme> scheme)
+{
+    return scheme == ColourScheme::dark ? QColor(0xFF, 0x45, 0x3A) : QColor(0xFF, 0x3B, 0x30);
+}
+
 QPalette paletteFor(std::optional<ColourScheme> scheme)
 {
     return makePalette(scheme == ColourScheme::dark ? darkColours() : lightColours());

@@ -12,6 +12,10 @@ class QWidget;
 
 namespace voltmere {
 
+/// The red of warnings: macOS's system red, the same on every platform. Light where there is no
+/// scheme.
+QColor systemRed(std::optional<ColourScheme> scheme);
+
 /// The program's own colours for a light or a dark desktop; light where the desktop has no scheme.
 QPalette paletteFor(std::optional<ColourScheme> scheme);
 

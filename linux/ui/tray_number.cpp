@@ -1,37 +1,66 @@
 #include "linux/ui/tray_number.h"
 
-#include <QLineF>
+#include <QFile>
 #include <QPainterPathStroker>
+#include <QRegularExpression>
 #include <QString>
+#include <QXmlStreamReader>
 
 #include <algorithm>
 #include <map>
-#include <string_view>
-#include <vector>
 
 namespace voltmere {
 
 namespace {
 
-/// The strokes of a character, along the middle of the stem, through these points:
-///
-///     a   t   b
-///     p       q
-///     c s     d
-///     r
-///     e z u   f
-///
-/// A small letter is a rounded corner, a capital a sharp one. `g` is the tip of the flag of 1, left
-/// of the cell.
-std::vector<std::string_view> strokesOf(QChar character)
+/// `data` of an SVG path, of which it takes the absolute M, L, C and Z.
+QPainterPath pathFrom(const QString& data)
 {
-    static const std::map<char, std::vector<std::string_view>> strokes{
-        {'0', {"tbfeat"}},         {'1', {"gBf"}},       {'2', {"pabdcEf"}},
-        {'3', {"pabds", "sdfer"}}, {'4', {"aCd", "bf"}}, {'5', {"bACdfer"}},
-        {'6', {"qbaefdc"}},        {'7', {"aBz"}},       {'8', {"tbdcat", "uecdfu"}},
-        {'9', {"refbacd"}},        {'-', {"cd"}},
-    };
-    return strokes.at(character.toLatin1());
+    static const QRegularExpression steps("([MLCZ])([^MLCZ]*)");
+    QPainterPath path;
+    for (auto step = steps.globalMatch(data); step.hasNext();) {
+        const QRegularExpressionMatch match = step.next();
+        const QStringList numbers = match.captured(2).split(' ', Qt::SkipEmptyParts);
+        const auto point = [&numbers](int index) {
+            return QPointF(numbers.at(2 * index).toDouble(), numbers.at(2 * index + 1).toDouble());
+        };
+        switch (match.captured(1).front().toLatin1()) {
+        case 'M':
+            path.moveTo(point(0));
+            break;
+        case 'L':
+            path.lineTo(point(0));
+            break;
+        case 'C':
+            path.cubicTo(point(0), point(1), point(2));
+            break;
+        default:
+            path.closeSubpath();
+        }
+    }
+    return path;
+}
+
+/// The paths of the drawing, by their identifiers.
+std::map<QString, QPainterPath> readDrawing()
+{
+    std::map<QString, QPainterPath> paths;
+    QFile file(QStringLiteral(":/voltmere/digits.svg"));
+    file.open(QIODevice::ReadOnly);
+    QXmlStreamReader xml(&file);
+    while (!xml.atEnd()) {
+        if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == u"path") {
+            paths.emplace(xml.attributes().value("id").toString(),
+                          pathFrom(xml.attributes().value("d").toString()));
+        }
+    }
+    return paths;
+}
+
+QPainterPath drawnLine(QChar character)
+{
+    static const std::map<QString, QPainterPath> drawing = readDrawing();
+    return drawing.at(character == '-' ? QString("minus") : QString("digit-") + character);
 }
 
 /// Where a character stands, and how thick its stems are. In pixels.
@@ -40,68 +69,30 @@ struct Cell {
     int stem = 1;
 };
 
-std::map<char, QPointF> pointsOf(const Cell& cell)
+/// The middle of the character's stems in `cell`. The drawing says where the lines are; here the
+/// two outer stems and the three bars come to stand on whole pixels.
+QPainterPath centreLine(QChar character, const Cell& cell)
 {
+    // In the drawing.
+    constexpr qreal first = 1; // the left stem and the upper bar
+    constexpr qreal middleBar = 5;
+    constexpr qreal lowerBar = 10;
+    const qreal rightStem = character == '1' ? 3 : 5;
+
     const qreal half = cell.stem / 2.0;
     const QRectF box = QRectF(cell.bounds).adjusted(half, half, -half, -half);
-    // A whole number of pixels, so that the middle bar is as sharp as the others.
-    const int middleBar = (cell.bounds.height() - cell.stem) / 2;
-    const qreal middle = box.top() + middleBar;
-    // Short enough that the square end of a hook does not close the digit.
-    const qreal hook = (middle - box.top() - cell.stem) * 0.35;
-    return {
-        {'a', box.topLeft()},
-        {'b', box.topRight()},
-        {'c', {box.left(), middle}},
-        {'d', {box.right(), middle}},
-        {'e', box.bottomLeft()},
-        {'f', box.bottomRight()},
-        {'g', {box.left() - cell.stem, box.top() + box.width() + cell.stem}},
-        {'p', {box.left(), box.top() + hook}},
-        {'q', {box.right(), box.top() + hook}},
-        {'r', {box.left(), box.bottom() - hook}},
-        {'s', {box.left() + box.width() * 0.45, middle}},
-        {'t', {box.center().x(), box.top()}},
-        {'u', {box.center().x(), box.bottom()}},
-        {'z', {box.left() + box.width() * 0.25, box.bottom()}},
-    };
-}
-
-/// The point on the way from `from` to `to` after `length`, but at most half the way.
-QPointF alongLine(const QPointF& from, const QPointF& to, qreal length)
-{
-    const QLineF line(from, to);
-    return line.pointAt(line.length() > 2 * length ? length / line.length() : 0.5);
-}
-
-void addRoundedCorner(QPainterPath& path, const QPointF& before, const QPointF& corner,
-                      const QPointF& after, qreal radius)
-{
-    constexpr qreal circle = 0.5523; // how far a cubic's handles reach for a quarter of a circle
-    const QPointF start = alongLine(corner, before, radius);
-    const QPointF end = alongLine(corner, after, radius);
-    path.lineTo(start);
-    path.cubicTo(start + (corner - start) * circle, end + (corner - end) * circle, end);
-}
-
-QPainterPath centreLine(std::string_view stroke, const Cell& cell)
-{
-    const std::map<char, QPointF> points = pointsOf(cell);
-    const auto at = [&](std::size_t i) { return points.at(QChar(stroke[i]).toLower().toLatin1()); };
-    const qreal radius = (cell.bounds.width() - cell.stem) / 2.0;
-    QPainterPath path(at(0));
-    for (std::size_t i = 1; i + 1 < stroke.size(); ++i) {
-        if (QChar(stroke[i]).isUpper()) {
-            path.lineTo(at(i));
-        } else {
-            addRoundedCorner(path, at(i - 1), at(i), at(i + 1), radius);
-        }
+    const int toMiddle = (cell.bounds.height() - cell.stem) / 2; // whole pixels
+    const qreal fromMiddle = box.height() - toMiddle;
+    QPainterPath line = drawnLine(character);
+    for (int index = 0; index < line.elementCount(); ++index) {
+        const QPointF drawn = line.elementAt(index);
+        const qreal x = (drawn.x() - first) / (rightStem - first) * box.width();
+        const qreal y = drawn.y() < middleBar
+            ? (drawn.y() - first) / (middleBar - first) * toMiddle
+            : toMiddle + (drawn.y() - middleBar) / (lowerBar - middleBar) * fromMiddle;
+        line.setElementPositionAt(index, box.left() + x, box.top() + y);
     }
-    path.lineTo(at(stroke.size() - 1));
-    if (stroke.front() == stroke.back()) {
-        path.closeSubpath();
-    }
-    return path;
+    return line;
 }
 
 QPainterPath characterOutline(QChar character, const Cell& cell)
@@ -111,13 +102,9 @@ QPainterPath characterOutline(QChar character, const Cell& cell)
     pen.setCapStyle(Qt::SquareCap);
     pen.setJoinStyle(Qt::MiterJoin);
     pen.setMiterLimit(cell.bounds.height()); // spikes reach out of the cell and are cut off there
-    QPainterPath outline;
-    for (const std::string_view stroke : strokesOf(character)) {
-        outline |= pen.createStroke(centreLine(stroke, cell)).simplified();
-    }
     QPainterPath bounds;
     bounds.addRect(cell.bounds);
-    return outline & bounds;
+    return pen.createStroke(centreLine(character, cell)).simplified() & bounds;
 }
 
 /// The widths of the characters of a number and the space between them, in pixels.

@@ -57,7 +57,7 @@ TEST_F(ReadingResultTest, ATicksRefreshAlertsOfANewlyLowDeviceAndLogsIt)
     advance(minutes(5));
 
     ASSERT_THAT(world.alerts.shown, SizeIs(2));
-    EXPECT_EQ(world.alerts.shown.back()->content.title, "Magic Keyboard battery alert");
+    EXPECT_EQ(world.alerts.shown.back()->content.title.whole(), "Magic Keyboard battery alert");
     EXPECT_THAT(world.log.lines, ElementsAre("Voltmere: 立即提醒 Magic Keyboard 20%"));
 }
 
@@ -96,7 +96,7 @@ TEST_F(ReadingResultTest, TheLogLineOfTwoDevicesNamesBothWhateverTheLanguage)
     EXPECT_THAT(world.log.lines,
                 ElementsAre("Voltmere: 立即提醒 Magic Mouse 15%, Magic Keyboard 9%"));
     ASSERT_THAT(world.alerts.shown, SizeIs(1));
-    EXPECT_EQ(world.alerts.shown.back()->content.title, "外设电量提醒");
+    EXPECT_EQ(world.alerts.shown.back()->content.title.whole(), "外设电量提醒");
 }
 
 TEST_F(ReadingResultTest, TwoRefreshesThatFindTheMouseLowGiveOneAlertAndOneLogLine)

@@ -62,13 +62,13 @@ TEST_F(SnoozeOperationsTest, ThePreselectedTimeIsTakenFromTheClockNotFromTheLast
 {
     world.setClock(23, 58);
     BatteryModel& model = startWithAlert();
-    EXPECT_EQ(alert().content.preselectedHour, 0);
-    EXPECT_EQ(alert().content.preselectedMinute, 55);
+    EXPECT_EQ(alert().content.hour.selected, 0U);
+    EXPECT_EQ(alert().content.minute.selected, 11U);
 
     alert().actions.chooseTime(7, 45);
     model.showSnoozeAlert({mouse(12)}, true);
-    EXPECT_EQ(alert().content.preselectedHour, 0);
-    EXPECT_EQ(alert().content.preselectedMinute, 55);
+    EXPECT_EQ(alert().content.hour.selected, 0U);
+    EXPECT_EQ(alert().content.minute.selected, 11U);
 }
 
 TEST_F(SnoozeOperationsTest, TheTestButtonWithNothingLowShowsTheAllGoodForm)
@@ -81,7 +81,7 @@ TEST_F(SnoozeOperationsTest, TheTestButtonWithNothingLowShowsTheAllGoodForm)
     model.showSnoozeAlert(payload.devices, payload.isLow);
 
     ASSERT_EQ(alertCount(), 1U);
-    EXPECT_EQ(alert().content.title, "Peripheral battery");
+    EXPECT_EQ(alert().content.title.whole(), "Peripheral battery");
     EXPECT_EQ(alert().content.detail, "All good: Mouse80%, Keyboard64%");
     EXPECT_FALSE(alert().content.detailIsRed);
 }
@@ -134,7 +134,7 @@ TEST_F(SnoozeOperationsTest, AfterCancelANewReminderIsBuilt)
 
     ASSERT_EQ(alertCount(), 2U);
     EXPECT_TRUE(alert().visible);
-    EXPECT_EQ(alert().content.title, "Magic Keyboard battery alert");
+    EXPECT_EQ(alert().content.title.whole(), "Magic Keyboard battery alert");
     EXPECT_FALSE(world.alerts.shown.front()->visible);
     EXPECT_EQ(world.alerts.shown.front()->broughtToFront, 0);
 }
@@ -248,7 +248,7 @@ TEST_F(SnoozeOperationsTest, ASnoozeShowsWhatIsLowThenNotWhatWasLowWhenItWasChos
     advance(minutes(30));
 
     ASSERT_EQ(alertCount(), 2U);
-    EXPECT_EQ(alert().content.title, "Magic Keyboard battery alert");
+    EXPECT_EQ(alert().content.title.whole(), "Magic Keyboard battery alert");
     EXPECT_EQ(alert().content.detail, "Battery at 8%. Please charge.");
 }
 
@@ -262,7 +262,7 @@ TEST_F(SnoozeOperationsTest, ASnoozeJudgesByTheThresholdAndSpeaksTheLanguageOfIt
     advance(minutes(30));
 
     ASSERT_EQ(alertCount(), 2U);
-    EXPECT_EQ(alert().content.title, "外设电量");
+    EXPECT_EQ(alert().content.title.whole(), "外设电量");
     EXPECT_EQ(alert().content.detail, "电量正常：鼠标12%");
     EXPECT_FALSE(alert().content.detailIsRed);
 }

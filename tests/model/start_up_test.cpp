@@ -60,7 +60,7 @@ TEST_F(StartUpTest, ModelFirstTheReminderAppearsOnceLaunchHasFinished)
 
     advance(1.2);
     ASSERT_THAT(world.alerts.shown, SizeIs(1));
-    EXPECT_EQ(world.alerts.shown.front()->content.title, "Magic Mouse battery alert");
+    EXPECT_EQ(world.alerts.shown.front()->content.title.whole(), "Magic Mouse battery alert");
 
     advance(60);
     EXPECT_THAT(world.alerts.shown, SizeIs(1));
@@ -138,8 +138,8 @@ TEST_F(StartUpTest, TheRetryPreselectsTheTimeAtWhichItShows)
 
     advance(1.2);
     ASSERT_THAT(world.alerts.shown, SizeIs(1));
-    EXPECT_EQ(world.alerts.shown.front()->content.preselectedHour, 11);
-    EXPECT_EQ(world.alerts.shown.front()->content.preselectedMinute, 5);
+    EXPECT_EQ(world.alerts.shown.front()->content.hour.selected, 11U);
+    EXPECT_EQ(world.alerts.shown.front()->content.minute.selected, 1U);
 }
 
 TEST_F(StartUpTest, EveryReminderWaitsForLaunchToFinish)

@@ -297,5 +297,28 @@ const ClockChange clockChanges[]{
 INSTANTIATE_TEST_SUITE_P(Zones, ClockChangeTest, testing::ValuesIn(clockChanges),
                          [](const auto& change) { return std::string(change.param.name); });
 
+TEST(TimePopUpsTest, TheHoursAreTwentyFourTwoDigitNumbers)
+{
+    const PopUp<std::int64_t> popUp = hourPopUp(9);
+    EXPECT_THAT(popUp.titles,
+                testing::ElementsAre("00", "01", "02", "03", "04", "05", "06", "07", "08", "09",
+                                     "10", "11", "12", "13", "14", "15", "16", "17", "18", "19",
+                                     "20", "21", "22", "23"));
+    EXPECT_EQ(popUp.values.at(23), 23);
+    EXPECT_EQ(popUp.selected, 9U);
+    EXPECT_EQ(hourPopUp(24).selected, std::nullopt);
+}
+
+TEST(TimePopUpsTest, TheMinutesAreEveryFifth)
+{
+    const PopUp<std::int64_t> popUp = minutePopUp(55);
+    EXPECT_THAT(popUp.titles,
+                testing::ElementsAre("00", "05", "10", "15", "20", "25", "30", "35", "40", "45",
+                                     "50", "55"));
+    EXPECT_THAT(popUp.values, testing::ElementsAre(0, 5, 10, 15, 20, 25, 30, 35, 40, 45, 50, 55));
+    EXPECT_EQ(popUp.selected, 11U);
+    EXPECT_EQ(minutePopUp(7).selected, std::nullopt);
+}
+
 } // namespace
 } // namespace voltmere

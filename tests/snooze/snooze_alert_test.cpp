@@ -41,7 +41,7 @@ TEST_F(SnoozeAlertEnglishTest, OneLowDeviceIsNamedInTheTitleAndItsLevelInRed)
 {
     const AlertContent content = lowContent({mouse(12)});
 
-    EXPECT_EQ(content.title, "Magic Mouse battery alert");
+    EXPECT_EQ(content.title.whole(), "Magic Mouse battery alert");
     EXPECT_EQ(content.detail, "Battery at 12%. Please charge.");
     EXPECT_TRUE(content.detailIsRed);
 }
@@ -50,7 +50,7 @@ TEST_F(SnoozeAlertChineseTest, OneLowDeviceIsNamedInTheTitleAndItsLevelInRed)
 {
     const AlertContent content = lowContent({mouse(12)});
 
-    EXPECT_EQ(content.title, "Magic Mouse 电量提醒");
+    EXPECT_EQ(content.title.whole(), "Magic Mouse 电量提醒");
     EXPECT_EQ(content.detail, "当前电量12%，请及时充电。");
     EXPECT_TRUE(content.detailIsRed);
 }
@@ -59,7 +59,7 @@ TEST_F(SnoozeAlertEnglishTest, TwoLowDevicesAreListedInRed)
 {
     const AlertContent content = lowContent({mouse(12), keyboard(8)});
 
-    EXPECT_EQ(content.title, "Peripheral battery alert");
+    EXPECT_EQ(content.title.whole(), "Peripheral battery alert");
     EXPECT_EQ(content.detail, "Mouse12%, Keyboard8%. Please charge.");
     EXPECT_TRUE(content.detailIsRed);
 }
@@ -68,7 +68,7 @@ TEST_F(SnoozeAlertChineseTest, TwoLowDevicesAreListedInRed)
 {
     const AlertContent content = lowContent({mouse(12), keyboard(8)});
 
-    EXPECT_EQ(content.title, "外设电量提醒");
+    EXPECT_EQ(content.title.whole(), "外设电量提醒");
     EXPECT_EQ(content.detail, "鼠标12%、键盘8%，请及时充电。");
     EXPECT_TRUE(content.detailIsRed);
 }
@@ -77,7 +77,7 @@ TEST_F(SnoozeAlertEnglishTest, LowWithoutADeviceIsTheSuffixAlone)
 {
     const AlertContent content = lowContent({});
 
-    EXPECT_EQ(content.title, "Peripheral battery alert");
+    EXPECT_EQ(content.title.whole(), "Peripheral battery alert");
     EXPECT_EQ(content.detail, ". Please charge.");
     EXPECT_TRUE(content.detailIsRed);
 }
@@ -86,7 +86,7 @@ TEST_F(SnoozeAlertChineseTest, LowWithoutADeviceIsTheSuffixAlone)
 {
     const AlertContent content = lowContent({});
 
-    EXPECT_EQ(content.title, "外设电量提醒");
+    EXPECT_EQ(content.title.whole(), "外设电量提醒");
     EXPECT_EQ(content.detail, "，请及时充电。");
 }
 
@@ -94,7 +94,7 @@ TEST_F(SnoozeAlertEnglishTest, NothingLowListsAllDevicesInTheLabelColour)
 {
     const AlertContent content = normalContent({mouse(80), keyboard(64)});
 
-    EXPECT_EQ(content.title, "Peripheral battery");
+    EXPECT_EQ(content.title.whole(), "Peripheral battery");
     EXPECT_EQ(content.detail, "All good: Mouse80%, Keyboard64%");
     EXPECT_FALSE(content.detailIsRed);
 }
@@ -103,7 +103,7 @@ TEST_F(SnoozeAlertChineseTest, NothingLowListsAllDevicesInTheLabelColour)
 {
     const AlertContent content = normalContent({mouse(80), keyboard(64)});
 
-    EXPECT_EQ(content.title, "外设电量");
+    EXPECT_EQ(content.title.whole(), "外设电量");
     EXPECT_EQ(content.detail, "电量正常：鼠标80%、键盘64%");
     EXPECT_FALSE(content.detailIsRed);
 }
@@ -112,7 +112,7 @@ TEST_F(SnoozeAlertEnglishTest, NothingLowWithOneDeviceStillUsesTheGeneralTitle)
 {
     const AlertContent content = normalContent({trackpad(55)});
 
-    EXPECT_EQ(content.title, "Peripheral battery");
+    EXPECT_EQ(content.title.whole(), "Peripheral battery");
     EXPECT_EQ(content.detail, "All good: Trackpad55%");
 }
 
@@ -120,7 +120,7 @@ TEST_F(SnoozeAlertEnglishTest, NoDeviceAtAllSaysSo)
 {
     const AlertContent content = normalContent({});
 
-    EXPECT_EQ(content.title, "Peripheral battery");
+    EXPECT_EQ(content.title.whole(), "Peripheral battery");
     EXPECT_EQ(content.detail, "No peripherals found");
     EXPECT_FALSE(content.detailIsRed);
 }
@@ -160,7 +160,7 @@ TEST_F(SnoozeAlertEnglishTest, ANameIsNeverReadAsAFormat)
 {
     BatteryDevice device = mouse(12);
     device.name = "%@ %1$d 100%%";
-    EXPECT_EQ(lowContent({device}).title, "%@ %1$d 100%% battery alert");
+    EXPECT_EQ(lowContent({device}).title.whole(), "%@ %1$d 100%% battery alert");
 
     BatteryDevice unknown = deviceOfUnknownOrder(5);
     unknown.name = "%@";
@@ -198,12 +198,36 @@ TEST_F(SnoozeAlertChineseTest, TheFixedTextsAreChinese)
     EXPECT_EQ(content.cancelTitle, "取消");
 }
 
+TEST_F(SnoozeAlertEnglishTest, ANameIsFitToBeShown)
+{
+    const std::vector<std::pair<std::string, std::string>> names{
+        {"a\nb\r\tc\x1b[31m\u2028d", "a b c [31m d"},
+        {"\u202egpj\u2066.mouse\u2069", "gpj.mouse"},
+        {"a\xff", "a\uFFFD"},
+        {"", "Magic Mouse"},
+    };
+    for (const auto& [name, shown] : names) {
+        BatteryDevice device = mouse(12);
+        device.name = name;
+        EXPECT_EQ(lowContent({device}).title.name, shown);
+    }
+    BatteryDevice unknown = deviceOfUnknownOrder(5);
+    unknown.name = "a\nb";
+    EXPECT_EQ(normalContent({unknown}).detail, "All good: a b7%");
+}
+
+TEST_F(SnoozeAlertEnglishTest, ATitleSaysWhereItHoldsAName)
+{
+    EXPECT_EQ(lowContent({mouse(12)}).title, (NamedText{"", "Magic Mouse", " battery alert"}));
+    EXPECT_EQ(lowContent({}).title, (NamedText{"Peripheral battery alert", "", ""}));
+}
+
 TEST_F(SnoozeAlertEnglishTest, TheClockTimeIsThePreselectedOne)
 {
     const AlertContent content = makeAlertContent({}, false, {23, 55});
 
-    EXPECT_EQ(content.preselectedHour, 23);
-    EXPECT_EQ(content.preselectedMinute, 55);
+    EXPECT_EQ(content.hour.selected, 23U);
+    EXPECT_EQ(content.minute.selected, 11U);
 }
 
 TEST(SnoozeOptionsTest, OfferTwentyAndThirtyMinutesOneHourAndTwo)

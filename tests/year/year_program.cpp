@@ -108,10 +108,10 @@ std::vector<BatteryEntry> YearProgram::Levels::readEntries()
 
 std::unique_ptr<Alert> YearProgram::Reminders::present(AlertContent content, AlertActions given)
 {
-    owner.happened("reminder " + content.title + "|" + content.detail +
+    owner.happened("reminder " + content.title.whole() + "|" + content.detail +
                    (content.detailIsRed ? "|red|" : "|plain|") +
-                   std::to_string(content.preselectedHour) + ":" +
-                   std::to_string(content.preselectedMinute));
+                   std::to_string(content.hour.values.at(*content.hour.selected)) + ":" +
+                   std::to_string(content.minute.values.at(*content.minute.selected)));
     actions = std::move(given);
     visible = std::make_shared<bool>(true);
     return std::make_unique<NotedAlert>(visible, [this] { owner.happened("reminder in front"); });

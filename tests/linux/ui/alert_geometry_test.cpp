@@ -1,6 +1,5 @@
-#include "linux/ui/alert_window_fixture.h"
+#include "linux/ui/alert_fixture.h"
 
-#include "linux/ui/alert_rows.h"
 #include "tests/linux/ui/without_pictures.h"
 
 #include <QFontMetrics>
@@ -37,12 +36,14 @@ protected:
         return font;
     }
 
-    AlertView showTitle(const QString& title)
+    AlertView showTitle(const NamedText& title)
     {
         AlertContent content = makeAlertContent({mouse(12)}, true, {15, 35});
-        content.title = title.toStdString();
+        content.title = title;
         return show(content);
     }
+
+    AlertView showTitle(const QString& title) { return showTitle({title.toStdString(), {}, {}}); }
 };
 
 TEST_F(AlertGeometryTest, TheContentIs237By252PointsWithNineRows)
@@ -273,7 +274,8 @@ TEST_F(AlertGeometryTest, ATextOf420IsShownWhole)
     EXPECT_GT(view.container().width(), 410);
 }
 
-TEST_F(AlertGeometryTest, ATextWiderThan420IsCutAtItsEndAndKeptWholeInTooltipAndAccessibleName)
+TEST_F(AlertGeometryTest,
+       ATextWithoutANameWiderThan420IsCutAtItsEndAndKeptWholeInTooltipAndAccessibleName)
 {
     const QString title = titleOfWidth(900);
     const AlertView view = showTitle(title);
@@ -286,6 +288,20 @@ TEST_F(AlertGeometryTest, ATextWiderThan420IsCutAtItsEndAndKeptWholeInTooltipAnd
     EXPECT_TRUE(view.title().text().endsWith(QChar(0x2026)));
     EXPECT_EQ(tip.toPlainText(), title);
     EXPECT_EQ(view.title().accessibleName(), title);
+}
+
+TEST_F(AlertGeometryTest, OfATextWiderThan420OnlyTheNameInItIsCutInItsMiddle)
+{
+    const std::string name = "Begin " + std::string(200, 'm') + " End";
+    const AlertView view = showTitle({"<", name, " battery alert>"});
+    const QString shown = view.title().text();
+
+    EXPECT_LE(view.container().width(), 420);
+    EXPECT_GT(view.container().width(), 400);
+    EXPECT_TRUE(shown.startsWith("<Begin mm")) << shown.toStdString();
+    EXPECT_TRUE(shown.contains(QChar(0x2026))) << shown.toStdString();
+    EXPECT_TRUE(shown.endsWith("mm End battery alert>")) << shown.toStdString();
+    EXPECT_EQ(view.title().accessibleName().toStdString(), "<" + name + " battery alert>");
 }
 
 TEST_F(AlertGeometryTest, TheDetailWidensAndIsCutLikeTheTitle)
@@ -350,32 +366,6 @@ TEST_F(AlertGeometryTest, WithoutAnApplicationIconThereIsNone)
 
     EXPECT_EQ(view.window.layout()->itemAt(0)->widget(), &view.container());
     EXPECT_EQ(view.container().y(), 16);
-}
-
-TEST_F(AlertGeometryTest, TheHourListHas24EntriesFrom00To23)
-{
-    const AlertView view = showOneLow();
-
-    EXPECT_EQ(view.hour().count(), 24);
-    for (int hour = 0; hour < 24; ++hour) {
-        EXPECT_EQ(view.hour().itemText(hour).toInt(), hour);
-        EXPECT_EQ(view.hour().itemText(hour).size(), 2);
-    }
-    EXPECT_EQ(view.hour().itemText(0), "00");
-    EXPECT_EQ(view.hour().itemText(23), "23");
-}
-
-TEST_F(AlertGeometryTest, TheMinuteListHas12EntriesTheLast55)
-{
-    const AlertView view = showOneLow();
-    std::vector<std::string> minutes;
-    for (int index = 0; index < view.minute().count(); ++index) {
-        minutes.push_back(view.minute().itemText(index).toStdString());
-    }
-
-    EXPECT_THAT(
-        minutes,
-        ElementsAre("00", "05", "10", "15", "20", "25", "30", "35", "40", "45", "50", "55"));
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "linux/ui/alert_window_fixture.h"
+#include "linux/ui/alert_fixture.h"
 
 namespace voltmere {
 namespace {
@@ -198,25 +198,7 @@ TEST_F(AlertKeyboardTest, AMinimisedWindowIsBroughtBack)
     EXPECT_TRUE(view.window.isVisible());
 }
 
-TEST_F(AlertKeyboardTest, WhatTheDesktopNeedsIsDoneEachTimeTheWindowComesToTheFront)
-{
-    std::vector<const QWidget*> shown;
-    SnoozeAlertPresenter floating(appearance, pointer, runLoop, [&shown](QWidget& window) {
-        EXPECT_TRUE(window.isVisible());
-        shown.push_back(&window);
-    });
-    alert = floating.present({}, actions());
-    const QWidget* const window = alertWindows().at(0);
-    EXPECT_THAT(shown, ElementsAre(window));
-
-    alert->bringToFront();
-    EXPECT_THAT(shown, ElementsAre(window, window));
-    alert->orderOut();
-    alert->bringToFront();
-    EXPECT_THAT(shown, ElementsAre(window, window));
-}
-
-/// A reminder that is destroyed by its own controls, before their events have been dealt with.
+/// An alert that is destroyed by its own controls, before their events have been dealt with.
 class AlertDestroyedWithinTest : public AlertWindowTest {
 protected:
     AlertView showDestroying()

@@ -1,6 +1,6 @@
-// The reminder's real window over a real model, in virtual time.
+// The snooze alert's real window over a real model, in virtual time.
 
-#include "linux/ui/alert_window_fixture.h"
+#include "linux/ui/alert_fixture.h"
 
 #include "fakes/model_world.h"
 
@@ -33,7 +33,7 @@ protected:
         return *world.model;
     }
 
-    /// Starts the model with a mouse at 12 %, whose reminder is then on screen.
+    /// Starts the model with a mouse at 12 %, whose alert is then on screen.
     BatteryModel& startWithAlert()
     {
         world.setLevels({{803, 12}});
@@ -106,7 +106,7 @@ TEST_F(AlertModelTest, CallingItTwiceLeavesOneWindowInFrontWithTheFirstCallsDevi
     EXPECT_EQ(extraTimers(), 1U);
 }
 
-/// Counts how often a reminder is raised over other windows.
+/// Counts how often an alert is raised over other windows.
 class RaiseWatch : public QObject {
 public:
     RaiseWatch() { qApp->installEventFilter(this); }
@@ -122,7 +122,7 @@ protected:
     }
 };
 
-TEST_F(AlertModelTest, AReminderIsRaisedToTheFrontWhenItAppearsAndWhenItIsAskedForAgain)
+TEST_F(AlertModelTest, AnAlertIsRaisedToTheFrontWhenItAppearsAndWhenItIsAskedForAgain)
 {
     BatteryModel& model = start();
     settle();
@@ -134,7 +134,7 @@ TEST_F(AlertModelTest, AReminderIsRaisedToTheFrontWhenItAppearsAndWhenItIsAskedF
     EXPECT_EQ(watch.raised, 2);
 }
 
-/// One of the things that take a reminder off the screen without choosing a time.
+/// One of the things that take an alert off the screen without choosing a time.
 struct Dismissal {
     const char* name;
     void (*act)(const AlertView& view);
@@ -170,7 +170,7 @@ const Dismissal dismissals[]{
 INSTANTIATE_TEST_SUITE_P(Ways, AlertDismissalTest, testing::ValuesIn(dismissals),
                          [](const auto& way) { return std::string(way.param.name); });
 
-/// A row that brings the reminder back after some time.
+/// A row that brings the alert back after some time.
 struct Choice {
     const char* name;
     const char* title;
@@ -382,7 +382,7 @@ TEST_F(AlertModelTest, APendingSnoozeIsTheOnlyThingThatWaits)
     EXPECT_EQ(extraTimers(), 1U);
 }
 
-TEST_F(AlertModelTest, AfterManyRemindersNoWindowAndNoTimerIsLeft)
+TEST_F(AlertModelTest, AfterManyAlertsNoWindowAndNoTimerIsLeft)
 {
     BatteryModel& model = start();
     settle();

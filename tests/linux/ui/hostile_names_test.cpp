@@ -1,8 +1,6 @@
 #include "linux/ui/panel_fixture.h"
 
-#include "linux/ui/display_text.h"
-#include "linux/ui/elided_label.h"
-#include "linux/ui/theme.h"
+#include "linux/ui/views.h"
 
 #include <QTextDocument>
 
@@ -83,22 +81,6 @@ TEST_F(HostileNamesTest, LineEndsAndControlCharactersBecomeBlanks)
     EXPECT_EQ(accessibleName("deviceName"), "a b c [31m d ");
 }
 
-TEST_F(HostileNamesTest, AMarkThatTurnsTheReadingOrderIsLeftOut)
-{
-    openWithName("\u202egpj\u2066.mouse\u2069");
-    EXPECT_EQ(textOf("deviceName"), "gpj.mouse");
-    EXPECT_EQ(textOf("status"), "Low battery: gpj.mouse 15%");
-}
-
-TEST_F(HostileNamesTest, ANameOfWhichNobodyWouldSeeAnythingIsTheCatalogues)
-{
-    for (const char* const name : {"", "\n", "\u200B\u2060\uFEFF"}) {
-        openWithName(name);
-        EXPECT_EQ(textOf("deviceName"), "Magic Mouse");
-    }
-    EXPECT_EQ(textOf("deviceLevel"), "15%");
-}
-
 TEST_F(HostileNamesTest, TheStatusLineWrapsAlsoWithinAWordThatIsLongerThanALine)
 {
     openWithName("x");
@@ -107,17 +89,6 @@ TEST_F(HostileNamesTest, TheStatusLineWrapsAlsoWithinAWordThatIsLongerThanALine)
     EXPECT_GE(find("status").height(), 4 * oneLine);
     EXPECT_EQ(find("status").width(), view->width() - 32);
     EXPECT_GE(view->height(), find("quit").geometry().bottom());
-}
-
-TEST(DisplayText, KeepsEveryOtherCharacter)
-{
-    const std::string text = "Käthe's 鼠标 👩‍💻 \u00a0x";
-    EXPECT_EQ(displayText(text).toStdString(), text);
-}
-
-TEST(DisplayText, ReplacesWhatIsNoUnicode)
-{
-    EXPECT_EQ(displayText("a\xff"), QString("a") + QChar(QChar::ReplacementCharacter));
 }
 
 TEST(ElidedLabel, ShowsTheWholeTextAgainWhenThereIsRoom)

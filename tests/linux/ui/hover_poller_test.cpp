@@ -1,4 +1,4 @@
-#include "linux/ui/alert_window_fixture.h"
+#include "linux/ui/alert_fixture.h"
 
 #include <QEnterEvent>
 

@@ -1,9 +1,6 @@
-#include "linux/ui/no_tray_panel.h"
-
 #include "linux/ui/panel_controller.h"
 #include "linux/ui/panel_fixture.h"
-
-#include "linux/ui/colours.h"
+#include "linux/ui/theme.h"
 
 #include <QPointer>
 

@@ -208,7 +208,7 @@ TEST_F(PanelChoicesTest, TheTestButtonShowsTheLowDevicesAndNeitherNotifiesNorMar
     const std::size_t notifications = world.notifications.requests.size();
     click("testAlert");
     ASSERT_THAT(world.alerts.shown, SizeIs(1));
-    EXPECT_EQ(world.alerts.shown[0]->content.title, "Magic Mouse battery alert");
+    EXPECT_EQ(world.alerts.shown[0]->content.title.whole(), "Magic Mouse battery alert");
     EXPECT_EQ(world.alerts.shown[0]->content.detail, "Battery at 40%. Please charge.");
     EXPECT_EQ(world.notifications.requests.size(), notifications);
 
@@ -224,7 +224,7 @@ TEST_F(PanelChoicesTest, TheTestButtonShowsAllDevicesWhenNoneIsLow)
     open();
     click("testAlert");
     ASSERT_THAT(world.alerts.shown, SizeIs(1));
-    EXPECT_EQ(world.alerts.shown[0]->content.title, "Peripheral battery");
+    EXPECT_EQ(world.alerts.shown[0]->content.title.whole(), "Peripheral battery");
     EXPECT_EQ(world.alerts.shown[0]->content.detail,
               makeAlertContent(model().devices, false, {}).detail);
 }

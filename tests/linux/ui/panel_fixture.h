@@ -2,7 +2,7 @@
 
 #include "fakes/fake_appearance.h"
 #include "fakes/model_world.h"
-#include "linux/ui/content_view.h"
+#include "linux/ui/panel.h"
 
 #include <gmock/gmock.h>
 

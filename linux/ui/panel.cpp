@@ -1,0 +1,324 @@
+#include "linux/ui/panel.h"
+
+#include "linux/ui/app_icon_asset.h"
+#include "linux/ui/setting_picker.h"
+#include "linux/ui/theme.h"
+#include "linux/ui/views.h"
+
+#include <QCheckBox>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <initializer_list>
+#include <memory>
+#include <utility>
+
+namespace voltmere {
+
+namespace {
+
+constexpr int buttonPadding = 12; // points, at least, on each side of a button's text
+constexpr QWidget* stretch = nullptr;
+
+QHBoxLayout* makeRow(std::initializer_list<QWidget*> widgets)
+{
+    auto* const row = new QHBoxLayout;
+    row->setContentsMargins({});
+    row->setSpacing(panelGeometry::rowSpacing);
+    for (QWidget* const widget : widgets) {
+        if (widget == stretch) {
+            row->addStretch();
+        } else {
+            row->addWidget(widget);
+        }
+    }
+    return row;
+}
+
+/// The symbol in the text's colour.
+PictureView* makeSymbolView(const std::string& name, QWidget* parent)
+{
+    constexpr int side = panelGeometry::symbolSide;
+    auto* const view = new PictureView(
+        side, [name = asQt(name)](const QColor& colour) { return symbolImage(name, side, colour); },
+        parent);
+    view->setObjectName("symbol-" + asQt(name));
+    return view;
+}
+
+QLabel* makePlainLabel(const char* objectName, QWidget* parent)
+{
+    auto* const label = new QLabel(parent);
+    label->setObjectName(objectName);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+/// One row for each peripheral, or one that says that there are none.
+class DeviceList : public QWidget {
+public:
+    DeviceList(const std::string& emptySymbol, QWidget* parent)
+        : QWidget(parent)
+        , emptyRow(new QWidget(this))
+        , emptyText(makePlainLabel("noDevices", emptyRow))
+    {
+        setObjectName("deviceList");
+        emptyRow->setLayout(makeRow({makeSymbolView(emptySymbol, emptyRow), emptyText, stretch}));
+        auto* const column = new QVBoxLayout(this);
+        column->setContentsMargins({});
+        column->setSpacing(panelGeometry::itemSpacing);
+        column->addWidget(emptyRow);
+    }
+
+    void present(const PanelContent& content, const QColor& red)
+    {
+        emptyText->setText(asQt(content.emptyText));
+        emptyRow->setVisible(content.devices.empty());
+        // A row that says the same as before stays: assistive technology may be reading it.
+        if (content.devices != shown) {
+            rebuild(content.devices);
+        }
+        for (std::size_t index = 0; index < rows.size(); ++index) {
+            setTextColour(*rows[index].level,
+                          shown[index].levelIsRed ? std::optional(red) : std::nullopt);
+        }
+    }
+
+private:
+    struct Row {
+        std::unique_ptr<QWidget> view;
+        QLabel* level;
+    };
+
+    void rebuild(const std::vector<DeviceRow>& devices)
+    {
+        rows.clear();
+        for (const DeviceRow& device : devices) {
+            rows.push_back(makeDeviceRow(device));
+            layout()->addWidget(rows.back().view.get());
+            rows.back().view->show();
+        }
+        shown = devices;
+    }
+
+    Row makeDeviceRow(const DeviceRow& device)
+    {
+        auto view = std::make_unique<QWidget>(this);
+        view->setObjectName(QString("device-%1").arg(device.id));
+        // Made in the order in which a screen reader reads them.
+        auto* const name = new ElidedLabel(view.get());
+        auto* const level = makePlainLabel("deviceLevel", view.get());
+        name->setObjectName("deviceName");
+        name->setFont(headlineFont(font()));
+        name->setFullText(asQt(device.name));
+        level->setFont(title3Font(font()));
+        level->setText(asQt(device.level));
+        view->setLayout(makeRow({makeSymbolView(device.symbol, view.get()), name, level}));
+        return {std::move(view), level};
+    }
+
+    QWidget* emptyRow;
+    QLabel* emptyText;
+    std::vector<DeviceRow> shown;
+    std::vector<Row> rows; ///< one for each of `shown`
+};
+
+} // namespace
+
+ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
+                         std::function<void()> quit, QWidget* parent)
+    : QWidget(parent)
+    , model(model)
+    , appearance(appearance)
+    , content(panelContent(model))
+    , redrawScheduler(model.objectWillChange, [this] { redraw(); })
+{
+    constexpr int padding = panelGeometry::padding;
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(padding, padding, padding, padding);
+    column->setSpacing(panelGeometry::itemSpacing);
+    column->addStrut(panelGeometry::width - 2 * padding);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+
+    // The order in which the controls are made is that of the Tab key and of a screen reader.
+    using Content = PanelContent;
+    column->addWidget(makeHeader());
+    column->addWidget(new Divider(this));
+    column->addWidget(makeDevices());
+    column->addWidget(new Divider(this));
+    auto* const warnBelow = makeText("thresholdLabel", &Content::warnBelow);
+    auto* const threshold = makePicker("threshold", &Content::threshold, model.threshold);
+    threshold->setMinimumWidth(panelGeometry::thresholdWidth);
+    threshold->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    column->addLayout(makeRow(
+        {warnBelow, threshold, makeText("thresholdSuffix", &Content::warnSuffix),
+         makeToggle("instantAlert", &Content::instantAlert, model.instantEnabled), stretch}));
+    column->addWidget(makeToggle("dailyCheck", &Content::dailyCheck, model.enabled));
+    column->addLayout(
+        makeRow({makeText("checkTimeLabel", &Content::checkTime), stretch,
+                 makePicker("checkHour", &Content::checkHour, model.checkHour),
+                 makeText("timeSeparator", &Content::timeSeparator),
+                 makePicker("checkMinute", &Content::checkMinute, model.checkMinute)}));
+    column->addWidget(makeStatus());
+    column->addWidget(makeButton("testAlert", &Content::testAlert, [this] { showAlertNow(); }), 0,
+                      Qt::AlignLeft);
+    column->addWidget(makeToggle("launchAtLogin", &Content::launchAtLogin, model.launchAtLogin));
+    column->addWidget(new Divider(this));
+    column->addLayout(makeRow({makeButton("quit", &Content::quit, std::move(quit)), stretch,
+                               makeText("languageLabel", &Content::languageLabel),
+                               makePicker("language", &Content::language, model.language)}));
+    redraw();
+    // No control has the keyboard until Tab, so that no key changes a setting by accident.
+    setFocus();
+}
+
+void ContentView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (!std::exchange(hasAppeared, true)) {
+        model.refreshLaunchAtLogin();
+        model.refresh(false);
+    }
+}
+
+void ContentView::keyPressEvent(QKeyEvent* event)
+{
+    if (event->matches(QKeySequence::Cancel)) {
+        window()->close();
+        return;
+    }
+    QWidget::keyPressEvent(event);
+}
+
+void ContentView::changeEvent(QEvent* event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        redrawScheduler.schedule();
+    }
+}
+
+QWidget* ContentView::makeHeader()
+{
+    auto* const header = new QWidget(this);
+    auto* const name = makeText("applicationName", &PanelContent::applicationName);
+    name->setFont(headlineFont(font()));
+    QHBoxLayout* const row = makeRow({stretch, name, stretch});
+    if (auto image = AppIconAsset::appImage(panelGeometry::iconSide)) {
+        auto* const icon = new PictureView(
+            panelGeometry::iconSide, [image](const QColor&) { return image; }, header);
+        icon->setObjectName("applicationIcon");
+        row->insertWidget(1, icon);
+    }
+    header->setLayout(row);
+    return header;
+}
+
+QWidget* ContentView::makeDevices()
+{
+    auto* const list = new DeviceList(content.emptySymbol, this);
+    onRedraw([this, list] { list->present(content, systemRed(appearance.bestMatch())); });
+    return list;
+}
+
+QWidget* ContentView::makeStatus()
+{
+    auto* const line = new WrappingLabel(this);
+    line->setObjectName("status");
+    onRedraw([this, line] {
+        line->setText(asQt(content.status));
+        setTextColour(*line,
+                      content.statusIsRed ? systemRed(appearance.bestMatch())
+                                          : secondaryTextColour(palette()));
+    });
+    return line;
+}
+
+/// An empty text takes no room.
+QLabel* ContentView::makeText(const char* objectName, std::string PanelContent::*text)
+{
+    auto* const label = makePlainLabel(objectName, this);
+    onRedraw([this, label, text] {
+        label->setText(asQt(content.*text));
+        label->setVisible(!label->text().isEmpty());
+    });
+    return label;
+}
+
+QPushButton* ContentView::makeButton(const char* objectName, std::string PanelContent::*title,
+                                     std::function<void()> action)
+{
+    auto* const button = new QPushButton(this);
+    button->setObjectName(objectName);
+    connect(button, &QPushButton::clicked, this, [action = std::move(action)] { action(); });
+    onRedraw([this, button, title] {
+        button->setText(asQt(content.*title));
+        // Some styles leave hardly any room beside a long text.
+        button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) +
+                                2 * buttonPadding);
+    });
+    return button;
+}
+
+QCheckBox* ContentView::makeToggle(const char* objectName, Toggle PanelContent::*toggle,
+                                   Published<bool>& setting)
+{
+    auto* const box = new QCheckBox(this);
+    box->setObjectName(objectName);
+    // Assistive technology toggles without a click, and so does a redraw, which must not write.
+    connect(box, &QCheckBox::toggled, this, [&setting](bool checked) {
+        if (checked != setting) {
+            setting = checked;
+        }
+    });
+    onRedraw([this, box, toggle] {
+        box->setText(asQt((content.*toggle).title));
+        box->setChecked((content.*toggle).isOn);
+    });
+    return box;
+}
+
+template<typename Value>
+SettingPicker* ContentView::makePicker(const char* objectName, PopUp<Value> PanelContent::*popUp,
+                                       Published<Value>& setting)
+{
+    auto* const picker = new SettingPicker(this);
+    picker->setObjectName(objectName);
+    picker->onChoice([this, popUp, &setting](std::size_t choice) {
+        setting = (content.*popUp).values.at(choice);
+    });
+    onRedraw([this, picker, popUp] {
+        picker->present(content.*popUp);
+        picker->setName(asQt((content.*popUp).name));
+    });
+    return picker;
+}
+
+void ContentView::showAlertNow()
+{
+    const AlertPayload payload = model.alertPayload();
+    model.showSnoozeAlert(payload.devices, payload.isLow);
+}
+
+void ContentView::onRedraw(std::function<void()> update)
+{
+    updates.push_back(std::move(update));
+}
+
+void ContentView::redraw()
+{
+    content = panelContent(model);
+    setWindowTitle(asQt(content.applicationName));
+    for (const auto& update : updates) {
+        update();
+    }
+    // Otherwise the rows would be seen moving to their places one turn later.
+    layout()->invalidate();
+    layout()->activate();
+}
+
+} // namespace voltmere

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "linux/ui/redraw_scheduler.h"
+#include "model/battery_model.h"
+#include "ports/desktop.h"
+#include "ui/panel.h"
+
+#include <QWidget>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+class QCheckBox;
+class QLabel;
+class QPushButton;
+
+namespace voltmere {
+
+class SettingPicker;
+
+/// The panel that opens from the menu-bar icon. It draws what `panelContent` says and hands choices
+/// to the model. It changes the model only when a person does something, and keeps nothing of its
+/// own, so it is built when the panel opens and destroyed when it closes.
+///
+/// It is 320 points wide, more where the user's font needs it, and always exactly as high as its
+/// rows. When it first appears it asks for a fresh reading. Escape closes its window.
+class ContentView : public QWidget {
+public:
+    /// `quit` ends the program. The model and the appearance must outlive the view.
+    ContentView(BatteryModel& model, const Appearance& appearance, std::function<void()> quit,
+                QWidget* parent = nullptr);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    QWidget* makeHeader();
+    QWidget* makeDevices();
+    QWidget* makeStatus();
+    QLabel* makeText(const char* objectName, std::string PanelContent::*text);
+    QPushButton* makeButton(const char* objectName, std::string PanelContent::*title,
+                            std::function<void()> action);
+    QCheckBox* makeToggle(const char* objectName, Toggle PanelContent::*toggle,
+                          Published<bool>& setting);
+    template<typename Value>
+    SettingPicker* makePicker(const char* objectName, PopUp<Value> PanelContent::*popUp,
+                              Published<Value>& setting);
+    void showAlertNow();
+
+    /// `update` brings one control in line with `content`.
+    void onRedraw(std::function<void()> update);
+    void redraw();
+
+    BatteryModel& model;
+    const Appearance& appearance;
+    PanelContent content; ///< as it is shown
+    bool hasAppeared = false;
+    std::vector<std::function<void()>> updates;
+    RedrawScheduler redrawScheduler;
+};
+
+} // namespace voltmere
