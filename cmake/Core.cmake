@@ -47,7 +47,7 @@ if(VOLTMERE_SANITIZE MATCHES undefined)
 endif()
 
 target_link_libraries(voltmere_core PUBLIC Threads::Threads)
-find_package(nlohmann_json 3.10 REQUIRED)
+find_package(nlohmann_json REQUIRED)
 target_link_libraries(voltmere_core PRIVATE nlohmann_json::nlohmann_json)
 voltmere_target(voltmere_core)
 

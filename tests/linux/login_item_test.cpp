@@ -290,7 +290,7 @@ TEST_F(LoginItemPlacesTest, TheEntriesAreInTheConfigurationOrElseInTheHome)
 TEST_F(LoginItemPlacesTest, AnAppImageGoesBeforeTheProgramThatItHolds)
 {
     const fs::path self = runningProgram();
-    EXPECT_EQ(self.filename(), "linux_test");
+    EXPECT_EQ(self.filename(), "voltmere");
     EXPECT_TRUE(self.is_absolute());
 
     const TemporaryDirectory directory;
