@@ -12,7 +12,7 @@
 
 #include "bench/paint_watch.h"
 #include "fakes/fake_appearance.h"
-#include "linux/qt_pointer.h"
+#include "linux/ui/qt_pointer.h"
 #include "linux/run_loop.h"
 #include "linux/ui/alert.h"
 #include "snooze/snooze_alert.h"

@@ -19,10 +19,10 @@ target_link_libraries(voltmere_linux PUBLIC voltmere_core Qt6::DBus PRIVATE PkgC
 voltmere_target(voltmere_linux)
 
 add_library(voltmere_ui STATIC
-  linux/portal_appearance.cpp
-  linux/qt_application.cpp
-  linux/qt_pointer.cpp
-  linux/tray_host_watcher.cpp
+  linux/ui/portal_appearance.cpp
+  linux/ui/qt_application.cpp
+  linux/ui/qt_pointer.cpp
+  linux/ui/tray_host_watcher.cpp
   linux/ui/alert.cpp
   linux/ui/app_icon_asset.cpp
   linux/ui/drawn_image.cpp

@@ -1,8 +1,8 @@
 #include "linux/ui/front_end.h"
 
-#include "linux/qt_application.h"
-#include "linux/qt_pointer.h"
-#include "linux/tray_host_watcher.h"
+#include "linux/ui/qt_application.h"
+#include "linux/ui/qt_pointer.h"
+#include "linux/ui/tray_host_watcher.h"
 #include "linux/ui/icon.h"
 #include "linux/ui/panel.h"
 #include "linux/ui/panel_controller.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/voltmere_app.h"
-#include "linux/portal_appearance.h"
+#include "linux/ui/portal_appearance.h"
 #include "linux/ui/alert.h"
 
 namespace voltmere {

@@ -13,7 +13,7 @@
 #include "alerting/uuid.h"
 #include "app/platform.h"
 #include "linux/environment_languages.h"
-#include "linux/qt_application.h"
+#include "linux/ui/qt_application.h"
 #include "linux/run_loop.h"
 #include "posix/clock.h"
 #include "posix/system_log.h"

@@ -1,4 +1,4 @@
-#include "linux/portal_appearance.h"
+#include "linux/ui/portal_appearance.h"
 
 #include "linux/fake_bus_service.h"
 #include "linux/session_bus.h"

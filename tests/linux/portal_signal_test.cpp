@@ -1,6 +1,6 @@
 // A program of its own: which types the bus library knows depends on what the process did before.
 
-#include "linux/portal_appearance.h"
+#include "linux/ui/portal_appearance.h"
 
 #include "linux/fake_bus_service.h"
 #include "linux/session_bus.h"

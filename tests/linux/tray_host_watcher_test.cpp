@@ -1,4 +1,4 @@
-#include "linux/tray_host_watcher.h"
+#include "linux/ui/tray_host_watcher.h"
 
 #include "linux/fake_bus_service.h"
 #include "linux/session_bus.h"

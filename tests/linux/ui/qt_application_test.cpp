@@ -1,4 +1,4 @@
-#include "linux/qt_application.h"
+#include "linux/ui/qt_application.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "linux/tray_host_watcher.h"
+#include "linux/ui/tray_host_watcher.h"
 
 #include "linux/bus_call.h"
 #include "linux/x_tray.h"

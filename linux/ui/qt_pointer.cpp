@@ -1,4 +1,4 @@
-#include "linux/qt_pointer.h"
+#include "linux/ui/qt_pointer.h"
 
 #include <QCursor>
 #include <QGuiApplication>

@@ -1,4 +1,4 @@
-#include "linux/portal_appearance.h"
+#include "linux/ui/portal_appearance.h"
 
 #include "linux/bus_call.h"
 
