@@ -1,6 +1,6 @@
 #include "app/report.h"
 
-#include "alerting/status_text.h"
+#include "alerting/check_result.h"
 #include "texts/plain_text.h"
 
 #include <nlohmann/json.hpp>

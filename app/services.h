@@ -1,13 +1,12 @@
 #pragma once
 
-#include "alerting/notification_delegate.h"
+#include "alerting/notifications.h"
 #include "app/command_line.h"
 #include "app/peripherals.h"
 #include "app/platform.h"
 #include "devices/device_reader.h"
 #include "model/battery_model.h"
 #include "posix/calendar.h"
-#include "posix/clock.h"
 
 #include <memory>
 

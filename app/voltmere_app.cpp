@@ -1,6 +1,25 @@
 #include "app/voltmere_app.h"
 
+#include "alerting/notifications.h"
+#include "model/battery_model.h"
+#include "texts/l10n.h"
+
 namespace voltmere {
+
+AppDelegate::AppDelegate(const DefaultsStore& defaults, NotificationCentre& notifications,
+                         NotificationCentreDelegate& notificationDelegate)
+    : defaults(defaults)
+    , notifications(notifications)
+    , notificationDelegate(notificationDelegate)
+{
+}
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    L10n::loadSetting(defaults);
+    NotificationSetup::registerCategories(notifications, notificationDelegate);
+    BatteryModel::launchSettled = true;
+}
 
 VoltmereApp::VoltmereApp(const CommandLine& commandLine, MainLoop& mainLoop, FrontEnd& frontEnd)
     : services(commandLine, Services::Reach::everything, mainLoop, frontEnd.application(),

@@ -1,12 +1,28 @@
 #pragma once
 
-#include "app/app_delegate.h"
 #include "app/services.h"
 #include "model/battery_model.h"
+#include "ports/notifications.h"
+#include "ports/settings.h"
 
 #include <memory>
 
 namespace voltmere {
+
+/// Finishes the start of the program.
+class AppDelegate {
+public:
+    AppDelegate(const DefaultsStore& defaults, NotificationCentre& notifications,
+                NotificationCentreDelegate& notificationDelegate);
+
+    /// Reads the language again, registers the notification categories, and lets reminders appear.
+    void applicationDidFinishLaunching();
+
+private:
+    const DefaultsStore& defaults;
+    NotificationCentre& notifications;
+    NotificationCentreDelegate& notificationDelegate;
+};
 
 /// The icon and the panel. They go when this is destroyed.
 class Scene {

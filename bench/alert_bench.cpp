@@ -12,9 +12,9 @@
 
 #include "bench/paint_watch.h"
 #include "fakes/fake_appearance.h"
-#include "linux/ui/qt_pointer.h"
 #include "linux/run_loop.h"
 #include "linux/ui/alert.h"
+#include "linux/ui/front_end.h"
 #include "snooze/snooze_alert.h"
 
 #include <benchmark/benchmark.h>

@@ -2,16 +2,10 @@
 
 add_library(voltmere_core STATIC
   alerting/check_result.cpp
-  alerting/notification_delegate.cpp
-  alerting/notification_setup.cpp
-  alerting/status_text.cpp
-  alerting/uuid.cpp
+  alerting/notifications.cpp
   devices/battery_device.cpp
-  devices/bluetooth_address.cpp
-  devices/bluetooth_name_resolver.cpp
   devices/device_listing.cpp
   devices/device_reader.cpp
-  devices/numeric_character.cpp
   devices/peripheral_tools.cpp
   devices/profiler_parser.cpp
   devices/registry_parser.cpp
@@ -22,7 +16,6 @@ add_library(voltmere_core STATIC
   posix/system_log.cpp
   snooze/custom_time.cpp
   snooze/snooze_alert.cpp
-  texts/app_language.cpp
   texts/l10n.cpp
   texts/l10n_tables.cpp
   texts/plain_text.cpp
@@ -32,8 +25,7 @@ add_library(voltmere_core STATIC
 if(NOT APPLE)
   target_sources(voltmere_core PRIVATE
     linux/atomic_file.cpp
-    linux/environment_languages.cpp
-    linux/hid_uevent.cpp
+    linux/environment.cpp
     linux/installation.cpp
     linux/json_file.cpp
     linux/settings.cpp
@@ -55,7 +47,6 @@ voltmere_target(voltmere_core)
 # another library.
 configure_file(app/version.h.in generated/app/version.h @ONLY)
 add_library(voltmere_app STATIC
-  app/app_delegate.cpp
   app/command_line.cpp
   app/diagnosis.cpp
   app/peripherals.cpp

@@ -12,16 +12,13 @@ add_library(voltmere_linux STATIC
   linux/notifications.cpp
   linux/platform.cpp
   linux/run_loop.cpp
-  linux/single_instance.cpp
-  linux/x_tray.cpp)
+  linux/single_instance.cpp)
 set_target_properties(voltmere_linux PROPERTIES AUTOMOC ON)
 target_link_libraries(voltmere_linux PUBLIC voltmere_core Qt6::DBus PRIVATE PkgConfig::XCB)
 voltmere_target(voltmere_linux)
 
 add_library(voltmere_ui STATIC
   linux/ui/portal_appearance.cpp
-  linux/ui/qt_application.cpp
-  linux/ui/qt_pointer.cpp
   linux/ui/tray_host_watcher.cpp
   linux/ui/alert.cpp
   linux/ui/app_icon_asset.cpp
@@ -34,10 +31,8 @@ add_library(voltmere_ui STATIC
   linux/ui/qt_start.cpp
   linux/ui/redraw_scheduler.cpp
   linux/ui/screenshots.cpp
-  linux/ui/setting_picker.cpp
   linux/ui/status_image.cpp
   linux/ui/theme.cpp
-  linux/ui/tray_number.cpp
   linux/ui/views.cpp)
 set_target_properties(voltmere_ui PROPERTIES AUTOMOC ON)
 target_link_libraries(voltmere_ui PUBLIC voltmere_app voltmere_linux Qt6::Widgets Qt6::Svg

@@ -1,6 +1,6 @@
 #include "devices/device_listing.h"
 
-#include "devices/bluetooth_address.h"
+#include "devices/device_reader.h"
 #include "texts/utf8.h"
 
 #include <algorithm>

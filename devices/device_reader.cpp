@@ -2,9 +2,58 @@
 
 #include "devices/device_listing.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace voltmere {
+
+std::string upperCased(std::string_view address)
+{
+    std::string upper(address);
+    std::transform(upper.begin(), upper.end(), upper.begin(), [](char letter) {
+        return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+    });
+    return upper;
+}
+
+std::string normalisedAddress(std::string_view address)
+{
+    std::string normalised = upperCased(address);
+    std::replace(normalised.begin(), normalised.end(), '-', ':');
+    return normalised;
+}
+
+BluetoothNameResolver::BluetoothNameResolver(const Clock& clock)
+    : clock(clock)
+{
+}
+
+NameMap BluetoothNameResolver::bluetoothNames(bool useCache, NameSource& source)
+{
+    if (useCache) {
+        if (auto names = freshCache()) {
+            return *std::move(names);
+        }
+    }
+    NameMap names = source.readNames();
+    const std::lock_guard lock(mutex);
+    nameCache = names;
+    nameCacheDate = clock.now();
+    return names;
+}
+
+std::optional<NameMap> BluetoothNameResolver::freshCache() const
+{
+    const std::lock_guard lock(mutex);
+    if (!nameCacheDate || nameCache.empty()) {
+        return std::nullopt;
+    }
+    // A clock that was set back makes the age negative: the cache then counts as fresh.
+    if (clock.now() - *nameCacheDate >= cacheLifetime) {
+        return std::nullopt;
+    }
+    return nameCache;
+}
 
 DeviceReader::DeviceReader(std::function<PeripheralSources()> chooseSources, const Clock& clock)
     : chooseSources(std::move(chooseSources))

@@ -1,14 +1,45 @@
 #pragma once
 
 #include "devices/battery_device.h"
-#include "devices/bluetooth_name_resolver.h"
 #include "ports/peripherals.h"
+#include "ports/time.h"
 
+#include <chrono>
 #include <functional>
+#include <mutex>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace voltmere {
+
+/// `address` in upper case. Addresses are hexadecimal: only ASCII letters have a case here.
+std::string upperCased(std::string_view address);
+
+/// The form in which name maps hold an address: colons for hyphens, upper case.
+std::string normalisedAddress(std::string_view address);
+
+/// Keeps the Bluetooth names for six hours, since reading them is slow. Safe to call from several
+/// readings at once: the cache is locked for a copy only, never while a source reads.
+class BluetoothNameResolver {
+public:
+    static constexpr std::chrono::seconds cacheLifetime{21600};
+
+    explicit BluetoothNameResolver(const Clock& clock);
+
+    /// The names from the cache, when `useCache` is true and the cache is neither empty nor six
+    /// hours old; else those that `source` reads now, which replace the cache.
+    NameMap bluetoothNames(bool useCache, NameSource& source);
+
+private:
+    std::optional<NameMap> freshCache() const;
+
+    const Clock& clock;
+    mutable std::mutex mutex;
+    NameMap nameCache;
+    std::optional<Instant> nameCacheDate;
+};
 
 /// The pair of sources that one reading uses: levels and names come from the same side.
 struct PeripheralSources {

@@ -1,6 +1,6 @@
 #include "devices/profiler_parser.h"
 
-#include "devices/bluetooth_address.h"
+#include "devices/device_reader.h"
 #include "texts/utf8.h"
 
 #include <optional>

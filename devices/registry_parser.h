@@ -9,6 +9,10 @@
 
 namespace voltmere {
 
+/// Whether Unicode gives the character a numeric value: digits of any script, fractions, and
+/// ideographs such as 五 (the property Numeric_Type of the Unicode Character Database).
+bool isNumeric(char32_t scalar);
+
 /// Reads the text that the registry tool prints for the HID event services: one entry for each
 /// property block, in the order of the text, for blocks that name a product or a level. The time
 /// is linear in the text. A text that is not UTF-8 has no entries.

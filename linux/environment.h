@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ports/desktop.h"
+
 #include <cstdlib>
 #include <string>
 
@@ -11,5 +13,14 @@ inline std::string environmentVariable(const char* name)
     const char* const value = std::getenv(name);
     return value == nullptr ? std::string() : std::string(value);
 }
+
+/// The languages that the environment asks for, ranked as the C library ranks them for messages:
+/// the locale is the first of LC_ALL, LC_MESSAGES and LANG that is set; unless that is the C
+/// locale, the list in LANGUAGE stands in its place. Source: GNU gettext manual, "Locale
+/// Environment Variables" and "The LANGUAGE variable".
+class EnvironmentLanguages : public PreferredLanguages {
+public:
+    std::vector<std::string> tags() const override;
+};
 
 } // namespace voltmere

@@ -3,7 +3,7 @@
 #include "app/terminal.h"
 #include "linux/bluez_name_source.h"
 #include "linux/desktop_services.h"
-#include "linux/environment_languages.h"
+#include "linux/environment.h"
 #include "linux/installation.h"
 #include "linux/login_item.h"
 #include "linux/notifications.h"

@@ -1,7 +1,7 @@
 #include "linux/settings.h"
 
 #include "model/settings.h"
-#include "texts/app_language.h"
+#include "texts/l10n.h"
 
 #include <cstdint>
 #include <system_error>

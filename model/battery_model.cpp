@@ -1,12 +1,10 @@
 #include "model/battery_model.h"
 
-#include "alerting/notification_setup.h"
-#include "alerting/status_text.h"
-#include "alerting/uuid.h"
+#include "alerting/check_result.h"
+#include "alerting/notifications.h"
 #include "model/settings.h"
 #include "snooze/custom_time.h"
 #include "snooze/snooze_alert.h"
-#include "snooze/snooze_options.h"
 #include "texts/l10n.h"
 
 #include <utility>

@@ -4,6 +4,12 @@
 
 namespace voltmere {
 
+/// The system's wall clock.
+class SystemClock : public Clock {
+public:
+    Instant now() const override { return std::chrono::system_clock::now(); }
+};
+
 /// The calendar and zone of the C library, asked anew each time so that a change of zone is seen.
 class PosixCalendar : public Calendar {
 public:

@@ -1,6 +1,5 @@
 #include "snooze/snooze_alert.h"
 
-#include "snooze/snooze_options.h"
 #include "texts/l10n.h"
 
 namespace voltmere {

@@ -2,12 +2,28 @@
 
 #include "devices/battery_device.h"
 #include "ports/desktop.h"
+#include "ports/time.h"
 #include "snooze/custom_time.h"
 
 #include <array>
+#include <string_view>
 #include <vector>
 
 namespace voltmere {
+
+/// One fixed choice of when to be reminded again.
+struct SnoozeOption {
+    std::string_view labelKey;
+    Seconds delay;
+};
+
+/// The fixed choices, in display order.
+inline constexpr std::array<SnoozeOption, 4> snoozeOptions{{
+    {"alert.in20", Seconds(1200)},
+    {"alert.in30", Seconds(1800)},
+    {"alert.in60", Seconds(3600)},
+    {"alert.in120", Seconds(7200)},
+}};
 
 /// The measures of the snooze alert's content, in points: four labels, four choices and the row for
 /// a clock time, one below the other.

@@ -3,13 +3,30 @@
 #include "ports/desktop.h"
 #include "ports/settings.h"
 
+#include <array>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <variant>
 
 namespace voltmere {
+
+/// The user's choice of interface language.
+enum class AppLanguage { system, zh, en };
+
+/// Every choice, in the order in which the panel offers them.
+inline constexpr std::array allAppLanguages{AppLanguage::system, AppLanguage::zh, AppLanguage::en};
+
+/// The setting that keeps the choice. The program reads it and never writes it.
+inline constexpr std::string_view languageKey = "language";
+
+/// The text as which a choice is stored: "system", "zh" or "en".
+std::string_view rawValue(AppLanguage language);
+
+/// The choice stored as `raw`; nothing for any other text.
+std::optional<AppLanguage> appLanguage(std::string_view raw);
 
 /// Every text that a person sees, looked up by a dotted key in the Chinese or the English table.
 ///

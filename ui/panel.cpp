@@ -1,7 +1,6 @@
 #include "ui/panel.h"
 
 #include "snooze/custom_time.h"
-#include "texts/app_language.h"
 #include "texts/l10n.h"
 #include "texts/plain_text.h"
 

@@ -1,19 +1,41 @@
 #include "linux/ui/front_end.h"
 
-#include "linux/ui/qt_application.h"
-#include "linux/ui/qt_pointer.h"
-#include "linux/ui/tray_host_watcher.h"
+#include "linux/activation_token.h"
 #include "linux/ui/icon.h"
 #include "linux/ui/panel.h"
 #include "linux/ui/panel_controller.h"
 #include "linux/ui/theme.h"
+#include "linux/ui/tray_host_watcher.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QPixmapCache>
 #include <QWidget>
 
 namespace voltmere {
+
+void QtApplication::activate()
+{
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        if (window->isVisible() && window->windowType() != Qt::ToolTip) {
+            window->raise();
+            window->activateWindow();
+        }
+    }
+    // A token counts for one activation. Qt clears the one that it used, and uses none on X11.
+    activationToken::drop();
+}
+
+std::optional<PointerPosition> QtPointer::position() const
+{
+    if (QGuiApplication::platformName().startsWith("wayland")) {
+        return std::nullopt;
+    }
+    const QPoint point = QCursor::pos();
+    return PointerPosition{static_cast<double>(point.x()), static_cast<double>(point.y())};
+}
 
 namespace {
 

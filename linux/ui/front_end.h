@@ -1,10 +1,23 @@
 #pragma once
 
 #include "app/voltmere_app.h"
-#include "linux/ui/portal_appearance.h"
 #include "linux/ui/alert.h"
+#include "linux/ui/portal_appearance.h"
+#include "ports/desktop.h"
 
 namespace voltmere {
+
+/// The program's windows as Qt knows them.
+class QtApplication : public Application {
+public:
+    void activate() override;
+};
+
+/// The pointer as Qt knows it.
+class QtPointer : public Pointer {
+public:
+    std::optional<PointerPosition> position() const override;
+};
 
 /// The windows of a Linux desktop.
 class QtFrontEnd : public FrontEnd {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "linux/ui/setting_picker.h"
+#include "linux/ui/views.h"
 #include "ports/desktop.h"
 #include "ports/time.h"
 

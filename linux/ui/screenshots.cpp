@@ -9,7 +9,7 @@
 #include "linux/ui/theme.h"
 #include "model/battery_model.h"
 #include "snooze/snooze_alert.h"
-#include "texts/app_language.h"
+#include "texts/l10n.h"
 
 #include <QApplication>
 #include <QDir>

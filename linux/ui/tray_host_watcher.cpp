@@ -1,7 +1,7 @@
 #include "linux/ui/tray_host_watcher.h"
 
 #include "linux/bus_call.h"
-#include "linux/x_tray.h"
+#include "linux/desktop_services.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>

@@ -1,6 +1,4 @@
-#include "alerting/notification_delegate.h"
-#include "alerting/notification_setup.h"
-#include "alerting/uuid.h"
+#include "alerting/notifications.h"
 #include "fakes/fake_preferred_languages.h"
 #include "fakes/fake_run_loop.h"
 #include "fakes/fake_services.h"

@@ -1,4 +1,4 @@
-#include "alerting/status_text.h"
+#include "alerting/check_result.h"
 
 #include "fakes/fake_preferred_languages.h"
 

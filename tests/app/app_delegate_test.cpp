@@ -1,6 +1,6 @@
-#include "app/app_delegate.h"
+#include "app/voltmere_app.h"
 
-#include "alerting/notification_delegate.h"
+#include "alerting/notifications.h"
 #include "model/battery_model.h"
 #include "posix/memory_defaults.h"
 #include "tests/fakes/fake_clock.h"

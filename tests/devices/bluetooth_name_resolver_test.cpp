@@ -1,4 +1,4 @@
-#include "devices/bluetooth_name_resolver.h"
+#include "devices/device_reader.h"
 
 #include "fakes/fake_clock.h"
 #include "fakes/fake_sources.h"

@@ -1,4 +1,4 @@
-#include "devices/numeric_character.h"
+#include "devices/registry_parser.h"
 
 #include <gtest/gtest.h>
 

@@ -7,15 +7,12 @@
 // category LOW_BATTERY with "--post", and prints what comes of it. With "--window" it has a window
 // that the foreground action brings to the front. It runs until it is ended.
 
-#include "alerting/notification_delegate.h"
-#include "alerting/notification_setup.h"
-#include "alerting/snooze_actions.h"
-#include "alerting/uuid.h"
+#include "alerting/notifications.h"
 #include "app/platform.h"
-#include "linux/environment_languages.h"
-#include "linux/ui/qt_application.h"
+#include "linux/environment.h"
 #include "linux/run_loop.h"
-#include "posix/clock.h"
+#include "linux/ui/front_end.h"
+#include "posix/calendar.h"
 #include "posix/system_log.h"
 
 #include "texts/l10n.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "alerting/notification_delegate.h"
+#include "alerting/notifications.h"
 #include "devices/device_reader.h"
 #include "fakes/fake_alert_presenter.h"
 #include "fakes/fake_calendar.h"

@@ -1,5 +1,5 @@
 #include "fuzz/fuzz_target.h"
-#include "linux/hid_uevent.h"
+#include "linux/sysfs_battery_source.h"
 #include "reference/hid_reference.h"
 #include "reference/reference_text.h"
 

@@ -1,4 +1,4 @@
-#include "linux/environment_languages.h"
+#include "linux/environment.h"
 
 #include <gmock/gmock.h>
 

@@ -1,4 +1,4 @@
-#include "alerting/notification_setup.h"
+#include "alerting/notifications.h"
 #include "fakes/model_world.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #include "reference/registry_reference.h"
 
-#include "devices/numeric_character.h"
+#include "devices/registry_parser.h"
 #include "reference/reference_text.h"
 
 #include <algorithm>

@@ -2,7 +2,6 @@
 
 #include "fakes/fake_preferred_languages.h"
 #include "fakes/sample_devices.h"
-#include "snooze/snooze_options.h"
 
 #include <gmock/gmock.h>
 

@@ -1,7 +1,6 @@
 #include "texts/l10n.h"
 
 #include "fakes/fake_preferred_languages.h"
-#include "texts/app_language.h"
 
 #include <gmock/gmock.h>
 

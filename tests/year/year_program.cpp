@@ -1,6 +1,6 @@
 #include "year/year_program.h"
 
-#include "alerting/notification_setup.h"
+#include "alerting/notifications.h"
 
 #include <array>
 #include <ostream>

@@ -1,4 +1,4 @@
-#include "linux/ui/qt_application.h"
+#include "linux/ui/front_end.h"
 
 #include <gmock/gmock.h>
 

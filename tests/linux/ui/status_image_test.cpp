@@ -4,7 +4,6 @@
 #include "linux/ui/app_icon_asset.h"
 #include "linux/ui/status_image.h"
 #include "linux/ui/theme.h"
-#include "linux/ui/tray_number.h"
 
 #include <gmock/gmock.h>
 

@@ -1,5 +1,3 @@
-#include "linux/environment_languages.h"
-
 #include "linux/environment.h"
 
 #include <algorithm>
