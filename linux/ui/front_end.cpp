@@ -128,13 +128,9 @@ private:
 QtFrontEnd::QtFrontEnd(MainLoop& mainLoop, SystemLog& log)
     : mainLoop(mainLoop)
     , log(log)
-    , pointer(std::make_unique<QtPointer>())
-    , qtApplication(std::make_unique<QtApplication>())
-    , presenter(std::make_unique<SnoozeAlertPresenter>(appearance, *pointer, mainLoop))
+    , presenter(appearance, pointer, mainLoop)
 {
 }
-
-QtFrontEnd::~QtFrontEnd() = default;
 
 std::unique_ptr<Scene> QtFrontEnd::show(BatteryModel& model)
 {

@@ -17,8 +17,6 @@
 
 class QTextLayout;
 
-class QLabel;
-
 namespace voltmere {
 
 // The small views that the panel and the snooze alert are made of.
