@@ -6,6 +6,7 @@
 #include <array>
 #include <cstddef>
 #include <initializer_list>
+#include <iterator>
 #include <utility>
 
 namespace voltmere {
@@ -96,18 +97,17 @@ std::size_t indexOf(int answer)
     if (answer >= firstNumber) {
         return static_cast<std::size_t>(answer - firstNumber);
     }
-    const auto place = std::find_if(texts.begin(), texts.end(), [answer](const OptionText& text) {
-        return text.letter == answer;
-    });
+    const auto* const place =
+        std::find_if(texts.begin(), texts.end(),
+                     [answer](const OptionText& text) { return text.letter == answer; });
     return static_cast<std::size_t>(place - texts.begin());
 }
 
 std::variant<Given, UsageError> readOptions(std::vector<std::string> words)
 {
     std::vector<char*> pointers;
-    for (std::string& word : words) {
-        pointers.push_back(word.data());
-    }
+    std::transform(words.begin(), words.end(), std::back_inserter(pointers),
+                   [](std::string& word) { return word.data(); });
     pointers.push_back(nullptr);
     std::vector<option> table;
     std::string letters = ":";
@@ -189,11 +189,11 @@ CommandLine::Action chosenAction(const Given& given)
 
 std::variant<CommandLine, UsageError> parseCommandLine(std::vector<std::string> words)
 {
-    const auto read = readOptions(words);
+    const auto read = readOptions(std::move(words));
     if (const auto* error = std::get_if<UsageError>(&read)) {
         return *error;
     }
-    const Given& given = std::get<Given>(read);
+    const auto& given = std::get<Given>(read);
     CommandLine commandLine;
     commandLine.action = chosenAction(given);
     const bool asksForHelp = given[opt::help] || given[opt::version];

@@ -8,6 +8,7 @@
 
 #include <cstdio>
 
+// NOLINTNEXTLINE(bugprone-exception-escape): the parsed line holds one of the two
 int main(int argc, char* argv[])
 {
     using namespace voltmere;

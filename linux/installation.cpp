@@ -15,7 +15,7 @@ constexpr const char* desktopProgramBelow = "libexec/voltmere/voltmere-desktop";
 fs::path root()
 {
     std::error_code error;
-    const fs::path directory = fs::read_symlink("/proc/self/exe", error).parent_path();
+    fs::path directory = fs::read_symlink("/proc/self/exe", error).parent_path();
     for (const fs::path& candidate :
          {directory.parent_path(), directory.parent_path().parent_path()}) {
         if (fs::exists(candidate / desktopProgramBelow, error)) {

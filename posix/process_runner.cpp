@@ -8,8 +8,10 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <iterator>
 #include <system_error>
 #include <thread>
 
@@ -109,9 +111,8 @@ public:
 std::vector<char*> pointersTo(const std::vector<std::string>& texts)
 {
     std::vector<char*> pointers;
-    for (const std::string& text : texts) {
-        pointers.push_back(const_cast<char*>(text.c_str()));
-    }
+    std::transform(texts.begin(), texts.end(), std::back_inserter(pointers),
+                   [](const std::string& text) { return const_cast<char*>(text.c_str()); });
     pointers.push_back(nullptr);
     return pointers;
 }

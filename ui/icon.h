@@ -39,8 +39,8 @@ IconTexts iconTexts(const std::vector<BatteryDevice>& devices);
 
 /// How much room a text takes, in points.
 struct TextSize {
-    double width = 0;
-    double height = 0;
+    double width;
+    double height;
 };
 
 /// The colour of the label in the picture for a menu bar.
@@ -60,8 +60,8 @@ struct IconShape {
 
     int width = iconSide;
     std::string label; ///< such as "37%"; empty without a device
-    double labelX = 0;
-    double labelY = 0;
+    double labelX;
+    double labelY;
     LabelColour colour = LabelColour::black;
 };
 
