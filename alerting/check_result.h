@@ -9,37 +9,37 @@
 
 namespace voltmere {
 
-/// The line that tells a person how a reading turned out, in the current language: no peripherals,
-/// all fine, or which ones are low at `threshold` percent.
+/// The panel's status line for a reading, in the current language: no peripherals, all fine, or the
+/// devices that are low at `threshold` percent.
 std::string statusText(const std::vector<BatteryDevice>& devices, std::int64_t threshold);
 
-/// What a reading is judged by.
+/// The inputs that decide what a reading means.
 struct CheckRules {
     std::int64_t threshold; ///< percent
-    bool alert;             ///< a full check: reminds of every low device, every time
-    bool allowInstantAlert; ///< a refresh that may remind of newly low devices
-    bool instantEnabled;    ///< the user wants such reminders
+    bool alert;             ///< a full check: alerts for every low device, every time
+    bool allowInstantAlert; ///< a refresh that may alert for newly low devices
+    bool instantEnabled;    ///< the user wants alerts from a refresh
 };
 
 /// What a reading means.
 struct CheckVerdict {
-    std::set<std::int64_t> alertedIDs;  ///< the devices already reminded of, after this reading
-    std::vector<BatteryDevice> toAlert; ///< whom to remind of now; nobody when empty
-    bool logsAlert;                     ///< whether the reminder is written to the system log
+    std::set<std::int64_t> alertedIDs;  ///< the devices already alerted, after this reading
+    std::vector<BatteryDevice> toAlert; ///< the devices to alert for now; empty for no alert
+    bool logsAlert;                     ///< whether the alert is written to the system log
 
     bool operator==(const CheckVerdict&) const = default;
 };
 
-/// Judges a reading. A device is reminded of once for each time it falls low, by a refresh, and at
-/// every full check; it counts as charged again only above the threshold. An empty reading changes
+/// Judges a reading. A refresh alerts once each time that a device falls low; a full check always
+/// does. A device counts as charged again only above the threshold. An empty reading changes
 /// nothing: devices that are out of sight keep their state.
 CheckVerdict evaluateCheck(const std::vector<BatteryDevice>& devices,
                            const std::set<std::int64_t>& alertedIDs, const CheckRules& rules);
 
-/// The line that the system log gets for an immediate reminder, the same in every language.
+/// The line of the system log for an immediate alert, the same in every language.
 std::string instantAlertLogLine(const std::vector<BatteryDevice>& devices);
 
-/// What a reminder shows when it is not a reading that raises it.
+/// What a snooze alert shows when the user asks for it or a snooze ends.
 struct AlertPayload {
     std::vector<BatteryDevice> devices; ///< the low devices, or all of them when none is low
     bool isLow;

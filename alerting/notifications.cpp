@@ -40,7 +40,7 @@ void NotificationSetup::registerCategories(NotificationCentre& centre,
 
 namespace {
 
-NotificationRequest snoozedReminder(Seconds delay)
+NotificationRequest snoozedNotification(Seconds delay)
 {
     NotificationRequest request;
     request.identifier = "snooze-" + randomUuid();
@@ -72,7 +72,7 @@ void NotificationDelegate::didReceive(NotificationCentre& centre,
         timedSnoozeActions.begin(), timedSnoozeActions.end(),
         [&](const TimedSnoozeAction& action) { return action.identifier == actionIdentifier; });
     if (timed != timedSnoozeActions.end()) {
-        centre.add(snoozedReminder(timed->option.delay));
+        centre.add(snoozedNotification(timed->option.delay));
     } else if (actionIdentifier == customSnoozeAction) {
         runLoop.postToMain([this] { application.activate(); });
     }

@@ -11,10 +11,10 @@
 
 namespace voltmere {
 
-/// The category of notifications that offer to remind again.
+/// The category of notifications that offer a snooze.
 inline constexpr const char* lowBatteryCategory = "LOW_BATTERY";
 
-/// A choice that a notification offers: to be reminded again after a while.
+/// A choice that a notification offers: another notification after a delay.
 struct TimedSnoozeAction {
     std::string_view identifier;
     SnoozeOption option;
@@ -34,7 +34,7 @@ inline constexpr const char* customSnoozeAction = "SNOOZE_CUSTOM";
 /// on any thread.
 std::string randomUuid();
 
-/// What the program tells the notification centre of itself.
+/// How the program introduces itself to the notification centre.
 class NotificationSetup {
 public:
     /// Installs the delegate and replaces the registered categories by the program's one, with
@@ -43,8 +43,8 @@ public:
                                    NotificationCentreDelegate& delegate);
 };
 
-/// Answers the notification centre for the program. There is one. It has no state: a reminder that
-/// it schedules lives in the notification centre.
+/// Answers the notification centre for the program, which has one delegate. It has no state: the
+/// notification centre keeps the delayed notifications that it schedules.
 class NotificationDelegate : public NotificationCentreDelegate {
 public:
     NotificationDelegate(RunLoop& runLoop, Application& application);

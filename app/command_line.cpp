@@ -35,8 +35,8 @@ enum Id {
 
 struct OptionText {
     const char* name;
-    const char* value; ///< what it is given; null for nothing
-    char letter;       ///< its short form; zero for none
+    const char* value; ///< name of its argument; null without one
+    char letter;       ///< its short form; zero without one
     const char* description;
 };
 
@@ -61,7 +61,7 @@ std::string shown(opt::Id option)
     return std::string("--") + texts[option].name;
 }
 
-/// What was given: each option with its value, of which the last counts, and the first other word.
+/// The options given, each with its last value, and the first word that is no option.
 struct Given {
     const std::optional<std::string>& operator[](opt::Id option) const { return values[option]; }
 
@@ -76,7 +76,7 @@ int countOf(const Given& given, std::initializer_list<opt::Id> options)
     }));
 }
 
-/// getopt_long gives a long option as its index and this, which is above every character.
+/// getopt_long returns a long option as its index plus this, which is above every character.
 constexpr int firstNumber = 256;
 
 /// Why getopt_long refused `word`, according to its answer and `optopt`.

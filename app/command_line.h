@@ -23,7 +23,7 @@ struct CommandLine {
     std::string screenshotsDirectory;
 };
 
-/// What is wrong with the words that the user gave.
+/// The error in the user's command line.
 struct UsageError {
     std::string message;
 };

@@ -50,7 +50,7 @@ std::string outcome(const BatteryEntry& entry, const EntryVerdict& verdict)
                          : std::string(description(std::get<SkipReason>(verdict))));
 }
 
-/// An entry's origin may hold its address, so entries go by number unless names were asked for.
+/// An entry's origin may hold its address, so entries are numbered unless the user asked for names.
 void addEntry(std::size_t number, const BatteryEntry& entry, const EntryVerdict& verdict,
               bool verbose, Report& report)
 {

@@ -10,15 +10,15 @@
 
 namespace voltmere {
 
-/// Where this run of the program reads the peripherals, as the command line and the system decide.
+/// The place where this run reads the peripherals, by the command line or else the system.
 class Peripherals {
 public:
-    /// `systemTools` is where the tools of this system are.
+    /// `systemTools` is the directory of this system's tools.
     Peripherals(const CommandLine& commandLine, SystemLog& log,
                 const std::string& systemTools = systemToolsDirectory);
 
-    /// The sources for one reading: the tools where the registry tool can be run, else the system's
-    /// own. With a place named on the command line, that place and no other.
+    /// The sources for one reading. A place named on the command line is the only one. Without it
+    /// the tools count where the registry tool can be run, else the system's own sources.
     PeripheralSources choose();
 
 private:

@@ -14,8 +14,8 @@
 #include <string>
 #include <vector>
 
-// What a system provides. Each of these functions has one body for each system, in
-// linux/platform.cpp and macos/platform.mm; CMake chooses the file.
+// The services, front end and run loop that a system provides. Each system has one file with the
+// bodies, such as linux/platform.cpp; CMake chooses it.
 
 namespace voltmere {
 
@@ -24,7 +24,7 @@ struct CommandLine;
 /// The run loop of the main thread. The functions below need one.
 class MainLoop : public RunLoop {
 public:
-    /// Runs until `stop`. Returns the exit status that `stop` was given.
+    /// Runs until `stop`. Returns the exit status that was passed to `stop`.
     virtual int run() = 0;
     virtual void stop(int status) = 0;
 
@@ -35,8 +35,8 @@ public:
 
 std::unique_ptr<MainLoop> makeMainLoop();
 
-/// Shows the icon and the panel, or draws the pictures, as the command line asks. `words` are those
-/// of the command line, which end with a null pointer. Returns the exit status.
+/// Shows the icon and the panel, or draws the pictures, as the command line asks. `words` is the
+/// command line, which ends with a null pointer. Returns the exit status.
 int runFrontEnd(const CommandLine& commandLine, char** words);
 
 /// The system's log.
@@ -45,42 +45,42 @@ std::unique_ptr<SystemLog> makeSystemLog();
 /// The languages that the user prefers.
 std::unique_ptr<PreferredLanguages> makePreferredLanguages();
 
-/// The user's settings. `log` must outlive them, and is told what is wrong with their file.
+/// The user's settings. `log` must outlive them, and gets a line for each fault of their file.
 std::unique_ptr<DefaultsStore> openUserSettings(SettingsUse use, SystemLog& log);
 
 /// Launch at login for the installed program.
 std::unique_ptr<LoginItemService> makeLoginItemService();
 
-/// The desktop's notifications under the program's own name, with the user's delayed notifications,
-/// which it takes up at once. What it is given must outlive it.
+/// The desktop's notifications under the program's own name. Takes up the user's delayed
+/// notifications at once. The arguments must outlive the result.
 std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& runLoop, const Clock& clock,
                                                            SystemLog& log);
 
-/// What the system itself tells of the peripherals where its tools are missing.
+/// The system's own sources of peripherals, for a system without the tools.
 struct SystemSources {
-    std::string label; ///< empty on a system that has nothing but its tools
+    std::string label; ///< empty on a system that has the tools only
     std::unique_ptr<BatterySource> batteries;
     std::unique_ptr<NameSource> names;
 };
 
-/// `root` stands where the kernel's file system of devices normally does.
+/// `root` replaces the directory where the kernel's file system of devices normally is.
 SystemSources makeSystemSources(const std::filesystem::path& root);
 
 /// The directory of the tools that simulate peripherals.
 std::string demoToolsDirectory();
 
-/// A subject of a diagnosis, and what was found.
+/// A subject of a diagnosis with its finding.
 struct Finding {
     std::string subject;
     std::string text;
 };
 
 /// The versions of the system and its libraries, the settings file, and the services of the
-/// desktop. `verbose` tells whether paths, which may hold the user's name, are shown in full.
+/// desktop. With `verbose` it shows paths in full, which may hold the user's name.
 std::vector<Finding> describeSystem(bool verbose);
 
-/// Calls `action` on the main thread when nobody reads the standard output any more. The watching
-/// ends with the returned object.
+/// Calls `action` on the main thread when nobody reads the standard output any more. Destroying the
+/// returned object ends the watching.
 std::shared_ptr<void> watchForClosedOutput(std::function<void()> action);
 
 } // namespace voltmere

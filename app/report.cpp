@@ -32,7 +32,7 @@ Json deviceJson(const BatteryDevice& device, std::int64_t threshold)
             {"symbol", device.symbol}, {"order", device.order}, {"low", isLow(device, threshold)}};
 }
 
-/// On one line. Bytes that are no UTF-8 become U+FFFD.
+/// On one line. Invalid UTF-8 becomes U+FFFD.
 std::string compact(const Json& json)
 {
     return escapedJson(json.dump(-1, ' ', false, Json::error_handler_t::replace));

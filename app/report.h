@@ -10,7 +10,7 @@ namespace voltmere {
 
 /// One reading as the command line reports it.
 struct Reading {
-    std::string source; ///< where it was read: "tools" or "sysfs"
+    std::string source; ///< source of the reading: "tools" or "sysfs"
     std::vector<BatteryDevice> devices;
     std::int64_t threshold; ///< percent
 };

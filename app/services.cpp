@@ -9,14 +9,14 @@ namespace voltmere {
 
 namespace {
 
-// An outside that nothing reaches. Each of these keeps its promise to its callers and does nothing.
+// Ports without effect. Each keeps its contract with its callers and does nothing.
 
 class NullLog : public SystemLog {
 public:
     void write(std::string_view /*line*/) override { }
 };
 
-/// Reports that the program does not start at login, and leaves it so.
+/// Reports that the program does not start at login, and changes nothing.
 class NullLoginItems : public LoginItemService {
 public:
     Status status() const override { return Status::notRegistered; }

@@ -12,14 +12,13 @@
 
 namespace voltmere {
 
-/// The outside of the model, port by port. A reading may still use it when the program ends: then
-/// the process must end without destroying what a reading uses.
+/// The model's ports. A reading may still use them when the program ends; the process must then end
+/// without destroying them.
 class Services {
 public:
     /// How far the model may act.
     enum class Reach {
-        everything, ///< the program in the menu bar; with "--demo" it shows and changes nothing
-                    ///< else
+        everything, ///< the program in the menu bar; "--demo" limits it to the windows
         settings,   ///< reads the user's settings, and changes nothing
         nothing,    ///< the initial settings, in memory
     };
@@ -36,7 +35,7 @@ public:
 
     ModelServices forModel();
 
-    /// The settings as they are stored now. `log` is told what is wrong with their file.
+    /// The settings as they are stored now. `log` gets a line for each fault of their file.
     std::unique_ptr<DefaultsStore> openSettings(SystemLog& log) const;
 
     /// Ends the process with `status`, without destroying anything while a reading is under way.

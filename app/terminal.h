@@ -4,14 +4,14 @@
 
 namespace voltmere {
 
-/// How the process says how it went.
+/// The exit status of the process.
 namespace exitStatus {
 inline constexpr int cannotRun = 1;
 inline constexpr int wrongUsage = 2;
 } // namespace exitStatus
 
-/// Prints an answer on standard output, and says on standard error when that fails. Returns the
-/// exit status that fits: 0, or 1 when not all of it was written.
+/// Prints an answer on standard output. Returns 0, or reports a failed write on standard error and
+/// returns 1.
 int printAnswer(std::string_view text);
 
 } // namespace voltmere

@@ -13,7 +13,7 @@ namespace voltmere {
 
 namespace {
 
-/// The model with nothing behind it but the reading, and a line on standard output in front.
+/// The model with real readings and no other effects; prints a line on standard output.
 class Watch {
 public:
     Watch(const CommandLine& commandLine, MainLoop& mainLoop)
@@ -28,7 +28,7 @@ public:
     int run()
     {
         MainLoop& mainLoop = services.mainLoop;
-        // Without it the end of the reader is noticed at the next change only, maybe days later.
+        // Otherwise the program notices a closed output at the next change only, maybe days later.
         const auto outputWatch = watchForClosedOutput([&mainLoop] { mainLoop.stop(0); });
         const int status = mainLoop.run();
         services.endWhileBusy(status);
@@ -36,7 +36,7 @@ public:
     }
 
 private:
-    /// Once per turn of the run loop. Changes are announced before they are made.
+    /// Prints once per turn of the run loop, since the model announces a change before it makes it.
     void printSoon()
     {
         if (!std::exchange(printsSoon, true)) {
@@ -47,13 +47,13 @@ private:
         }
     }
 
-    /// The last reading by the settings of now. Nothing before the first one, and no line twice.
+    /// Prints the last reading under the current settings, unless the line would be the same again.
     void print()
     {
         if (!model.lastChecked.get()) {
             return;
         }
-        // A panel elsewhere may have changed them. What is wrong with their file was said at start.
+        // Another process may have changed the settings. Faults of their file were logged at start.
         const auto present = services.openSettings(*services.modelLog);
         L10n::loadSetting(*present);
         const Reading reading{services.peripherals.choose().label, model.devices,

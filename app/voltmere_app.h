@@ -15,7 +15,8 @@ public:
     AppDelegate(const DefaultsStore& defaults, NotificationCentre& notifications,
                 NotificationCentreDelegate& notificationDelegate);
 
-    /// Reads the language again, registers the notification categories, and lets reminders appear.
+    /// Reads the language again, registers the notification categories, and lets snooze alerts
+    /// appear.
     void applicationDidFinishLaunching();
 
 private:
@@ -24,7 +25,7 @@ private:
     NotificationCentreDelegate& notificationDelegate;
 };
 
-/// The icon and the panel. They go when this is destroyed.
+/// The icon and the panel. Destroying the scene removes both.
 class Scene {
 public:
     virtual ~Scene() = default;
@@ -48,7 +49,7 @@ public:
 /// The program in the menu bar: owns the one model, and shows it as an icon and a panel.
 class VoltmereApp {
 public:
-    /// What it is given must outlive it.
+    /// The arguments must outlive this object.
     VoltmereApp(const CommandLine& commandLine, MainLoop& mainLoop, FrontEnd& frontEnd);
 
     /// Runs until the user quits. Returns the exit status.

@@ -1,10 +1,10 @@
-// How long the reminder takes from the request to its first painted frame, beside an empty message
-// box in the same run, and what it leaves behind once it is closed.
+// How long the snooze alert takes from the request to its first painted frame, beside an empty
+// message box in the same run, and what it leaves behind once it is closed.
 //
 //   alert_bench                          both times and their ratio, in a warm process
 //   alert_bench --first alert            the time of the first window of a process: run it several
 //   alert_bench --first message-box      times each, since every run is a process of its own
-//   alert_bench --memory                 memory and timers after many reminders
+//   alert_bench --memory                 memory and timers after many alerts
 //
 // Draws on Qt's offscreen platform unless QT_QPA_PLATFORM says something else. There is no window
 // system there, which is most of what a message box costs: compare the two on a desktop
@@ -44,7 +44,7 @@ void finishClosing()
     QCoreApplication::processEvents();
 }
 
-/// Shows reminders as the program does, and measures them.
+/// Shows snooze alerts as the program does, and measures them.
 class AlertStage {
 public:
     Milliseconds show()
@@ -120,7 +120,7 @@ public:
     void Finalize() override
     {
         if (times.size() == 2) {
-            std::printf("ratio of the reminder to the message box: %.2f\n",
+            std::printf("ratio of the snooze alert to the message box: %.2f\n",
                         times.at("alertUntilPainted") / times.at("emptyMessageBoxUntilPainted"));
         }
         ConsoleReporter::Finalize();
@@ -176,7 +176,7 @@ int timerCount()
     return count;
 }
 
-/// Fails when a hundred reminders leave more behind than three do.
+/// Fails when a hundred alerts leave more behind than three do.
 int printMemory()
 {
     constexpr int warmUp = 3;

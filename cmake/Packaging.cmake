@@ -57,7 +57,7 @@ set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
 "Shows the lowest battery level of Apple wireless mice, keyboards and
-trackpads in the tray, and reminds you to charge one before it runs flat.
+trackpads in the tray, and alerts you before one of them runs flat.
 The levels come from the kernel, the names from BlueZ. They can be read in
 the terminal and by status bars as well.")
 # What the program links is computed. The plugins that Qt loads on X11 come with these libraries:

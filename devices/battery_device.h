@@ -9,7 +9,7 @@
 
 namespace voltmere {
 
-/// What the catalogue says of one peripheral model.
+/// One peripheral model of the catalogue.
 struct KnownDevice {
     std::string name;   ///< display name; the same in every interface language
     std::string symbol; ///< name of the symbol image that stands for it
@@ -37,23 +37,21 @@ inline bool isLow(const BatteryDevice& device, std::int64_t threshold)
     return device.level <= threshold;
 }
 
-/// The low ones among `devices`, in their order.
+/// The low devices among `devices`, in their order.
 std::vector<BatteryDevice> lowDevices(const std::vector<BatteryDevice>& devices,
                                       std::int64_t threshold);
 
-/// The device with the lowest level, the first of them where several share it; nothing for an
-/// empty list.
+/// The first device with the lowest level; nothing for an empty list.
 std::optional<BatteryDevice> weakestDevice(const std::vector<BatteryDevice>& devices);
 
-/// The device's name as it is fit to be shown: the catalogue's where nobody would see anything of
-/// it.
+/// The device's name cleaned for display; the catalogue's name where nothing visible is left.
 std::string shownName(const BatteryDevice& device);
 
 /// `shownName` and the level, as "name level%".
 std::string shownNameWithLevel(const BatteryDevice& device);
 
-/// The devices in one line, each as "name level%", with `separator` between them. Names stand there
-/// as they came.
+/// The devices in one line, each as "name level%", with `separator` between them. Names are
+/// not cleaned.
 std::string namesWithLevels(const std::vector<BatteryDevice>& devices, std::string_view separator);
 
 } // namespace voltmere

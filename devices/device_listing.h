@@ -21,10 +21,10 @@ enum class SkipReason {
 /// The reason in words, for diagnosis.
 std::string_view description(SkipReason reason);
 
-/// What became of one entry.
+/// The verdict on one entry.
 using EntryVerdict = std::variant<BatteryDevice, SkipReason>;
 
-/// Judges every entry, in order: a device for each one that is shown, a reason for each other.
+/// Judges every entry, in order: a device for an entry that is shown, else the reason.
 std::vector<EntryVerdict> judgeEntries(const std::vector<BatteryEntry>& entries,
                                        const NameMap& names);
 
@@ -33,7 +33,7 @@ std::vector<EntryVerdict> judgeEntries(const std::vector<BatteryEntry>& entries,
 std::vector<BatteryDevice> listDevices(const std::vector<BatteryEntry>& entries,
                                        const NameMap& names);
 
-/// Puts devices into display order and keeps the order of those of one kind.
+/// Sorts devices into display order; devices of one kind keep their order.
 void sortForDisplay(std::vector<BatteryDevice>& devices);
 
 } // namespace voltmere

@@ -48,7 +48,7 @@ std::optional<NameMap> BluetoothNameResolver::freshCache() const
     if (!nameCacheDate || nameCache.empty()) {
         return std::nullopt;
     }
-    // A clock that was set back makes the age negative: the cache then counts as fresh.
+    // Setting the clock back makes the age negative; the cache then counts as fresh.
     if (clock.now() - *nameCacheDate >= cacheLifetime) {
         return std::nullopt;
     }

@@ -29,7 +29,7 @@ public:
     explicit BluetoothNameResolver(const Clock& clock);
 
     /// The names from the cache, when `useCache` is true and the cache is neither empty nor six
-    /// hours old; else those that `source` reads now, which replace the cache.
+    /// hours old. Otherwise `source` reads them now, and its names replace the cache.
     NameMap bluetoothNames(bool useCache, NameSource& source);
 
 private:
@@ -51,7 +51,7 @@ struct PeripheralSources {
 /// Takes readings of the peripherals. Blocking; safe to call from several threads at once.
 class DeviceReader {
 public:
-    /// `chooseSources` is asked at the start of each reading.
+    /// Each reading calls `chooseSources` first.
     DeviceReader(std::function<PeripheralSources()> chooseSources, const Clock& clock);
 
     /// The known peripherals that report a level, in display order. Names may come from the cache

@@ -7,8 +7,8 @@ namespace voltmere {
 
 namespace {
 
-// Both tools are waited for before their output is read, so a tool that never exits would hold its
-// reading for ever. The registry tool answers within a second, so 30 s says that it hangs. The
+// The runner waits for a tool before it reads the output, so a tool that never exits would block
+// its reading for ever. The registry tool answers within a second: after 30 s it hangs. The
 // profiler may have to wake the Bluetooth controller and takes up to half a minute on a busy
 // machine, hence 60 s.
 constexpr std::chrono::seconds registryLimit{30};

@@ -6,7 +6,7 @@
 
 namespace voltmere {
 
-/// Where the system keeps its tools.
+/// The directory of the system's tools.
 inline constexpr const char* systemToolsDirectory = "/usr/sbin";
 
 /// Battery levels from the device-registry tool, `ioreg`.

@@ -88,7 +88,7 @@ namespace {
 
 constexpr std::string_view blockSeparator = "\n    {";
 
-/// Finds what stands behind `"key" = ` and one opening text more; the search is prepared once.
+/// Finds the text behind `"key" = ` and a given opening; the search is prepared once.
 class Property {
 public:
     explicit Property(std::string_view key, std::string_view opening = {})
@@ -113,8 +113,8 @@ private:
     std::boyer_moore_horspool_searcher<std::string::const_iterator> searcher;
 };
 
-/// The number at the start of `text`: the longest run of numeric characters, where that is a
-/// decimal integer of 64 bits. A run with other numerals than 0 to 9 is none.
+/// The number at the start of `text`: the longest run of numeric characters. Nothing unless that
+/// run is a decimal integer of 64 bits; any numeral but 0 to 9 makes it invalid.
 std::optional<std::int64_t> leadingInt(std::string_view text)
 {
     std::size_t run = 0;

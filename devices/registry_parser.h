@@ -19,7 +19,7 @@ bool isNumeric(char32_t scalar);
 std::vector<BatteryEntry> parseRegistry(std::string_view text);
 
 /// The integer behind the first `"key" = ` in `text`. The longest run of numeric characters counts;
-/// nothing when it is empty or is no decimal number of 64 bits. A later occurrence is never tried.
+/// nothing when that run is not a decimal number of 64 bits. A later occurrence is never tried.
 std::optional<std::int64_t> extractInt(std::string_view key, std::string_view text);
 
 } // namespace voltmere

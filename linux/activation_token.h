@@ -4,19 +4,19 @@
 
 namespace voltmere::activationToken {
 
-// A desktop's permission to take the focus, which it gives with what the user did. It stands in the
-// environment, where Qt looks for it when a window asks for the focus, and counts once.
+// A desktop's permission to take the focus, granted for an action of the user. The environment
+// holds the token, where Qt looks for it when a window asks for the focus. A token counts once.
 // Source: the xdg-activation protocol, which names the variable.
 
 inline constexpr const char* variable = "XDG_ACTIVATION_TOKEN";
 
-/// The one at hand; empty where there is none.
+/// The present token; empty without one.
 inline QByteArray current()
 {
     return qgetenv(variable);
 }
 
-/// Puts a new one where the next activation finds it. An empty one changes nothing.
+/// Stores `token` for the next activation. An empty token changes nothing.
 inline void leave(const QByteArray& token)
 {
     if (!token.isEmpty()) {

@@ -75,10 +75,10 @@ std::error_code writeAll(int descriptor, std::string_view text)
     return {};
 }
 
-/// A new file beside its destination, which is gone again unless it took the destination's place.
+/// A new file beside its destination. It is removed unless it replaced the destination.
 class Replacement {
 public:
-    /// The hidden name has another ending than the destination, so that nobody takes it for one.
+    /// The hidden name ends differently, so that no program mistakes the file for the destination.
     explicit Replacement(const fs::path& destination)
         : destination(destination)
         , name(destination.parent_path() / ("." + destination.filename().string() + ".XXXXXX"))
@@ -123,8 +123,7 @@ private:
     std::error_code error;
 };
 
-/// Brings a change of the directory itself to the disk. Where that cannot be had, the change is
-/// made all the same.
+/// Flushes a change of the directory itself to the disk. The change holds even if the flush fails.
 void syncDirectory(const fs::path& directory)
 {
     const FileDescriptor file(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -146,7 +145,7 @@ TextFile readTextFile(const fs::path& path)
     }
     found.exists = true;
     found.isLink = S_ISLNK(status.st_mode);
-    // A FIFO must not hold the reader up until somebody writes into it.
+    // A FIFO must not block the reader until a writer comes.
     const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (file) {
         found.error = readRegular(file.get(), found.text);
@@ -184,7 +183,7 @@ std::error_code makePrivateDirectory(const fs::path& directory)
             continue;
         }
         const std::error_code failure = lastError();
-        // Another program may have made it meanwhile; what else is there is in the way.
+        // Another program may have made the directory meanwhile; any other file is an obstacle.
         if (!fs::is_directory(made, error)) {
             return failure == std::errc::file_exists
                 ? std::make_error_code(std::errc::not_a_directory)

@@ -17,7 +17,7 @@ namespace {
 
 constexpr auto replySignature = "a{oa{sa{sv}}}";
 
-/// A connection to the system bus of this reading alone, since readings may overlap.
+/// This reading's own connection to the system bus, since readings may overlap.
 class BusVisit {
 public:
     BusVisit()
@@ -45,7 +45,7 @@ private:
 
 std::atomic<int> BusVisit::nextNumber{0};
 
-/// A device without a name has its address with hyphens as alias. That is no name.
+/// BlueZ gives a device without a name its address with hyphens as alias; that is not a name.
 bool standsForAddress(const QString& alias, QString address)
 {
     return alias.compare(address.replace(':', '-'), Qt::CaseInsensitive) == 0;

@@ -11,7 +11,7 @@ class QObject;
 namespace voltmere {
 
 /// Sends `call` without waiting for its reply. `replied` runs once, from the event loop, with the
-/// reply or an error, also where the bus has ended; never after `context` is gone.
+/// reply or an error, also where the bus has ended. It never runs after `context` is gone.
 void callBus(const QDBusConnection& bus, const QDBusMessage& call, QObject* context,
              std::function<void(const QDBusMessage& reply)> replied);
 
@@ -27,7 +27,7 @@ inline const QString notificationsPath = QStringLiteral("/org/freedesktop/Notifi
 inline const QString desktopPortal = QStringLiteral("org.freedesktop.portal.Desktop");
 inline const QString blueZ = QStringLiteral("org.bluez");
 
-/// The interface through which an object on a bus tells its properties.
+/// The interface of an object's properties on a bus.
 inline const QString properties = QStringLiteral("org.freedesktop.DBus.Properties");
 
 } // namespace busNames

@@ -11,7 +11,7 @@ namespace voltmere {
 /// The X selection that a tray owns. Source: System Tray Protocol Specification 0.3 (XEmbed).
 inline constexpr const char* xTraySelection = "_NET_SYSTEM_TRAY_S0";
 
-/// Whether the display that $DISPLAY names has a tray of that kind. Needs no application object.
+/// Whether the display of $DISPLAY has an XEmbed tray. Needs no application object.
 bool hasXTray();
 
 /// Owns a reply of the X server, which XCB allocates and its caller frees.

@@ -7,7 +7,7 @@
 
 namespace voltmere {
 
-/// The value of a variable of the environment; empty also when there is none.
+/// The value of a variable of the environment; empty also when it is not set.
 inline std::string environmentVariable(const char* name)
 {
     const char* const value = std::getenv(name);
@@ -15,8 +15,8 @@ inline std::string environmentVariable(const char* name)
 }
 
 /// The languages that the environment asks for, ranked as the C library ranks them for messages:
-/// the locale is the first of LC_ALL, LC_MESSAGES and LANG that is set; unless that is the C
-/// locale, the list in LANGUAGE stands in its place. Source: GNU gettext manual, "Locale
+/// the locale is the first of LC_ALL, LC_MESSAGES and LANG that is set; unless it is the C locale,
+/// the list in LANGUAGE replaces it. Source: GNU gettext manual, "Locale
 /// Environment Variables" and "The LANGUAGE variable".
 class EnvironmentLanguages : public PreferredLanguages {
 public:

@@ -99,7 +99,7 @@ std::string textOf(const Json& json)
     return json.dump(indentation, ' ', false, Json::error_handler_t::replace) + '\n';
 }
 
-/// The object that a file holds; an empty one where that is a problem, which `content` then names.
+/// The object in a file; empty where there is a problem, which `content` then names.
 Json readObject(const fs::path& path, JsonContent& content)
 {
     const TextFile file = readTextFile(path);
@@ -116,7 +116,7 @@ Json readObject(const fs::path& path, JsonContent& content)
     return Json::object();
 }
 
-/// Returns the new path of a file that is moved beside itself; nothing where it cannot be moved.
+/// Renames a damaged file in its directory. Returns its new path; nothing where that fails.
 std::optional<fs::path> setAside(const fs::path& path)
 {
     const std::time_t now = std::time(nullptr);

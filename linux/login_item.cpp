@@ -34,8 +34,8 @@ bool canBeWritten(const std::string& program)
         std::ranges::none_of(program, [](unsigned char c) { return c < ' ' || c == '\\'; });
 }
 
-/// `program` as the one argument of "Exec". Within the quotes a backslash stands before a special
-/// character, and as in any value of an entry that backslash is written twice.
+/// `program` as the only argument of "Exec". Within the quotes a backslash escapes a special
+/// character, and an entry doubles each backslash in a value.
 ///
 /// A percent sign is doubled, and the program's own path may hold no equal sign. GLib and systemd
 /// look for the program under the doubled name and refuse the entry, so such a path is the argument
@@ -107,7 +107,7 @@ LoginItem::LoginItem(const fs::path& directory, std::string program)
 LoginItemService::Status LoginItem::status() const
 {
     const TextFile found = readTextFile(entry);
-    // An empty text is a link to /dev/null, by which a user masks an entry.
+    // An empty text comes from a link to /dev/null, with which a user masks an entry.
     return found.text.empty() || isSwitchedOff(found.text) ? Status::notRegistered
                                                            : Status::enabled;
 }
@@ -125,7 +125,7 @@ std::optional<std::string> LoginItem::registerItem()
     }
     std::error_code ignored;
     if (fs::is_symlink(entry, ignored)) {
-        // The file that it leads to is not the program's to replace.
+        // The program must not replace the target of the link.
         if (auto failure = removeFile(entry)) {
             return failure;
         }
@@ -156,8 +156,8 @@ std::string runningProgram()
     const std::string executable = terminalProgram().string();
     const std::string image = environmentVariable("APPIMAGE");
     const std::string mount = fs::weakly_canonical(environmentVariable("APPDIR"), error).string();
-    // Both are handed down to every program that is started from inside an AppImage, so an image
-    // that does not hold this program is another one's.
+    // Every program started from inside an AppImage inherits both variables, so an image that does
+    // not hold this program belongs to another program.
     const bool isInImage = !mount.empty() && executable.starts_with(mount + '/');
     return isInImage && fs::path(image).is_absolute() ? image : executable;
 }

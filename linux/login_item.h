@@ -12,13 +12,13 @@ namespace voltmere {
 /// the program: registering writes it whole, unregistering removes it. Nothing is remembered: each
 /// call reads the file anew.
 ///
-/// The entry is on when it is there and says neither `Hidden=true` nor
-/// `X-GNOME-Autostart-enabled=false`, by which the settings of desktops switch entries off.
+/// The entry is on when it exists and has neither `Hidden=true` nor
+/// `X-GNOME-Autostart-enabled=false`; desktops switch entries off with these.
 ///
 /// Source: Desktop Application Autostart Specification 0.5.
 class LoginItem : public LoginItemService {
 public:
-    /// `directory` holds the user's entries, and is empty where it cannot be told. `program` is the
+    /// `directory` holds the user's entries; empty where it is unknown. `program` is the
     /// absolute path of the file to start.
     LoginItem(const std::filesystem::path& directory, std::string program);
 
@@ -32,8 +32,8 @@ private:
     std::string program;
 };
 
-/// Where this user's start-up entries are: in $XDG_CONFIG_HOME, or else in ~/.config. Empty where
-/// neither is an absolute path. Source: XDG Base Directory Specification 0.8.
+/// The directory of this user's start-up entries in $XDG_CONFIG_HOME, or else in ~/.config. Empty
+/// where neither is an absolute path. Source: XDG Base Directory Specification 0.8.
 std::filesystem::path autostartDirectory();
 
 /// The file that starts this program: the running executable, or the AppImage that holds it, which

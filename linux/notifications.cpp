@@ -68,7 +68,7 @@ QString shownText(const std::string& text)
 /// Keys and titles in turn, the click on the notification itself first.
 QStringList actionWords(const std::vector<NotificationAction>& actions)
 {
-    // Daemons that show titles make no button of an empty one. GLib sends the same.
+    // A daemon that shows titles makes no button for an empty title. GLib sends the same.
     QStringList words{defaultActionKey, QString()};
     for (const NotificationAction& action : actions) {
         words << QString::fromStdString(action.identifier) << shownText(action.title);
@@ -115,7 +115,7 @@ DesktopNotifications::DesktopNotifications(const QDBusConnection& bus, std::stri
     for (const JsonRecord& record : records == nullptr ? std::vector<JsonRecord>() : *records) {
         Delayed& entry = delayed.emplace_back(
             Delayed{requestOf(record), Seconds(valueOf(record, "due", 0.0)), nullptr});
-        // A clock that was set back makes nobody wait for longer than they asked for.
+        // After the clock was set back, no notification waits for longer than its delay.
         arm(entry,
             std::min<Seconds>(entry.due - clock.now().time_since_epoch(), *entry.request.delay));
     }
@@ -175,8 +175,8 @@ void DesktopNotifications::present(const NotificationRequest& request)
 void DesktopNotifications::askDaemon(const NotificationRequest& request, std::uint32_t options)
 {
     const bool sound = request.content.defaultSound && (options & presentation::sound) != 0;
-    // This starts the daemon if the bus can. Qt does not tell who sent a reply, so the bus is
-    // asked.
+    // This starts the daemon if the bus can. Qt does not tell the sender of a reply, so the program
+    // asks the bus.
     callBus(bus(), methodCall(service, "GetCapabilities"), this,
             [this, request, sound](const QDBusMessage& reply) {
                 const QDBusPendingReply<QStringList> capabilities(reply);
@@ -203,7 +203,8 @@ void DesktopNotifications::askDaemon(const NotificationRequest& request, std::ui
 void DesktopNotifications::show(const NotificationRequest& request, bool sound,
                                 const QString& daemon, const QStringList& capabilities)
 {
-    // An end of the program in between loses the notification; the other order would show it twice.
+    // If the program ends in between, the notification is lost; the other order would show it
+    // twice.
     if (std::erase_if(delayed, [&](const Delayed& entry) {
             return entry.request.identifier == request.identifier;
         }) > 0) {
@@ -227,8 +228,8 @@ void DesktopNotifications::show(const NotificationRequest& request, bool sound,
 
     const auto entry = shown.insert(shown.end(), Shown{daemon, actions, 0, {}});
     if (!std::exchange(listening, true)) {
-        // No sender is named: for one, Qt would wait for the bus to tell who that is, and it ends
-        // the program where the bus has ended. The slot looks at the sender.
+        // With a sender named here, Qt would wait for the bus to resolve it, and would end the
+        // program where the bus has ended. The slot checks the sender instead.
         for (const char* const name : {"ActivationToken", "ActionInvoked", "NotificationClosed"}) {
             bus().connect({}, path, service, name, this, SLOT(takeSignal(QDBusMessage)));
         }
@@ -268,8 +269,8 @@ void DesktopNotifications::takeSignal(const QDBusMessage& signal)
         }
         return;
     }
-    // Some daemons leave it on the screen, where a second choice would have no effect. One that is
-    // gone already is an error to nobody.
+    // Some daemons leave it on the screen, where a second choice would have no effect. Closing a
+    // notification that is already gone does no harm.
     QDBusMessage close = methodCall(entry.daemon, "CloseNotification");
     close << entry.id;
     bus().send(close);

@@ -22,21 +22,22 @@ class QDBusMessage;
 namespace voltmere {
 
 /// Notifications through the daemon of a freedesktop.org desktop. Belongs to the main thread, on
-/// which it also calls its delegate, and never waits for anyone. What fails gets a line in the log.
+/// which it also calls its delegate, and never waits for a reply. A failure gets a line in the log.
 /// Source: Desktop Notifications Specification 1.2 (org.freedesktop.Notifications).
 ///
-/// The delegate is asked about every notification, since whether the program is in front cannot be
-/// known everywhere. It decides about the sound; a daemon has no quieter place than the banner.
+/// The centre asks the delegate about every notification, since not every desktop tells whether the
+/// program is in front. The delegate decides about the sound; a daemon has nothing quieter than a
+/// banner.
 ///
-/// Delayed notifications are timers over a file that outlives the program: one whose time came
-/// meanwhile, by the wall clock, is shown at the next start. While the program runs, a clock that
-/// is set moves none of them. One leaves the file right before it is shown, and is tried again each
-/// minute where no daemon answers.
+/// Delayed notifications are timers over a file that outlives the program. A notification that fell
+/// due while the program was not running, by the wall clock, is shown at the next start. While the
+/// program runs, setting the clock changes no delay. A notification leaves the file right before it
+/// is shown; where no daemon answers, the centre tries again each minute.
 class DesktopNotifications : public QObject, public NotificationCentre {
     Q_OBJECT
 
 public:
-    /// Takes up the delayed notifications of `delayedFile`. `icon` is the program's in the icon
+    /// Takes up the delayed notifications of `delayedFile`. `icon` is the program's icon in the
     /// theme. `runLoop`, `clock` and `log` must outlive this object.
     DesktopNotifications(const QDBusConnection& bus, std::string icon,
                          const std::filesystem::path& delayedFile, RunLoop& runLoop,
@@ -90,7 +91,7 @@ private:
     std::vector<NotificationCategory> categories;
     std::list<Delayed> delayed;
     std::list<Shown> shown;
-    bool listening = false; ///< before the first notification nobody else's wake this program
+    bool listening = false; ///< only from the first notification on, to save wake-ups
 };
 
 /// Where the user's delayed notifications are: voltmere/notifications.json in $XDG_STATE_HOME.

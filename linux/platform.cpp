@@ -28,7 +28,7 @@ namespace voltmere {
 
 namespace {
 
-/// A program that is not installed has no icon in the theme; the second name every theme has
+/// A program that is not installed has no icon in the theme; every theme has the second name
 /// (Icon Naming Specification 0.8.90, "Status icons").
 std::string applicationIcon()
 {

@@ -23,7 +23,7 @@ namespace {
 timespec toTimespec(Seconds span)
 {
     using namespace std::chrono;
-    // Zero would disarm the timer, so what is due at once is due after a nanosecond.
+    // Zero would disarm the timer, so the shortest delay is a nanosecond.
     const auto whole = std::max(duration_cast<nanoseconds>(span), nanoseconds(1));
     const auto wholeSeconds = floor<seconds>(whole);
     return {wholeSeconds.count(), (whole - wholeSeconds).count()};
@@ -68,7 +68,7 @@ private:
     std::function<void()> action;
 };
 
-/// With an interval of zero it fires once. Nothing where no file descriptor is left for it.
+/// An interval of zero makes it fire once. Nothing where no file descriptor is left.
 std::unique_ptr<Timer> makeTimer(Seconds delay, Seconds interval, std::function<void()> action)
 {
     FileDescriptor timer(::timerfd_create(CLOCK_BOOTTIME, TFD_CLOEXEC | TFD_NONBLOCK));

@@ -12,8 +12,8 @@ class QCoreApplication;
 
 namespace voltmere {
 
-/// The run loop of the Qt application, which it makes where there is none yet: one without windows.
-/// Made and used on the main thread. Its timers count the time in which the machine sleeps. A timer
+/// The run loop of the Qt application. Makes an application without windows where none exists yet.
+/// Belongs to the main thread. Its timers count the time in which the machine sleeps. A timer
 /// is null where the system refuses one.
 class QtRunLoop : public MainLoop {
 public:
@@ -29,8 +29,8 @@ public:
     void postToMain(Action action) override;
 
     /// Each piece of work gets a thread of its own, which ends with it: readings are minutes apart,
-    /// so idle threads would cost more than new ones. Where no thread can be had, the work is
-    /// dropped; the next reading tries again.
+    /// so idle threads would cost more than new ones. Where the system refuses a thread, the
+    /// work is dropped; the next reading tries again.
     void runInBackground(Action work) override;
 
     bool isBusy() const override { return *running > 0; }

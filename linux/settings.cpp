@@ -21,7 +21,7 @@ void take(const JsonContent& content, MemoryDefaults& defaults)
     }
 }
 
-/// The settings that are in the file and do not count, each after a comma.
+/// The settings of the file with a value of the wrong kind, each after a comma.
 std::string unusableSettings(const JsonContent& content)
 {
     MemoryDefaults defaults;

@@ -10,8 +10,8 @@
 
 namespace voltmere {
 
-/// The user's settings in a JSON file, as that file was when this was made. A change is saved at
-/// once; one that cannot be saved lasts as long as this object, and the log gets one line.
+/// The user's settings in a JSON file, read at construction. A change is saved at once. A change
+/// that cannot be saved lasts as long as this object, and the log gets one line.
 class JsonSettings : public MemoryDefaults {
 public:
     /// `log` must outlive this object.
@@ -27,9 +27,9 @@ private:
 /// The file that holds the user's settings: voltmere/settings.json in $XDG_CONFIG_HOME.
 std::filesystem::path settingsPath();
 
-/// What a report says of the settings file at `path`: how large it is, or why it is not in force,
-/// which settings in it have no value of the right kind, and whether damaged ones are kept beside
-/// it. Leaves the file as it is.
+/// The diagnosis of the settings file at `path`: its size or why it does not count, the settings
+/// with a value of the wrong kind, and whether damaged files are kept beside it. Leaves the file as
+/// it is.
 std::string describeSettingsFile(const std::filesystem::path& path);
 
 } // namespace voltmere

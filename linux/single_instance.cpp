@@ -16,10 +16,10 @@ namespace {
 const QString objectPath = QStringLiteral("/org/voltmere/Voltmere");
 const QString interfaceName = QStringLiteral("org.freedesktop.Application");
 
-/// With it the running instance may take the focus that the desktop gave to this start.
+/// Lets the running instance take the focus that the desktop gave to this start.
 const QString activationTokenKey = QStringLiteral("activation-token");
 
-/// A running instance whose main thread is busy must not hold up the start that asks it.
+/// A running instance with a busy main thread must not delay the start that asks it.
 constexpr int activationLimit = 150; // milliseconds
 
 } // namespace

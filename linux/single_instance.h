@@ -12,14 +12,15 @@
 namespace voltmere {
 
 /// One instance over the session bus: the first holds the name `applicationId`, and a later
-/// start asks it to open its panel. The name goes with the process that holds it, however that
-/// ends. Source: Desktop Entry Specification, "D-Bus Activation" (org.freedesktop.Application).
+/// start asks it to open its panel. The bus frees the name when its process ends, however
+/// that happens. Source: Desktop Entry Specification, "D-Bus Activation"
+/// (org.freedesktop.Application).
 class BusInstance : public QObject, public SingleInstance {
 public:
     /// `log` must outlive this object.
     explicit BusInstance(SystemLog& log);
 
-    /// Takes the name, or asks the process that has it. Waits for the bus, a few milliseconds.
+    /// Takes the name, or asks the process that holds it. Waits a few milliseconds for the bus.
     Role start() override;
 
     void onActivation(std::function<void()> action) override;

@@ -89,8 +89,8 @@ namespace fs = std::filesystem;
 constexpr std::string_view entryPrefix = "hid-";
 constexpr std::string_view entryMark = "-battery";
 
-/// Apple's vendor identifiers: the Bluetooth one, and the USB one, which the first generation also
-/// reports over Bluetooth.
+/// Apple's vendor identifiers for Bluetooth and for USB. The first generation of devices reports
+/// the latter over Bluetooth too.
 constexpr std::array<std::int64_t, 2> appleVendors{0x004C, 0x05AC};
 
 /// One attribute file as text; nothing when it cannot be read. An attribute is at most a page.

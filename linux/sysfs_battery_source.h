@@ -10,20 +10,20 @@
 
 namespace voltmere {
 
-/// What the kernel's HID core says of a device in its `uevent` file. Every part may be missing and
-/// none is checked. Source: drivers/hid/hid-core.c, hid_uevent().
+/// A device as the kernel's HID core describes it in its `uevent` file. Every part may be missing
+/// or wrong. Source: drivers/hid/hid-core.c, hid_uevent().
 struct HidUevent {
     std::optional<std::int64_t> vendor;  ///< from HID_ID=bus:vendor:product, hexadecimal
-    std::optional<std::int64_t> product; ///< there exactly when the vendor is
+    std::optional<std::int64_t> product; ///< present exactly when the vendor is
     std::optional<std::string> name;     ///< HID_NAME, the name that the user gave
     std::optional<std::string> address;  ///< HID_UNIQ, the Bluetooth address
 };
 
-/// Reads the lines `KEY=value`; of a key that is there twice the first one. An empty name or
-/// address is none.
+/// Reads the lines `KEY=value`. The first of duplicate keys counts. An empty name or address means
+/// absent.
 HidUevent parseHidUevent(std::string_view text);
 
-/// The level in a `capacity` file, in percent; nothing for anything but a whole number from 0 on.
+/// The level in a `capacity` file, in percent; nothing unless it is a whole number from 0 on.
 std::optional<std::int64_t> parseCapacity(std::string_view text);
 
 /// Battery levels from the kernel: the `power_supply` entries of HID devices, in the order of their
@@ -34,7 +34,7 @@ std::optional<std::int64_t> parseCapacity(std::string_view text);
 /// Reading a level may take seconds, since the kernel asks the device for it over the air.
 class SysfsBatterySource : public BatterySource {
 public:
-    /// `root` stands where /sys normally does.
+    /// `root` replaces /sys.
     explicit SysfsBatterySource(std::filesystem::path root);
 
     std::vector<BatteryEntry> readEntries() override;

@@ -15,7 +15,7 @@ namespace {
 
 constexpr Seconds tickInterval{60};
 
-/// How long a snooze alert that came before the program had finished launching waits to try again.
+/// The delay before a snooze alert tries again while the program is still launching.
 constexpr Seconds launchRetryDelay{1.2};
 
 void notifyLaunchFailure(NotificationCentre& centre, const std::string& description)

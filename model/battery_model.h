@@ -21,7 +21,7 @@
 
 namespace voltmere {
 
-/// The outside that the model acts on. Everything must outlive the model.
+/// The ports that the model uses. Each must outlive the model.
 struct ModelServices {
     DefaultsStore& defaults;
     RunLoop& runLoop;
@@ -35,9 +35,9 @@ struct ModelServices {
     std::shared_ptr<DeviceReader> reader; ///< shared with the readings under way
 };
 
-/// The state of the program: the last reading, the user's settings, the daily check and the
-/// reminder. There is one, made at start-up and kept until the process ends. It belongs to the main
-/// thread; only the reading of devices runs elsewhere and returns by value.
+/// The state of the program: the last reading, the user's settings, the daily check and the snooze
+/// alert. The program has one model, from start-up until the process ends. The model belongs to the
+/// main thread; only the reading of devices runs elsewhere and returns by value.
 class BatteryModel {
 public:
     using DeviceList = std::vector<BatteryDevice>;
@@ -45,7 +45,7 @@ public:
     /// Ticks of the 60-second timer between two background refreshes.
     static constexpr int pollsPerRefresh = 5;
 
-    /// Whether the program has finished launching. Until then no reminder is put on screen.
+    /// Whether the program has finished launching. Until then no snooze alert is put on screen.
     static bool launchSettled;
 
     /// Reads the settings, asks for permission to notify, starts the first check and the timer.
@@ -63,32 +63,32 @@ public:
     Published<std::int64_t> checkHour;   ///< hour of the daily check
     Published<std::int64_t> checkMinute; ///< minute of the daily check
     Published<bool> enabled;             ///< whether the daily check is on
-    Published<bool> instantEnabled;      ///< whether a newly low device is reminded of at once
+    Published<bool> instantEnabled;      ///< whether a newly low device raises an alert at once
     Published<std::optional<Instant>> lastChecked;
     Published<std::string> status;      ///< one line for the panel
     Published<std::string> language;    ///< raw value of an AppLanguage; never saved
     Published<bool> launchAtLogin;      ///< mirrors the login-item service
-    Published<std::int64_t> customHour; ///< the clock time last asked for in the reminder
+    Published<std::int64_t> customHour; ///< the clock time last chosen in the snooze alert
     Published<std::int64_t> customMinute;
 
-    /// Takes a full check, which reminds of every low device. Returns at once.
+    /// Takes a full check, which alerts for every low device. Returns at once.
     void checkNow();
 
-    /// Takes a reading with cached names, which reminds of newly low devices only when
+    /// Takes a reading with cached names, which alerts for newly low devices only when
     /// `allowInstantAlert` is true. Returns at once.
     void refresh(bool allowInstantAlert);
 
-    /// Brings `launchAtLogin` in line with the service, without changing the service.
+    /// Copies the service's state to `launchAtLogin`, without changing the service.
     void refreshLaunchAtLogin();
 
-    /// What a reminder would show at this moment.
+    /// What a snooze alert would show at this moment.
     AlertPayload alertPayload() const;
 
-    /// Puts the reminder on screen: for the low devices, or for all of them when `isLow` is false.
-    /// One that is on screen already is brought to the front instead, as it is.
+    /// Puts a snooze alert on screen: for the low devices, or for all devices when `isLow` is
+    /// false. An alert that is already on screen comes to the front unchanged instead.
     void showSnoozeAlert(const DeviceList& lowDevices, bool isLow);
 
-    /// Sets the reminder for the next time the clock shows customHour:customMinute.
+    /// Snoozes until the next time the clock shows customHour:customMinute.
     void scheduleCustomTime();
 
 private:
@@ -99,10 +99,10 @@ private:
     void saveAndReschedule();
     void scheduleTimer();
     void tick();
-    /// What a reading is taken for.
+    /// The purpose of a reading.
     struct ReadingPurpose {
         bool useNameCache;
-        bool alert; ///< remind of every low device
+        bool alert; ///< alert for every low device
         bool allowInstantAlert;
     };
 
@@ -116,7 +116,7 @@ private:
     void scheduleSnooze(Seconds delay);
     AlertActions alertActions();
 
-    /// `action` for later: it does nothing once the model is gone.
+    /// Wraps `action` for a later call, which does nothing once the model is gone.
     template<typename Action>
     auto whileAlive(Action action) const
     {

@@ -22,13 +22,13 @@ inline constexpr Setting<bool> enabled{"enabled", true};
 inline constexpr Setting<bool> instantEnabled{"instant", true};
 } // namespace settings
 
-/// The stored value of `setting`, its initial one where none that fits is stored.
+/// The stored value of `setting`; its initial value where no value of the right type is stored.
 inline std::int64_t stored(const DefaultsStore& defaults, const Setting<std::int64_t>& setting)
 {
     return defaults.integer(setting.key).value_or(setting.initial);
 }
 
-/// The same for what is on or off.
+/// The same for a setting that is on or off.
 inline bool stored(const DefaultsStore& defaults, const Setting<bool>& setting)
 {
     return defaults.boolean(setting.key).value_or(setting.initial);

@@ -11,8 +11,8 @@
 
 namespace voltmere {
 
-/// What a desktop knows the program by: the name of its desktop entry, its icon in the theme and
-/// its name on the session bus; on macOS the bundle's identifier.
+/// The program's identifier: the name of its desktop entry, of its icon in the theme and of its
+/// connection to the session bus; on macOS the bundle's identifier.
 inline constexpr const char* applicationId = "org.voltmere.Voltmere";
 
 /// The program as the desktop sees it.
@@ -24,7 +24,7 @@ public:
     virtual void activate() = 0;
 };
 
-/// The user's languages as tags such as "zh-Hans-CN" or "en-GB", the most wanted first.
+/// The user's languages as tags such as "zh-Hans-CN" or "en-GB", the preferred one first.
 /// Empty when the user asked for none.
 class PreferredLanguages {
 public:
@@ -44,8 +44,8 @@ class Pointer {
 public:
     virtual ~Pointer() = default;
 
-    /// Where the pointer is; nothing where the desktop does not tell (Wayland tells a program only
-    /// about its own windows). A desktop that tells once tells always.
+    /// The pointer's position; nothing where the desktop hides it (Wayland tells a program only
+    /// about its own windows). A desktop either always gives a position or never.
     virtual std::optional<PointerPosition> position() const = 0;
 };
 
@@ -79,10 +79,10 @@ struct NamedText {
 /// A pop-up button: fixed choices, of which at most one is selected.
 template<typename Value>
 struct PopUp {
-    std::string name;                    ///< what it chooses, for assistive technology
+    std::string name;                    ///< accessible name
     std::vector<std::string> titles;     ///< top to bottom
-    std::vector<Value> values;           ///< what each title stands for
-    std::optional<std::size_t> selected; ///< nothing where the present value is not offered
+    std::vector<Value> values;           ///< the value of each title
+    std::optional<std::size_t> selected; ///< nothing where the present value is not among them
 
     /// Offers `value`, and selects it where it is the present one.
     void add(std::string title, Value value, const Value& present)
@@ -97,7 +97,7 @@ struct PopUp {
     bool operator==(const PopUp&) const = default;
 };
 
-/// What the snooze alert says and offers, top to bottom, ready to be drawn.
+/// The texts and choices of the snooze alert, top to bottom, ready to be drawn.
 struct AlertContent {
     std::string applicationName;
     NamedText title;
@@ -114,7 +114,7 @@ struct AlertContent {
     bool operator==(const AlertContent&) const = default;
 };
 
-/// What the snooze alert's controls do.
+/// The actions of the snooze alert's controls.
 struct AlertActions {
     std::function<void()> cancel;
     std::function<void(std::size_t option)> chooseOption; ///< index into the options
@@ -128,7 +128,7 @@ public:
 
     virtual bool isVisible() const = 0;
 
-    /// Brings the window over all others and gives it the keyboard.
+    /// Raises the window above all others and gives it the keyboard.
     virtual void bringToFront() = 0;
 
     /// Takes the window off the screen. It is never shown again.
@@ -145,18 +145,18 @@ public:
     virtual std::unique_ptr<Alert> present(AlertContent content, AlertActions actions) = 0;
 };
 
-/// Sees to it that the program runs once for each user session.
+/// Ensures that the program runs once for each user session.
 class SingleInstance {
 public:
     enum class Role {
         first, ///< no other process runs the program
-        later, ///< another one does, and was asked to open its panel
-        alone, ///< the processes of the program cannot know of each other here
+        later, ///< another process runs it, and was asked to open its panel
+        alone, ///< the system gives the program's processes no way to find each other
     };
 
     virtual ~SingleInstance() = default;
 
-    /// Becomes the one instance, or asks the one that is there for its panel.
+    /// Becomes the one instance, or asks the running instance to open its panel.
     virtual Role start() = 0;
 
     /// Calls `action` whenever a later start asks for the panel.

@@ -23,7 +23,7 @@ public:
     }
 
     /// Writes "Voltmere: `kind`", with `detail` in parentheses unless that is empty, the first time
-    /// that this kind is seen.
+    /// that this kind occurs.
     void report(const std::string& kind, const std::string& detail = {})
     {
         if (seen.insert(kind).second) {

@@ -14,8 +14,8 @@ public:
 
     virtual Status status() const = 0;
 
-    /// Adds the program to the list. Returns the failure in the system's own words, if there is
-    /// one.
+    /// Adds the program to the list. Returns the failure in the system's own words, or
+    /// nothing.
     virtual std::optional<std::string> registerItem() = 0;
 
     /// Takes the program off the list. Returns the failure in the system's own words.

@@ -19,7 +19,7 @@ struct NotificationAction {
     bool operator==(const NotificationAction&) const = default;
 };
 
-/// A kind of notification, with the choices that all of its kind offer.
+/// A kind of notification and the choices that each of that kind offers.
 struct NotificationCategory {
     std::string identifier;
     std::vector<NotificationAction> actions;
@@ -27,12 +27,12 @@ struct NotificationCategory {
     bool operator==(const NotificationCategory&) const = default;
 };
 
-/// What a notification says.
+/// The content of a notification.
 struct NotificationContent {
     std::string title;
     std::string body;
     bool defaultSound = false;
-    std::string category; ///< identifier of its category; empty for none
+    std::string category; ///< identifier of its category; empty without one
 
     bool operator==(const NotificationContent&) const = default;
 };
@@ -46,7 +46,7 @@ struct NotificationRequest {
     bool operator==(const NotificationRequest&) const = default;
 };
 
-/// What permission is asked for, as bits.
+/// The permissions to ask for, as bits.
 namespace authorisation {
 inline constexpr std::uint32_t sound = 2;
 inline constexpr std::uint32_t alert = 4;
@@ -58,8 +58,8 @@ inline constexpr std::uint32_t sound = 2;
 inline constexpr std::uint32_t banner = 16;
 } // namespace presentation
 
-/// What a response names when the user chose none of the notification's actions. The values are the
-/// ones of UserNotifications, so that a delegate sees the same on every platform.
+/// The action of a response where the user chose no action of the notification. UserNotifications
+/// defines the values; a delegate sees the same ones on every platform.
 namespace standardAction {
 inline constexpr const char* open = "com.apple.UNNotificationDefaultActionIdentifier";
 inline constexpr const char* dismiss = "com.apple.UNNotificationDismissActionIdentifier";
@@ -82,7 +82,7 @@ public:
                             std::function<void()> completion) = 0;
 };
 
-/// The desktop's notifications. Failures are the centre's own affair: nothing is reported back.
+/// The desktop's notifications. The centre handles failures itself and reports nothing back.
 class NotificationCentre {
 public:
     virtual ~NotificationCentre() = default;
@@ -90,7 +90,7 @@ public:
     /// Asks the user, once, for permission to notify in the ways of `options`.
     virtual void requestAuthorisation(std::uint32_t options) = 0;
 
-    /// Null takes the delegate away. It must outlive the centre otherwise.
+    /// Null removes the delegate. A delegate must outlive the centre.
     virtual void setDelegate(NotificationCentreDelegate* delegate) = 0;
 
     /// Replaces every registered category.

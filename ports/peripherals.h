@@ -13,10 +13,10 @@ namespace voltmere {
 /// checked: a level may be missing or beyond 100, a product may be unknown, a name may hold
 /// anything.
 struct BatteryEntry {
-    std::string origin;                   ///< where the source found it, for diagnosis
+    std::string origin;                   ///< the place in the source, for diagnosis
     std::optional<std::int64_t> level;    ///< percent, as reported
     std::optional<std::int64_t> product;  ///< the maker's product identifier
-    std::optional<std::string> address;   ///< Bluetooth address, or whatever stands in its place
+    std::optional<std::string> address;   ///< Bluetooth address, as the source spells it
     std::optional<std::string> givenName; ///< the user's name for it, where the source knows one
     std::optional<std::string>
         rejection; ///< why the source itself leaves the entry out, if it does
@@ -43,11 +43,11 @@ public:
     virtual NameMap readNames() = 0;
 };
 
-/// What to run, and for how long at most.
+/// A tool to run, and its limit of time.
 struct ProcessRequest {
     enum class ErrorOutput {
-        inherited, ///< complaints go where this program's own go
-        swallowed, ///< complaints go into a pipe that nobody reads
+        inherited, ///< standard error is this program's own
+        swallowed, ///< standard error is a pipe that nobody reads
     };
 
     std::string executable; ///< absolute path; no search, no shell

@@ -18,7 +18,7 @@ inline std::optional<std::int64_t> exactInteger(double number)
     return static_cast<std::int64_t>(number);
 }
 
-/// The boolean that equals `number`: 0 is false, 1 is true, nothing else is either.
+/// The boolean that equals `number`: 0 is false, 1 is true; nothing for any other number.
 inline std::optional<bool> exactBoolean(std::optional<std::int64_t> number)
 {
     if (!number || (*number != 0 && *number != 1)) {
@@ -29,9 +29,9 @@ inline std::optional<bool> exactBoolean(std::optional<std::int64_t> number)
 
 /// The user's settings: a typed key-value store that outlives the process.
 ///
-/// A read yields nothing when the key is absent or holds a value that does not convert exactly: a
-/// whole number of any form and a boolean are integers (true is 1); a boolean and the numbers 0 and
-/// 1 are booleans; only a text is a text. A write keeps every key that it does not name.
+/// A read yields nothing when the key is absent or its value does not convert exactly. A whole
+/// number of any form and a boolean convert to an integer (true is 1); a boolean and the numbers 0
+/// and 1 convert to a boolean; only a text converts to a text. A write keeps all other keys.
 class DefaultsStore {
 public:
     virtual ~DefaultsStore() = default;
@@ -44,7 +44,7 @@ public:
     virtual void setBoolean(std::string_view key, bool value) = 0;
 };
 
-/// Whether a program writes the settings, or only reads them and then changes no file.
+/// Whether a program may write the settings; a program that only reads them changes no file.
 enum class SettingsUse { readAndWrite, readOnly };
 
 } // namespace voltmere

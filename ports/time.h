@@ -37,9 +37,9 @@ public:
 
     virtual LocalTime localTime(Instant instant) const = 0;
 
-    /// The instant at which the clock shows `time`, at second 0. A time that summer time skips is
-    /// moved by the skipped span, and one that comes twice is the first of the two; nothing when
-    /// the calendar has no such instant.
+    /// The instant at which the clock shows `time`, at second 0. A time that summer time skips
+    /// moves by the skipped span; of a time that comes twice the first counts. Nothing when the
+    /// calendar has no such instant.
     virtual std::optional<Instant> instantOf(const LocalTime& time) const = 0;
 
     /// The same clock time on the next day.
@@ -54,8 +54,8 @@ public:
 
 /// The main thread's event loop and the threads beside it.
 ///
-/// Timers count the time during which the machine sleeps: one that fell due meanwhile fires right
-/// after, once. Everything but `postToMain` belongs to the main thread.
+/// Timers count the time during which the machine sleeps: a timer that fell due meanwhile fires
+/// once right after the sleep. Everything but `postToMain` belongs to the main thread.
 class RunLoop {
 public:
     using Action = std::function<void()>;
@@ -69,13 +69,13 @@ public:
     /// is destroyed. Missed periods are not made up for.
     virtual std::unique_ptr<Timer> scheduleRepeating(Seconds interval, Action action) = 0;
 
-    /// Runs `action` once after `delay`, without a handle to take that back.
+    /// Runs `action` once after `delay`, without a handle to cancel it.
     virtual void postLater(Seconds delay, Action action) = 0;
 
     /// Runs `action` on the main thread soon. May be called from any thread.
     virtual void postToMain(Action action) = 0;
 
-    /// Runs `work` on a thread of its own, so that work which hangs holds no other work up.
+    /// Runs `work` on a thread of its own, so that hanging work delays no other work.
     virtual void runInBackground(Action work) = 0;
 };
 

@@ -21,11 +21,11 @@ std::tm brokenDown(Instant instant)
 }
 
 /// The second that `time` names when summer time counts as `summerTime` says (1 yes, -1 unknown);
-/// nothing when there is none. Puts the fields of `time` in order.
+/// nothing when there is no such second. Normalises the fields of `time`.
 std::optional<std::time_t> secondOf(std::tm& time, int summerTime)
 {
     time.tm_isdst = summerTime;
-    // The result -1 is also a valid second, so only a day of the week that mktime filled in tells.
+    // The result -1 is also a valid second; only the day of the week shows whether mktime failed.
     time.tm_wday = -1;
     const std::time_t second = std::mktime(&time);
     return time.tm_wday < 0 ? std::nullopt : std::optional(second);
@@ -40,8 +40,8 @@ std::optional<std::time_t> secondShowing(const std::tm& wanted, int summerTime)
     return shown ? second : std::nullopt;
 }
 
-/// The instant of a local time. Where the clock is set back, a time comes twice, and mktime left to
-/// itself takes the one nearer to what it was asked before: the first is taken here, always.
+/// The instant of a local time. Where the clock is set back, a time comes twice, and mktime's
+/// choice depends on its earlier calls; this always takes the first.
 std::optional<Instant> made(const std::tm& wanted)
 {
     std::tm moved = wanted;

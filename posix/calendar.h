@@ -10,7 +10,7 @@ public:
     Instant now() const override { return std::chrono::system_clock::now(); }
 };
 
-/// The calendar and zone of the C library, asked anew each time so that a change of zone is seen.
+/// The calendar and zone of the C library, read anew at each call to notice a change of zone.
 class PosixCalendar : public Calendar {
 public:
     LocalTime localTime(Instant instant) const override;

@@ -33,14 +33,13 @@ bool openPipe(int (&ends)[2])
     if (::pipe2(ends, O_CLOEXEC) != 0) {
         return false;
     }
-    // The most that a user without privileges may ask for by default. Where an administrator
-    // lowered it, the pipe keeps its usual 64 KiB.
+    // The default limit for users without privileges. Where an administrator lowered the limit,
+    // the pipe keeps its usual 64 KiB.
     ::fcntl(ends[1], F_SETPIPE_SZ, 1 << 20);
     return true;
 }
 #else
-// A child that another thread starts in between is kept from the pipe by
-// POSIX_SPAWN_CLOEXEC_DEFAULT.
+// POSIX_SPAWN_CLOEXEC_DEFAULT keeps the pipe from a child that another thread starts in between.
 bool openPipe(int (&ends)[2])
 {
     return ::pipe(ends) == 0 && ::fcntl(ends[0], F_SETFD, FD_CLOEXEC) == 0 &&
@@ -48,8 +47,8 @@ bool openPipe(int (&ends)[2])
 }
 #endif
 
-/// A pipe that holds as much unread data as the system lets this user have; without ends if it
-/// cannot be opened.
+/// A pipe with the largest buffer that the system allows this user; without ends if the system
+/// refuses a pipe.
 Pipe openLargePipe()
 {
     int ends[2] = {-1, -1};
@@ -107,7 +106,7 @@ public:
     posix_spawnattr_t attributes{};
 };
 
-/// The form in which the system takes a list of texts. It never writes to them.
+/// A list of texts in the form of argv. The system never writes to the texts.
 std::vector<char*> pointersTo(const std::vector<std::string>& texts)
 {
     std::vector<char*> pointers;
@@ -118,7 +117,7 @@ std::vector<char*> pointersTo(const std::vector<std::string>& texts)
 }
 
 /// Waits until the child, the leader of its group, has exited, and reaps it. A child that is still
-/// running after `limit` is killed with its group: then the answer is false.
+/// running after `limit` is killed with its group, and the result is false.
 bool exitsWithin(std::chrono::milliseconds limit, pid_t pid)
 {
     constexpr std::chrono::milliseconds interval(5);
@@ -137,7 +136,7 @@ bool exitsWithin(std::chrono::milliseconds limit, pid_t pid)
     return false;
 }
 
-/// What is in the pipe at this moment. Does not wait for anyone who still holds its write end.
+/// The present content of the pipe. Does not wait for a process that still holds the write end.
 std::string readAvailable(const Pipe& pipe)
 {
     std::string output;

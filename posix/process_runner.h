@@ -11,10 +11,11 @@ namespace voltmere {
 
 /// Runs programs with posix_spawn, each in a process group of its own.
 ///
-/// The child is waited for first and its output is read afterwards, so the output must fit into the
-/// pipe. A child that is still running at the limit is killed with its group, and of what it wrote
-/// the part before its last line feed counts: the rest may be cut anywhere. Only what is in the
-/// pipe after the exit is read: a grandchild that keeps the pipe open holds nobody up.
+/// The runner waits for the child first and reads its output afterwards, so the output must fit
+/// into the pipe. A child that is still running at the limit is killed with its group; only its
+/// output before the last line feed counts, since the rest may be cut anywhere. A grandchild that
+/// keeps the pipe open delays nothing: the runner reads only the bytes that are there after the
+/// exit.
 class PosixProcessRunner : public ProcessRunner {
 public:
     /// Copies the environment for every child, since the main thread changes it while readings

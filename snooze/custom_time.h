@@ -24,11 +24,11 @@ PopUp<std::int64_t> hourPopUp(std::int64_t present);
 /// Every fifth minute of an hour in two digits, `present` selected.
 PopUp<std::int64_t> minutePopUp(std::int64_t present);
 
-/// What the row shows at first: one hour from now, the minute rounded down to a step.
+/// The row's initial time: one hour from now, the minute rounded down to a step.
 ClockTime preselectedTime(Instant now, const Calendar& calendar);
 
-/// The time from `now` until the clock next shows `time`: today when that lies ahead, else
-/// tomorrow. One hour when the calendar has no such time.
+/// The time from `now` until the clock next shows `time`: today when `time` lies ahead,
+/// else tomorrow. One hour when the calendar has no such time.
 Seconds untilNext(const ClockTime& time, Instant now, const Calendar& calendar);
 
 } // namespace voltmere

@@ -11,7 +11,7 @@
 
 namespace voltmere {
 
-/// One fixed choice of when to be reminded again.
+/// One fixed delay after which the snooze alert can come back.
 struct SnoozeOption {
     std::string_view labelKey;
     Seconds delay;
@@ -47,8 +47,8 @@ constexpr int height()
 }
 } // namespace alertGeometry
 
-/// What the snooze alert says of `devices` in the current language: the low ones when `isLow` is
-/// true, else all that are known, possibly none.
+/// The snooze alert's content for `devices` in the current language: the low devices when `isLow`
+/// is true, else all known devices, if any.
 AlertContent makeAlertContent(const std::vector<BatteryDevice>& devices, bool isLow,
                               const ClockTime& preselected);
 

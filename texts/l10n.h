@@ -30,7 +30,7 @@ std::optional<AppLanguage> appLanguage(std::string_view raw);
 
 /// Every text that a person sees, looked up by a dotted key in the Chinese or the English table.
 ///
-/// The choice of language is one for the whole process and belongs to the main thread. Nothing is
+/// The whole process has one choice of language, which belongs to the main thread. Nothing is
 /// cached: a change of `setting` takes effect at the next lookup.
 class L10n {
 public:
@@ -39,14 +39,14 @@ public:
     /// The raw value of the current AppLanguage. Any other text counts as "system".
     static std::string setting;
 
-    /// Where "system" finds the user's languages. Without a call, the user asked for none.
-    /// `languages` must outlive every lookup; null takes it away again.
+    /// The source of the user's languages for "system". Without a call the list is empty.
+    /// `languages` must outlive every lookup; null removes it.
     static void usePreferredLanguages(const PreferredLanguages* languages);
 
-    /// The text stored under "language"; "system" when there is none.
+    /// The text stored under "language"; "system" when no text is stored.
     static std::string storedSetting(const DefaultsStore& defaults);
 
-    /// Takes `setting` from what is stored.
+    /// Sets `setting` to the stored choice.
     static void loadSetting(const DefaultsStore& defaults);
 
     /// The text for `key` in the current language; an unknown key is its own text.

@@ -14,8 +14,8 @@ bool endsLineOrControls(char32_t c)
     return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029;
 }
 
-/// Whether nobody sees the character, or it turns the reading direction. U+200C, U+200D and U+FE0F
-/// are none of these: scripts and emoji need them.
+/// Whether the character is invisible or turns the reading direction. U+200C, U+200D and U+FE0F
+/// do not count: scripts and emoji need them.
 bool isUnseen(char32_t c)
 {
     const auto within = [c](char32_t first, char32_t last) { return c >= first && c <= last; };
@@ -41,7 +41,7 @@ std::string escape(char32_t c)
 std::string plainText(std::string_view text)
 {
     std::string plain;
-    bool blank = false; // the text so far ends with one that stands for control characters
+    bool blank = false; // the text so far ends with a blank that replaced control characters
     while (!text.empty()) {
         const Utf8Scalar scalar = firstScalar(text);
         if (scalar.length == 0) {

@@ -7,7 +7,7 @@ namespace voltmere {
 
 namespace {
 
-/// What a lead byte promises: how many bytes follow it, and the least value that needs as many.
+/// The meaning of a lead byte: how many bytes follow, and the least value that needs that many.
 struct Lead {
     std::size_t following;
     char32_t bits;

@@ -17,7 +17,7 @@ Utf8Scalar firstScalar(std::string_view text);
 /// Whether all of `text` is valid UTF-8.
 bool isValidUtf8(std::string_view text);
 
-/// `text` with U+FFFD in place of every byte that is no part of valid UTF-8.
+/// `text` with U+FFFD in place of every byte outside valid UTF-8.
 std::string toValidUtf8(std::string_view text);
 
 } // namespace voltmere

@@ -11,7 +11,7 @@
 
 namespace voltmere {
 
-/// The level that the icon shows. A picture is drawn anew only when this differs.
+/// The level that the icon shows. The icon is drawn anew only when the level differs.
 struct IconLevel {
     std::int64_t percent; ///< as reported: neither clamped nor checked
     bool low;             ///< at or below the threshold, so shown in red
@@ -23,7 +23,7 @@ struct IconLevel {
 std::optional<IconLevel> iconLevel(const std::vector<BatteryDevice>& devices,
                                    std::int64_t threshold);
 
-/// What the icon says.
+/// The icon's texts.
 struct IconTexts {
     std::vector<std::string> devices; ///< name and level of each device
     std::string toolTip;              ///< the program's name and each device on lines of their own
@@ -37,7 +37,7 @@ struct IconTexts {
 /// The texts in the present language, with `devices` in their order.
 IconTexts iconTexts(const std::vector<BatteryDevice>& devices);
 
-/// How much room a text takes, in points.
+/// The size of a text, in points.
 struct TextSize {
     double width;
     double height;

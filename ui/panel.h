@@ -39,13 +39,13 @@ struct Toggle {
     bool operator==(const Toggle&) const = default;
 };
 
-/// What the panel shows, from top to bottom; each row from left to right. A front end turns it into
-/// controls and gives the model what a person chooses.
+/// The panel's content from top to bottom, each row from left to right. A front end turns it into
+/// controls and passes the user's choices to the model.
 struct PanelContent {
     std::string applicationName;
 
     std::vector<DeviceRow> devices;
-    std::string emptySymbol; ///< with the text beside it, a row in place of missing devices
+    std::string emptySymbol; ///< with the text beside it, the row that replaces missing devices
     std::string emptyText;
 
     std::string warnBelow;

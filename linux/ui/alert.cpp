@@ -30,7 +30,7 @@ constexpr int widestLabel = 420;
 constexpr int colonSpacing = 3;    // on both sides
 constexpr int confirmPadding = 10; // on both sides of its title
 
-/// `text` in at most `width`: cut within its name, or at its end where it has none.
+/// `text` in at most `width`: cut within its name, or at its end where it has no name.
 QString cutToFit(const NamedText& text, const QFontMetricsF& metrics, qreal width)
 {
     const QString whole = asQt(text.whole());
@@ -43,8 +43,8 @@ QString cutToFit(const NamedText& text, const QFontMetricsF& metrics, qreal widt
     return before + metrics.elidedText(asQt(text.name), Qt::ElideMiddle, room) + after;
 }
 
-/// A centred line of plain text, as wide as the text, up to the width at which the alert stops
-/// growing. The whole of a text that is cut stays as tooltip and accessible name.
+/// A centred line of plain text, as wide as the text up to the alert's greatest width. A text that
+/// is cut stays whole as tooltip and accessible name.
 QLabel* makeAlertLabel(const NamedText& text, const QFont& font, QWidget* parent)
 {
     auto* const label = new QLabel(parent);
@@ -83,8 +83,8 @@ HoverButton* makeConfirmButton(const QString& title, const QFont& font)
     return button;
 }
 
-/// Holds the window while it is on screen. A window that is taken off the screen by one of its own
-/// controls is still on the call stack, so it is deleted from the event loop.
+/// Holds the window while it is on screen. A window that its own control closes is still on the
+/// call stack, so the event loop deletes it.
 class WindowAlert : public Alert {
 public:
     explicit WindowAlert(SnoozeAlertWindow* window)

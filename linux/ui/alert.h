@@ -31,9 +31,9 @@ private:
     HoverButton* confirm;
 };
 
-/// The snooze alert on screen: the application's icon, what is low, four fixed choices, a row for a
-/// clock time, and Cancel. It stays on top and is not modal. Escape and the window's close button
-/// do what Cancel does.
+/// The snooze alert on screen: the application's icon, the low devices, four fixed choices, a row
+/// for a clock time, and Cancel. It stays on top and is not modal. Escape and the window's close
+/// button cancel too.
 class SnoozeAlertWindow : public QDialog {
 public:
     SnoozeAlertWindow(const AlertContent& content, AlertActions actions,
@@ -42,7 +42,7 @@ public:
     /// Puts the window on screen, centred, in front and with the keyboard.
     void present(const Pointer& pointer, RunLoop& runLoop);
 
-    /// Takes the window off the screen and ends what runs only while it is there.
+    /// Takes the window off the screen and stops the hover poller.
     void orderOut();
 
     void bringToFront();
@@ -73,7 +73,7 @@ private:
     std::unique_ptr<HoverPoller> hoverPoller;
 };
 
-/// Shows snooze alerts as windows of this program. What it is given must outlive it and its alerts.
+/// Shows snooze alerts as windows of this program. The arguments must outlive it and its alerts.
 class SnoozeAlertPresenter : public AlertPresenter {
 public:
     SnoozeAlertPresenter(const Appearance& appearance, const Pointer& pointer, RunLoop& runLoop);

@@ -75,7 +75,7 @@ std::optional<DrawnImage> AppIconAsset::appImage(int side)
 
 QIcon AppIconAsset::windowIcon()
 {
-    constexpr int side = 48; // pixels; desktops scale it to what they need
+    constexpr int side = 48; // pixels; desktops scale it as needed
     const auto image = appImage(side);
     return image ? QIcon(image->pixmap(1.0)) : QIcon();
 }

@@ -12,7 +12,7 @@ namespace voltmere {
 /// The icons that stand for the program: the small one of the menu bar, and the application's.
 class AppIconAsset {
 public:
-    /// The menu-bar icon, 20 by 20 points. Built on first use and kept; there always is one.
+    /// The menu-bar icon, 20 by 20 points. Built on first use and kept; never empty.
     static const DrawnImage& statusImage();
 
     /// The application icon as a square of `side` points; nothing where the program has none.
@@ -22,7 +22,7 @@ public:
     static QIcon windowIcon();
 
     /// statusImage() from the files of `directory`: StatusIcon.png or else StatusIcon.svg, then
-    /// AppIcon.svg, then `applicationIcon`, which may be null and then draws nothing.
+    /// AppIcon.svg, then `applicationIcon`; a null icon draws nothing.
     static DrawnImage statusImageFrom(const QString& directory, const QIcon& applicationIcon);
 
     /// appImage() from AppIcon.svg of `directory`.

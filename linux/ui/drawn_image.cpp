@@ -9,8 +9,8 @@ namespace voltmere {
 
 namespace {
 
-/// The shape of the SVG file in `colour`. A bitmap of its own, since the tint must not reach what
-/// is already on the painter that the symbol ends up on.
+/// The shape of the SVG file in `colour`. It has a bitmap of its own, since the tint must not reach
+/// the earlier content of the destination.
 QImage tintedBitmap(const QString& file, int pixels, const QColor& colour)
 {
     QImage bitmap(pixels, pixels, QImage::Format_ARGB32_Premultiplied);

@@ -33,7 +33,7 @@ struct DrawnImage {
 int pixelWidth(const QPainter& painter, const QRectF& destination);
 
 /// The symbol of that name, such as "magicmouse", in one colour, as a square of `side` points.
-/// Nothing for a name that no symbol has.
+/// Nothing for an unknown name.
 std::optional<DrawnImage> symbolImage(const QString& name, int side, const QColor& colour);
 
 } // namespace voltmere

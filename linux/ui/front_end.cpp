@@ -24,7 +24,7 @@ void QtApplication::activate()
             window->activateWindow();
         }
     }
-    // A token counts for one activation. Qt clears the one that it used, and uses none on X11.
+    // A token counts for one activation. Qt clears a token after use, but uses no token on X11.
     activationToken::drop();
 }
 
@@ -39,11 +39,11 @@ std::optional<PointerPosition> QtPointer::position() const
 
 namespace {
 
-/// At login the panel of the desktop may start after the programs. Later than this there is none.
+/// At login the desktop's tray may start after the program, which waits for it this long.
 constexpr Seconds longestTrayStart{15};
 
-/// Qt keeps every picture that an icon was ever asked for, up to this limit, by default 10 MiB. The
-/// icon is drawn anew at each reading, so a small limit is what the old pictures may take.
+/// Qt keeps every picture of an icon up to this limit, by default 10 MiB. The program draws the
+/// icon anew at each reading, so a small limit bounds the old pictures.
 constexpr int pictureCacheLimit = 256; // KiB
 
 /// The icon as soon as there is a tray, and the panel: beside the icon, or as a window where no
@@ -96,8 +96,7 @@ private:
     void followAppearance() const
     {
         applyPalette(appearance.bestMatch());
-        // The desktop's own palette may have changed before the scheme was known: red differs
-        // still.
+        // The palette may have changed before the scheme was known, but the red still differs.
         for (QWidget* const window : QApplication::topLevelWidgets()) {
             QEvent change(QEvent::PaletteChange);
             QApplication::sendEvent(window, &change);

@@ -19,13 +19,13 @@ constexpr double largestCornerRadius = 6; // points
 constexpr int leastPopUpWidth = 52;       // points
 constexpr int titleMargin = 8;            // points that a style may keep free before a title
 
-/// A title comes from a table of texts, so its "&" is no mnemonic.
+/// A title comes from a table of texts, so "&" must not mark a mnemonic.
 QString literalTitle(QString title)
 {
     return title.replace('&', "&&");
 }
 
-/// A rectangle holds its left and upper edge and not the other two, where the next pixel begins.
+/// A rectangle includes its left and upper edges only; the next pixel begins at the others.
 bool holds(const QWidget& view, const QPointF& onScreen)
 {
     const QPointF point = view.mapFromGlobal(onScreen);

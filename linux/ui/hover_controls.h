@@ -14,7 +14,8 @@
 
 namespace voltmere {
 
-/// What a control does. The control holds it weakly, so whoever wires the two keeps it alive.
+/// The action of a control. The control holds it weakly; the code that connects them keeps it
+/// alive.
 class ActionTarget : public std::enable_shared_from_this<ActionTarget> {
 public:
     explicit ActionTarget(std::function<void()> action)
@@ -22,7 +23,7 @@ public:
     {
     }
 
-    /// Runs the action, and stays alive while it runs, whoever lets go of it there.
+    /// Runs the action, and stays alive meanwhile even if the action drops the last owner.
     void fire() const
     {
         const auto self = shared_from_this();
@@ -41,8 +42,8 @@ public:
     virtual void setHovering(bool hovering) = 0;
 };
 
-/// A push button whose pressed look can be put on without pressing it. It is never the window's
-/// default: the Return key presses it only while it has the focus.
+/// A push button that can look pressed without a press. It is never the window's default: the
+/// Return key presses it only while it has the focus.
 class HighlightButton : public QPushButton {
 public:
     explicit HighlightButton(const QString& title);
@@ -76,7 +77,7 @@ private:
 };
 
 /// A pop-up button that a translucent rounded overlay covers while the pointer is over it. It is 52
-/// points wide, or as wide as its widest title needs in the style at hand.
+/// points wide, or wider where its widest title needs more.
 class HoverPopUpButton : public SettingPicker, public HoverHighlighting {
 public:
     explicit HoverPopUpButton(QWidget* parent = nullptr);
@@ -95,7 +96,7 @@ private:
     bool hovering = false;
 };
 
-/// Lights up a button that is not its own, as long as that exists.
+/// Lights up another control's button, while that button exists.
 class NativeButtonHover : public HoverHighlighting {
 public:
     explicit NativeButtonHover(HighlightButton* button);
@@ -107,13 +108,13 @@ private:
 };
 
 /// Tells the controls of a window, about eight times a second, whether the pointer is over them.
-/// Where the pointer cannot be asked for, there is no timer: the controls' own enter and leave
-/// events tell them.
+/// Where the desktop hides the pointer there is no timer; the controls use their own enter and
+/// leave events.
 class HoverPoller : public QObject {
 public:
     static constexpr Seconds interval{0.12};
 
-    /// A control and what lights up for it; often the two are the same. Both must outlive the
+    /// A control and the object that lights up for it, often the same. Both must outlive the
     /// poller.
     struct Item {
         QWidget* view;
@@ -123,7 +124,7 @@ public:
     /// Starts at once.
     HoverPoller(QWidget* window, std::vector<Item> items, const Pointer& pointer, RunLoop& runLoop);
 
-    /// Ends the polling and takes every highlight away. There is no way back.
+    /// Ends the polling for good and removes every highlight.
     void stop();
 
 protected:

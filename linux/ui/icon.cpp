@@ -14,9 +14,9 @@ QString menuText(QString text, MenuPainter painter)
     if (painter == MenuPainter::toolkit) {
         return text.replace('&', "&&");
     }
-    // Hosts read "_" before a letter as Qt reads "&", and Qt turns the first "&", no other, into a
-    // "_" for them. So a blank without width takes that one. Some hosts drop "__" from an entry
-    // that has a marked letter: where a text has both, its "&" are of the wide form.
+    // Tray hosts read "_" before a letter as a mnemonic, and Qt sends them its first "&" as "_".
+    // Here the first "&" marks a blank without width instead of a letter. Some hosts drop "__" from
+    // an entry with a mnemonic: a text with both characters gets full-width "&".
     static const QString taken = QStringLiteral("&\u200B");
     if (text.contains('_')) {
         return text.replace('&', QChar(0xFF06)).replace('_', "__");
@@ -42,8 +42,8 @@ StatusLabel::StatusLabel(BatteryModel& model, Actions givenActions)
 
 void StatusLabel::redraw()
 {
-    // Whatever is set is sent to the desktop, which then asks for all of the icon, and a menu that
-    // is open must not change under the pointer. Most redraws change nothing of either.
+    // Qt sends each set value to the desktop, which then fetches the whole icon, and an open menu
+    // must not change under the pointer. Most redraws change neither.
     const auto level = iconLevel(model.devices, model.threshold);
     if (icon.icon().isNull() || level != shownLevel) {
         shownLevel = level;
@@ -59,7 +59,7 @@ void StatusLabel::redraw()
 
 void StatusLabel::fillMenu(const IconTexts& texts)
 {
-    // The menu is native where the desktop takes it over D-Bus.
+    // Where the desktop reads the menu over D-Bus, it draws the menu itself.
     const MenuPainter painter =
         menu.platformMenu() == nullptr ? MenuPainter::toolkit : MenuPainter::trayHost;
     const auto entry = [painter](const std::string& text) { return menuText(asQt(text), painter); };

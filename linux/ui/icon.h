@@ -14,7 +14,7 @@
 
 namespace voltmere {
 
-/// Who draws a context menu of the icon.
+/// The process that draws the icon's context menu.
 enum class MenuPainter {
     toolkit,  ///< this process
     trayHost, ///< the host of the tray, which gets the menu over D-Bus (com.canonical.dbusmenu)
@@ -28,7 +28,7 @@ QString menuText(QString text, MenuPainter painter);
 /// show no tooltip.
 class StatusLabel : public QObject {
 public:
-    /// What the icon does. The place of the icon on the desktop is empty where it is not known.
+    /// The icon's actions. Their argument is the icon's place on the desktop; empty where unknown.
     struct Actions {
         std::function<void(const QRect& icon)> toggle; ///< a click
         std::function<void(const QRect& icon)> open;
@@ -38,7 +38,7 @@ public:
     /// Puts the icon into the tray, which must be there.
     StatusLabel(BatteryModel& model, Actions actions);
 
-    /// Where the icon is on the desktop; empty where that is not known.
+    /// The icon's place on the desktop; empty where unknown.
     QRect place() const { return icon.geometry(); }
 
 private:

@@ -1,5 +1,5 @@
-// The program with the windows. "voltmere" has read the command line already and starts this one
-// for what needs them.
+// The program with the windows. "voltmere" reads the command line first and starts this program for
+// each command that needs windows.
 
 #include "app/command_line.h"
 #include "app/version.h"

@@ -57,7 +57,7 @@ QLabel* makePlainLabel(const char* objectName, QWidget* parent)
     return label;
 }
 
-/// One row for each peripheral, or one that says that there are none.
+/// One row for each peripheral, or one row that reports no peripherals.
 class DeviceList : public QWidget {
 public:
     DeviceList(const std::string& emptySymbol, QWidget* parent)
@@ -77,7 +77,7 @@ public:
     {
         emptyText->setText(asQt(content.emptyText));
         emptyRow->setVisible(content.devices.empty());
-        // A row that says the same as before stays: assistive technology may be reading it.
+        // An unchanged row stays: assistive technology may be reading it.
         if (content.devices != shown) {
             rebuild(content.devices);
         }
@@ -143,7 +143,7 @@ ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
     column->addStrut(panelGeometry::width - 2 * padding);
     column->setSizeConstraint(QLayout::SetFixedSize);
 
-    // The order in which the controls are made is that of the Tab key and of a screen reader.
+    // The order of construction is the order of the Tab key and of a screen reader.
     using Content = PanelContent;
     column->addWidget(makeHeader());
     column->addWidget(new Divider(this));
@@ -268,7 +268,7 @@ QCheckBox* ContentView::makeToggle(const char* objectName, Toggle PanelContent::
 {
     auto* const box = new QCheckBox(this);
     box->setObjectName(objectName);
-    // Assistive technology toggles without a click, and so does a redraw, which must not write.
+    // Assistive technology toggles without a click. So does a redraw, which must not write.
     connect(box, &QCheckBox::toggled, this, [&setting](bool checked) {
         if (checked != setting) {
             setting = checked;

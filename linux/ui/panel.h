@@ -19,9 +19,9 @@ namespace voltmere {
 
 class SettingPicker;
 
-/// The panel that opens from the menu-bar icon. It draws what `panelContent` says and hands choices
-/// to the model. It changes the model only when a person does something, and keeps nothing of its
-/// own, so it is built when the panel opens and destroyed when it closes.
+/// The panel that opens from the menu-bar icon. It draws `panelContent` and passes the
+/// user's choices to the model, which it never changes otherwise. It keeps no state of its own, so
+/// it is built when the panel opens and destroyed when it closes.
 ///
 /// It is 320 points wide, more where the user's font needs it, and always exactly as high as its
 /// rows. When it first appears it asks for a fresh reading. Escape closes its window.

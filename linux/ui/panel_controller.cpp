@@ -20,8 +20,8 @@ namespace voltmere {
 
 namespace {
 
-/// A click on the icon takes the keyboard from the panel, which closes it, before the click itself
-/// arrives. A click so soon after is that same one: it means "close".
+/// A click on the icon takes the keyboard from the panel, which closes the panel before the click
+/// arrives. A click within this time of such a close is the same click and means "close".
 constexpr std::chrono::milliseconds sameClick(300);
 
 constexpr Qt::WindowFlags panelFlags =
@@ -44,16 +44,16 @@ QAccessibleInterface* makeWindowInterface(const QString& /*className*/, QObject*
     return asked ? new QAccessibleWidget(widget, QAccessible::Window) : nullptr;
 }
 
-/// Has assistive technology take a widget for a window. It would else be a mere container, at which
-/// a screen reader stays silent when it opens.
+/// Makes a widget a window for assistive technology. A screen reader stays silent when a mere
+/// container opens.
 void announceAsWindow(QWidget& widget)
 {
     widget.setProperty(windowProperty, true);
     QAccessible::installFactory(&makeWindowInterface); // once, however often it is asked
 }
 
-/// The position nearest to `wanted` at which a span of `length` lies between `low` and `high`. One
-/// that is too long begins at `low`.
+/// The position nearest to `wanted` at which a span of `length` lies between `low` and `high`. A
+/// longer span begins at `low`.
 int fitted(int wanted, int length, int low, int high)
 {
     return std::max(low, std::min(wanted, high - length + 1));

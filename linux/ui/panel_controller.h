@@ -20,8 +20,8 @@ class QLabel;
 namespace voltmere {
 
 /// Where a panel of `size` opens for the icon or pointer at `anchor`: centred below it, or above
-/// it where it stands in the lower half, and inside `workArea` as far as that is large enough. All
-/// in points of one screen.
+/// an anchor in the lower half, and inside `workArea` as far as that is large enough. All in points
+/// of one screen.
 QPoint placePanel(const QRect& anchor, const QSize& size, const QRect& workArea);
 
 /// The panel as an ordinary window, on a desktop without a tray: below its content it says how to
@@ -31,7 +31,7 @@ public:
     NoTrayPanel(BatteryModel& model, std::unique_ptr<QWidget> content);
 
 protected:
-    /// Tells the content of a change of colours that only this window was told of.
+    /// Passes a change of colours that reached only this window on to the content.
     void changeEvent(QEvent* event) override;
 
 private:
@@ -53,14 +53,14 @@ public:
                              std::function<Uptime()> uptime = &std::chrono::steady_clock::now);
     ~PanelController() override;
 
-    /// A click on the icon at `icon`, empty where its place is not known.
+    /// A click on the icon at `icon`; empty where its place is unknown.
     void toggle(const QRect& icon);
 
     /// Opens the panel, or brings the open one to the front.
     void open(const QRect& icon = {});
 
-    /// From now on the panel opens as an ordinary window, for a desktop that has no icon to open it
-    /// from: it stays open until a person closes it. A panel of the icon that is open closes.
+    /// From now on the panel opens as an ordinary window, for a desktop without a place for the
+    /// icon, and stays open until the user closes it. An open panel of the icon closes.
     void setOrdinaryWindow(bool ordinary);
     bool isOrdinaryWindow() const { return ordinaryWindow; }
 

@@ -45,8 +45,8 @@ QVariant unwrapped(QVariant value)
 PortalAppearance::PortalAppearance()
     : startingScheme(schemeOf(QGuiApplication::palette()))
 {
-    // A signal is connected by the names of its types, and the bus library makes this one known
-    // with its first message only.
+    // Qt connects a signal by the names of its types, and its bus library registers this type only
+    // with the first message.
     qRegisterMetaType<QDBusVariant>();
     QDBusConnection::sessionBus().connect(
         busNames::desktopPortal, portalPath, settingsInterface, QStringLiteral("SettingChanged"),

@@ -8,9 +8,9 @@ class QDBusVariant;
 
 namespace voltmere {
 
-/// The desktop's colour scheme as the settings portal tells it; where it does not, or has no
-/// preference, that of the palette with which the program started. Never waits for the portal: the
-/// answer arrives as a change. Source: XDG desktop portal, org.freedesktop.portal.Settings, key
+/// The desktop's colour scheme from the settings portal. Without an answer or a preference the
+/// scheme of the palette at start counts. Never waits for the portal: the answer arrives as a
+/// change. Source: XDG desktop portal, org.freedesktop.portal.Settings, key
 /// org.freedesktop.appearance color-scheme (0 no preference, 1 dark, 2 light).
 class PortalAppearance : public QObject, public Appearance {
     Q_OBJECT

@@ -16,14 +16,14 @@ namespace voltmere {
 
 namespace {
 
-/// What Qt says while it starts. Qt has threads of its own, which may speak too.
+/// Qt's messages while it starts. Qt's own threads may send messages too.
 struct Said {
     std::mutex mutex;
     QString firstWarning;
     std::string lines;
 };
 
-/// Qt hands its messages to a plain function, so their place is known without an argument.
+/// Qt passes its messages to a plain function, which finds their store here.
 Said& said()
 {
     static Said instance;
@@ -54,7 +54,7 @@ void listen(QtMsgType type, const QMessageLogContext& context, const QString& te
         std::_Exit(exitStatus::cannotRun);
     }
     const std::string line = qFormatLogMessage(type, context, text).toStdString() + '\n';
-    if (type == QtDebugMsg) { // asked for by a developer, and no complaint
+    if (type == QtDebugMsg) { // a developer asked for it; not a complaint
         std::fputs(line.c_str(), stderr);
         return;
     }

@@ -9,7 +9,7 @@
 namespace voltmere {
 
 /// Redraws a view once per turn of the event loop, however many properties of the model changed in
-/// it. A change is announced before its value is stored, so the redraw comes afterwards.
+/// it. The model announces a change before it stores the value, so the redraw comes afterwards.
 class RedrawScheduler {
 public:
     RedrawScheduler(ChangeAnnouncer& announcer, std::function<void()> redraw);

@@ -35,7 +35,7 @@ public:
     ColourScheme scheme = ColourScheme::light;
 };
 
-/// The program without a desktop: one reading, settings that nobody keeps, no outside effects.
+/// The program without a desktop: one reading, settings in memory, no outside effects.
 class Studio {
 public:
     explicit Studio(const CommandLine& commandLine)
@@ -127,7 +127,7 @@ void drawPanel(Studio& studio, const QString& suffix, Album& album)
     album.add("panel-" + suffix, panel.grab().toImage());
 }
 
-/// One of the forms that the snooze alert takes.
+/// One form of the snooze alert.
 struct AlertSample {
     QString name;
     std::vector<BatteryDevice> devices;
@@ -136,7 +136,7 @@ struct AlertSample {
 
 std::vector<AlertSample> alertSamples()
 {
-    // An order that no known kind of device has makes the alert list a device by its name.
+    // With an unknown kind of device the alert shows the device's name.
     constexpr std::int64_t otherKind = 3;
     const BatteryDevice mouse{803, "Magic Mouse", 12, "magicmouse", 0};
     const BatteryDevice keyboard{805, "Magic Keyboard", 8, "keyboard", 1};

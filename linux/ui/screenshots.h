@@ -4,9 +4,9 @@
 
 namespace voltmere {
 
-/// Draws what the program shows for one reading, in both languages, light and dark, to PNG files in
-/// the directory that the command line names, which is made when it is missing. Needs a Qt
-/// application on the offscreen platform. Returns the exit status.
+/// Draws the icon, the panel and the snooze alert for one reading, in both languages, light and
+/// dark, to PNG files in the directory of the command line. Makes that directory if it is missing.
+/// Needs a Qt application on the offscreen platform. Returns the exit status.
 int drawScreenshots(const CommandLine& commandLine);
 
 } // namespace voltmere

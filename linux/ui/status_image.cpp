@@ -72,14 +72,14 @@ QPainterPath drawnLine(QChar character)
     return drawing.at(character == '-' ? QString("minus") : QString("digit-") + character);
 }
 
-/// Where a character stands, and how thick its stems are. In pixels.
+/// The place of a character and the thickness of its stems, in pixels.
 struct Cell {
     QRect bounds;
     int stem = 1;
 };
 
-/// The middle of the character's stems in `cell`. The drawing says where the lines are; here the
-/// two outer stems and the three bars come to stand on whole pixels.
+/// The middle of the character's stems in `cell`. Moves the drawing's two outer stems and three
+/// bars to whole pixels.
 QPainterPath centreLine(QChar character, const Cell& cell)
 {
     // In the drawing.
@@ -168,8 +168,7 @@ QPainterPath numberOutline(std::int64_t number, const QRect& area)
 
 namespace {
 
-/// The system font. Its size is given in pixels: the painter's are points, whatever the density of
-/// the screen.
+/// The system font. Its size is in pixels, since the painter's units are points on every screen.
 QFont labelFont()
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
@@ -213,7 +212,7 @@ PlateColours coloursFor(bool low)
                : PlateColours{{0x1B, 0x3C, 0x5A}, {0x36, 0xD6, 0x93}};
 }
 
-/// Where the parts stand, in whole pixels.
+/// The places of the parts, in whole pixels.
 struct TrayLayout {
     QRect plate;
     QRect number;
@@ -231,8 +230,8 @@ TrayLayout layoutFor(int side)
             QRect(barInset, barTop, side - 2 * barInset, barHeight)};
 }
 
-/// The left part of the bar that stands for `level` percent: at least a trace of it for any charge,
-/// and never more than all of it.
+/// The left part of the bar for `level` percent: at least a trace for any charge, at most the whole
+/// bar.
 QRect filledPart(const QRect& bar, std::int64_t level)
 {
     const auto percent = static_cast<int>(std::clamp<std::int64_t>(level, 0, 100));

@@ -18,11 +18,10 @@ namespace voltmere {
 
 /// The outline of `number` in decimal digits, as high as `area` and centred in its width, both in
 /// pixels. resources/digits.svg has the digits' form. The stems stand on whole pixels, so that the
-/// digits stay sharp at 16 pixels, where those of a font blur; and they look the same whatever
-/// fonts there are.
+/// digits stay sharp at 16 pixels, where a font blurs. They look the same with any fonts.
 QPainterPath numberOutline(std::int64_t number, const QRect& area);
 
-/// The picture for a menu bar.
+/// The icon for a menu bar.
 class StatusImage {
 public:
     /// The status icon with the level of the weakest of `devices`, which stand in display order:
@@ -31,13 +30,13 @@ public:
                            std::optional<ColourScheme> appearance);
 };
 
-/// The picture for the square slots of a Linux tray, `side` pixels wide and high: the number of the
+/// The icon for the square slots of a Linux tray, `side` pixels wide and high: the number of the
 /// level on a plate, with a bar for the level below it; the plate is red for a low level. With no
-/// level, the status icon. The plate is there since a panel's colour cannot be known: the number
-/// stands out against the plate, whatever is behind it.
+/// level, the status icon. The program cannot know a panel's colour: the number stands out
+/// against the plate on any panel.
 QImage trayImage(const std::optional<IconLevel>& level, int side);
 
-/// That picture in the sizes of usual panels, in pixels, at one and two pixels to a point.
+/// The tray's icon in the sizes of usual panels, in pixels, at one and two pixels to a point.
 QIcon makeTrayIcon(const std::optional<IconLevel>& level);
 
 } // namespace voltmere

@@ -7,7 +7,7 @@ namespace voltmere {
 
 namespace {
 
-/// The colours that a scheme is made of.
+/// The colours of a scheme.
 struct Colours {
     QColor window;
     QColor button;
@@ -81,8 +81,8 @@ bool isDark(const QPalette& palette)
         palette.color(QPalette::Active, QPalette::Window).lightness();
 }
 
-/// The colour between text and background that has `weight` of the text's, in an active window: a
-/// window is asked before it becomes active, and some themes have pale texts until then.
+/// The mix of text and background colour with `weight` of the text's, as in an active window: the
+/// caller asks before the window becomes active, and some themes have pale texts until then.
 QColor blended(const QPalette& palette, qreal weight)
 {
     const QColor text = palette.color(QPalette::Active, QPalette::WindowText);

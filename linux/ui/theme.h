@@ -19,11 +19,11 @@ QColor systemRed(std::optional<ColourScheme> scheme);
 /// The program's own colours for a light or a dark desktop; light where the desktop has no scheme.
 QPalette paletteFor(std::optional<ColourScheme> scheme);
 
-/// Gives the application the colours of `scheme` where the ones it has are not of that scheme: Qt
-/// without a theme for the desktop is always light. Colours that fit, the desktop's own, stay.
+/// Gives the application the colours of `scheme` where its own are of another scheme: Qt without a
+/// theme for the desktop is always light. Colours of the desktop that fit the scheme stay.
 void applyPalette(std::optional<ColourScheme> scheme);
 
-/// For text that stands back behind the main text, on the window's background.
+/// For secondary text on the window's background.
 QColor secondaryTextColour(const QPalette& palette);
 
 /// For the thin lines between groups, on the window's background.

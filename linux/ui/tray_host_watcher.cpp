@@ -38,7 +38,7 @@ xcb_window_t rootWindow(xcb_connection_t* connection)
     return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
 }
 
-/// Asks for the messages that a tray sends to the root window, beside what Qt asked for already.
+/// Subscribes to a tray's messages to the root window, beside Qt's own subscriptions.
 void listenToRoot(xcb_connection_t* connection)
 {
     const xcb_window_t root = rootWindow(connection);

@@ -12,7 +12,7 @@ namespace voltmere {
 /// the owner of the X selection _NET_SYSTEM_TRAY_S0.
 ///
 /// Qt decides between the two once, at the first use of QSystemTrayIcon, and an icon made before
-/// any host is there never shows. So the icon must not be made before this says so.
+/// any host exists never shows. So the program makes the icon only after this class reports a host.
 /// Sources: StatusNotifierItem specification (org.kde.StatusNotifierWatcher); System Tray Protocol
 /// specification (the MANAGER message).
 class TrayHostWatcher : public QObject, private QAbstractNativeEventFilter {

@@ -34,7 +34,7 @@ void ElidedLabel::setFullText(const QString& text)
 {
     fullText = text;
     setAccessibleName(text);
-    // Without a description of its own, the tooltip's markup would be read out.
+    // Without a description a screen reader would read the tooltip's markup.
     setAccessibleDescription(text);
     setLayoutDirection(text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     setAlignment(Qt::AlignLeft | Qt::AlignAbsolute | Qt::AlignVCenter);

@@ -19,20 +19,20 @@ class QTextLayout;
 
 namespace voltmere {
 
-// The small views that the panel and the snooze alert are made of.
+// The small views of the panel and the snooze alert.
 
-/// A text that is fit to be shown, as Qt takes it.
+/// A cleaned text in Qt's form.
 inline QString asQt(const std::string& text)
 {
     return QString::fromStdString(text);
 }
 
-/// A tooltip that shows `text` as it stands. A tooltip is otherwise read as markup when it looks
-/// like it.
+/// A tooltip that shows `text` as it stands. Otherwise Qt reads a tooltip that looks like markup as
+/// markup.
 QString plainToolTip(const QString& text);
 
-/// One line of plain text that takes whatever width there is. A text that is too long is cut in the
-/// middle; its whole stays the accessible name, and is shown as the tooltip.
+/// One line of plain text in the available width. A text that is too long is cut in the middle and
+/// stays whole as accessible name and tooltip.
 class ElidedLabel : public QLabel {
 public:
     explicit ElidedLabel(QWidget* parent);
@@ -49,7 +49,7 @@ private:
     QString fullText;
 };
 
-/// Plain text over as many lines as it needs in the width there is. Unlike a QLabel it also breaks
+/// Plain text over as many lines as the available width needs. Unlike a QLabel it also breaks
 /// within a word that is longer than a line, so that nothing is cut off.
 class WrappingLabel : public QLabel {
 public:
@@ -75,8 +75,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 };
 
-/// Shows a square image at the resolution of the screen that it is on, and in the text's colour
-/// where the image takes one. Stays empty where there is no image.
+/// Shows a square image at the resolution of its screen, in the text's colour where the image has
+/// no colours of its own. Stays empty without an image.
 class PictureView : public QWidget {
 public:
     using Picture = std::function<std::optional<DrawnImage>(const QColor& textColour)>;
@@ -91,28 +91,28 @@ private:
     Picture picture;
 };
 
-/// A choice among fixed values. It reports what a person chooses and nothing else: not what the
-/// program selects, and not a wheel that passes over it.
+/// A choice among fixed values. It reports the user's choices only: no selection by the program,
+/// and no turn of the mouse wheel.
 class SettingPicker : public QComboBox {
 public:
     explicit SettingPicker(QWidget* parent);
 
-    /// Offers and selects what `popUp` says, which always has the same number of choices.
+    /// Takes the titles and the selection of `popUp`, which must keep its number of choices.
     template<typename Value>
     void present(const PopUp<Value>& popUp)
     {
         present(popUp.titles, popUp.selected);
     }
 
-    /// Tells assistive technology what the picker is for: by its accessible name and, where a
-    /// picker's name is taken to be its selection (Qt on Linux), by a hidden label that belongs to
-    /// it. The picker must already be among its siblings.
+    /// Tells assistive technology the picker's purpose: by its accessible name and, since Qt on
+    /// Linux reports the selection as a picker's name, by a hidden label that belongs to it. The
+    /// picker must already be among its siblings.
     void setName(const QString& name);
 
     /// The selected choice, counted from 0. There must be one.
     std::size_t choice() const { return static_cast<std::size_t>(currentIndex()); }
 
-    /// Calls `action` whenever a person chooses, also the selected choice again.
+    /// Calls `action` at each choice of the user, also of the selected choice.
     void onChoice(std::function<void(std::size_t choice)> action);
 
 private:

@@ -144,7 +144,7 @@ struct TimedChoice {
 class TimedChoiceTest : public NotificationDelegateTest,
                         public testing::WithParamInterface<TimedChoice> { };
 
-TEST_P(TimedChoiceTest, AddsOneReminderAfterItsDelayAndThenCompletesOnce)
+TEST_P(TimedChoiceTest, AddsOneNotificationAfterItsDelayAndThenCompletesOnce)
 {
     EXPECT_EQ(respond(GetParam().action), 1);
 
@@ -177,7 +177,7 @@ TEST_F(NotificationDelegateTest, ChoosingSnooze60AddsExactlyOneRequestOf3600Seco
     EXPECT_EQ(centre.requests[0].delay, Seconds(3600));
 }
 
-TEST_F(NotificationDelegateTest, TheReminderSpeaksTheLanguageOfTheMoment)
+TEST_F(NotificationDelegateTest, TheDelayedNotificationSpeaksTheLanguageOfTheMoment)
 {
     L10n::setting = "zh";
     respond("SNOOZE_20");
@@ -186,7 +186,7 @@ TEST_F(NotificationDelegateTest, TheReminderSpeaksTheLanguageOfTheMoment)
     EXPECT_EQ(centre.requests.at(0).content.body, "这是稍后提醒：请给鼠标充电。");
 }
 
-TEST_F(NotificationDelegateTest, EachReminderHasAnIdentifierOfItsOwn)
+TEST_F(NotificationDelegateTest, EachDelayedNotificationHasAnIdentifierOfItsOwn)
 {
     respond("SNOOZE_20");
     respond("SNOOZE_20");

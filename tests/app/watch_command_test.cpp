@@ -191,7 +191,7 @@ TEST_F(WatchCommandTest, AskedToEndItEnds)
     EXPECT_TRUE(ends());
 }
 
-TEST_F(WatchCommandTest, NeverReminds)
+TEST_F(WatchCommandTest, NeverAlerts)
 {
     makeTools();
     PrivateBus bus;

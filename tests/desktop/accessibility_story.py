@@ -16,7 +16,7 @@ class Accessibility(Story):
         self.program = self.start()
         self.program.wait_for_alert()
 
-    def test_reminder(self):
+    def test_alert(self):
         alert = self.program.alert()
         self.assert_speaks(alert)
         self.assert_tab_reaches_everything()

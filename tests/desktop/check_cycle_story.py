@@ -18,7 +18,7 @@ class CheckCycle(Story):
         program.wait_for_lines("Mouse of Ann 50%")
         return program
 
-    def test_daily_check_reminds_in_its_minute(self):
+    def test_daily_check_alerts_in_its_minute(self):
         self.write_settings(hour=10, minute=4, enabled=True, instant=False)
         rate = 30
         before = time.monotonic()
@@ -38,20 +38,20 @@ class CheckCycle(Story):
         program.wait_for_lines("Mouse of Ann 9%")
         self.assertIsNone(program.alert())
 
-    def test_refresh_reminds_once_per_low_episode(self):
+    def test_refresh_alerts_once_per_low_episode(self):
         self.write_settings(enabled=False)
         program = self.start_at_ten(100)
         self.sysfs.set_level(MOUSE_ADDRESS, 20)
-        self.assert_reminder(program, 20)
+        self.assert_alert(program, 20)
         for quiet in (9, 21):
             self.sysfs.set_level(MOUSE_ADDRESS, quiet)
             program.wait_for_lines(f"Mouse of Ann {quiet}%")
             self.assertIsNone(program.alert())
         self.sysfs.set_level(MOUSE_ADDRESS, 19)
-        self.assert_reminder(program, 19)
+        self.assert_alert(program, 19)
         self.assertEqual(program.instant_alerts(), ["Mouse of Ann 20%", "Mouse of Ann 19%"])
 
-    def assert_reminder(self, program, level):
+    def assert_alert(self, program, level):
         alert = program.wait_for_alert(LATEST)
         self.assertEqual(alert.description, f"Battery at {level}%. Please charge.")
         program.answer_alert("Cancel")

@@ -10,13 +10,13 @@ from story import Story, tell
 from virtual_desktop.processes import wait_until
 
 RATE = 60  # 20 minutes in 20 seconds
-REMINDER = "Magic Mouse battery alert|Snoozed reminder: please charge your mouse."
+DELAYED = "Magic Mouse battery alert|Snoozed reminder: please charge your mouse."
 
 
 class NotificationAction(Story):
     host = None
 
-    def test_action_schedules_one_reminder_and_it_arrives(self):
+    def test_action_schedules_one_notification_and_it_arrives(self):
         shown = self.desktop.start_notifications()
         output = self.home / "driver.log"
         with open(output, "wb") as log:
@@ -32,8 +32,8 @@ class NotificationAction(Story):
         delayed = self.home / "state/voltmere/notifications.json"
         pending = delayed.read_text()
         self.assertEqual(pending.count('"snooze-'), 1, pending)
-        wait_until(lambda: len(shown.read_text().splitlines()) == 2, "the reminder", 60)
-        self.assertEqual(shown.read_text().splitlines()[1], REMINDER)
+        wait_until(lambda: len(shown.read_text().splitlines()) == 2, "the delayed notification", 60)
+        self.assertEqual(shown.read_text().splitlines()[1], DELAYED)
         self.assertNotIn("snooze-", delayed.read_text())
         lines = output.read_text().splitlines()
         self.assertEqual(lines.count("response SNOOZE_20"), 1, lines)

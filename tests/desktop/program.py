@@ -69,7 +69,7 @@ class Program:
         return json.loads(self.settings_file.read_text())
 
     def instant_alerts(self):
-        """The lines of its log that tell of immediate reminders, without their heading."""
+        """The lines of its log that tell of immediate alerts, without their heading."""
         heading = "Voltmere: 立即提醒 "
         return [line.partition(heading)[2] for line in self.log() if heading in line]
 
@@ -102,7 +102,7 @@ class Program:
         return next((window for window in self.windows() if window.name in TITLES), None)
 
     def wait_for_alert(self, seconds=20.0):
-        return wait_until(self.alert, "the reminder", seconds)
+        return wait_until(self.alert, "the snooze alert", seconds)
 
     def wait_for_panel(self, holds=lambda panel: True, what="the panel",
                        seconds=20.0):
@@ -165,7 +165,7 @@ class Program:
 
     def answer_alert(self, choice):
         self.press(self.wait_for_alert(), "push button", choice)
-        wait_until(lambda: self.alert() is None, "the end of the reminder")
+        wait_until(lambda: self.alert() is None, "the end of the snooze alert")
 
     def tab_to(self, role, name, key="Tab"):
         """Presses Tab until a control has the keyboard, known by its name or its label. Returns how

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Ten hours in two minutes: levels fall and rise, and the reminders are those that the rules give.
+"""Ten hours in two minutes: levels fall and rise, and the alerts are those that the rules give.
 
 At this speed a minute is a fifth of a second, so the minute of the daily check may be missed. It is
 left off here; check_cycle_story.py has it. The refresh every five minutes does the work.
@@ -22,23 +22,23 @@ LARGEST_GROWTH = 512  # KiB
 
 
 class Rules:
-    """When to remind, in the words of the manual: once when a level falls to the threshold, and
+    """When to alert, in the words of the manual: once when a level falls to the threshold, and
     again only after it was above."""
 
     def __init__(self, levels):
         self.levels = dict(levels)
-        self.reminded = set()
+        self.alerted = set()
         self.lines = []
 
     def change(self, address, level):
-        """What the reminder says of the next reading, or nothing if there is none."""
+        """The title and detail of the alert for the next reading; nothing without an alert."""
         self.levels[address] = level
         if level > THRESHOLD:
-            self.reminded.discard(address)
+            self.alerted.discard(address)
             return None
-        if address in self.reminded:
+        if address in self.alerted:
             return None
-        self.reminded.add(address)
+        self.alerted.add(address)
         self.lines.append(f"{NAMES[address]} {level}%")
         return f"{NAMES[address]} battery alert", f"Battery at {level}%. Please charge."
 
@@ -47,7 +47,7 @@ class Rules:
 
 
 class TenHours(Story):
-    def test_reminders_are_those_of_the_rules_and_nothing_grows(self):
+    def test_alerts_are_those_of_the_rules_and_nothing_grows(self):
         self.write_settings(enabled=False)
         levels = {MOUSE_ADDRESS: 90, KEYBOARD_ADDRESS: 60, TRACKPAD_ADDRESS: 35}
         self.add_mouse(90)
@@ -67,7 +67,7 @@ class TenHours(Story):
         wait_until(lambda: self.descriptors() <= descriptors, "the end of a reading")
         self.assertEqual(children_of(self.program.process.pid), [])
         growth = [now - before for now, before in zip(self.memory(), memory)]
-        print(f"\n{len(self.rules.lines)} reminders; memory after the first hour (resident, private "
+        print(f"\n{len(self.rules.lines)} alerts; memory after the first hour (resident, private "
               f"dirty): {memory} KiB, grown by {growth} KiB; {descriptors} descriptors")
         self.assertLessEqual(max(growth), LARGEST_GROWTH)
         self.assertEqual(self.program.end(), ASKED_TO_END)
@@ -76,13 +76,13 @@ class TenHours(Story):
         while time.monotonic() < end:
             address = self.script.choice(list(NAMES))
             level = self.next_level(self.rules.levels[address])
-            reminder = self.rules.change(address, level)
+            expected = self.rules.change(address, level)
             self.sysfs.set_level(address, level)
             self.program.wait_for_lines(*self.rules.tooltip())
-            # The reading that changed the tooltip has raised its reminder before.
-            if reminder:
+            # The reading that changed the tooltip has raised its alert before.
+            if expected:
                 alert = self.program.wait_for_alert()
-                self.assertEqual((alert.name, alert.description), reminder)
+                self.assertEqual((alert.name, alert.description), expected)
                 self.program.answer_alert("Cancel")
             self.program.wait_for_no_window()
 

@@ -9,7 +9,7 @@
 
 namespace voltmere {
 
-/// Keeps every reminder that was put on screen, so that a test can look at it and press its
+/// Keeps every snooze alert that was put on screen, so that a test can look at it and press its
 /// buttons.
 class FakeAlertPresenter : public AlertPresenter {
 public:
@@ -30,7 +30,7 @@ public:
         return std::make_unique<Handle>(alert);
     }
 
-    /// The reminders so far, the latest last.
+    /// The alerts so far, the latest last.
     std::vector<std::shared_ptr<Shown>> shown;
 
 private:

@@ -681,7 +681,7 @@ TEST_F(DelayedNotificationsTest, SeveralComeInTheOrderOfTheirTimes)
     EXPECT_THAT(shownTitles(), ElementsAre("First", "Second", "Third"));
 }
 
-TEST_F(DelayedNotificationsTest, AFileThatCannotBeWrittenStillRemindsInThisRun)
+TEST_F(DelayedNotificationsTest, AFileThatCannotBeWrittenStillNotifiesInThisRun)
 {
     writeFile(state / "voltmere", "not a directory");
     centre->add(delayed("Later", 1200));

@@ -12,7 +12,7 @@ namespace voltmere {
 /// The model over readings that the test counts and finishes.
 class CheckCycleTest : public testing::Test {
 protected:
-    /// Starts the model with a low mouse, whose reminder every full check brings up again, and
+    /// Starts the model with a low mouse, whose alert every full check brings up again, and
     /// takes the first check.
     BatteryModel& startWithLowMouse()
     {
@@ -48,7 +48,7 @@ protected:
         work();
     }
 
-    /// Hides the reminder, so that the next one is a new one.
+    /// Hides the alert, so that the next check raises a new one.
     void dismissAlert() { world.alerts.shown.back()->actions.cancel(); }
 
     ModelWorld world;

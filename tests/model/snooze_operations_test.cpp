@@ -21,8 +21,8 @@ constexpr std::size_t in120 = 3;
 
 class SnoozeOperationsTest : public testing::Test {
 protected:
-    /// Starts the model with a mouse at 12 %, whose reminder is then on screen. Immediate
-    /// reminders and the daily check are off, so that nothing but a snooze brings another.
+    /// Starts the model with a mouse at 12 %, whose alert is then on screen. Immediate alerts
+    /// and the daily check are off, so that nothing but a snooze brings another.
     BatteryModel& startWithAlert()
     {
         world.setLevels({{803, 12}});
@@ -44,7 +44,7 @@ protected:
     ModelWorld world;
 };
 
-TEST_F(SnoozeOperationsTest, AReminderShowsTheDevicesItIsGivenAndThePreselectedTime)
+TEST_F(SnoozeOperationsTest, AnAlertShowsTheDevicesItIsGivenAndThePreselectedTime)
 {
     world.setClock(14, 37);
     BatteryModel& model = world.start();
@@ -98,7 +98,7 @@ TEST_F(SnoozeOperationsTest, TheTestButtonWithNoDevicesSaysThatNoneWereFound)
     EXPECT_EQ(alert().content.detail, "No peripherals found");
 }
 
-TEST_F(SnoozeOperationsTest, AVisibleReminderIsBroughtToTheFrontAndStillShowsTheFirstDevices)
+TEST_F(SnoozeOperationsTest, AVisibleAlertIsBroughtToTheFrontAndStillShowsTheFirstDevices)
 {
     BatteryModel& model = startWithAlert();
     const AlertContent first = alert().content;
@@ -112,7 +112,7 @@ TEST_F(SnoozeOperationsTest, AVisibleReminderIsBroughtToTheFrontAndStillShowsThe
     EXPECT_TRUE(alert().visible);
 }
 
-TEST_F(SnoozeOperationsTest, CancelHidesTheReminderAndSchedulesNothing)
+TEST_F(SnoozeOperationsTest, CancelHidesTheAlertAndSchedulesNothing)
 {
     startWithAlert();
     const std::size_t timersBefore = world.runLoop.timerCount();
@@ -125,7 +125,7 @@ TEST_F(SnoozeOperationsTest, CancelHidesTheReminderAndSchedulesNothing)
     EXPECT_EQ(alertCount(), 1U);
 }
 
-TEST_F(SnoozeOperationsTest, AfterCancelANewReminderIsBuilt)
+TEST_F(SnoozeOperationsTest, AfterCancelANewAlertIsBuilt)
 {
     BatteryModel& model = startWithAlert();
     alert().actions.cancel();
@@ -143,7 +143,7 @@ TEST_F(SnoozeOperationsTest, AfterCancelANewReminderIsBuilt)
 class SnoozeOptionChoiceTest : public SnoozeOperationsTest,
                                public testing::WithParamInterface<std::pair<std::size_t, int>> { };
 
-TEST_P(SnoozeOptionChoiceTest, HidesTheReminderAndBringsAFreshOneAfterItsDelay)
+TEST_P(SnoozeOptionChoiceTest, HidesTheAlertAndBringsAFreshOneAfterItsDelay)
 {
     const auto [option, delay] = GetParam();
     startWithAlert();
@@ -166,7 +166,7 @@ INSTANTIATE_TEST_SUITE_P(Options, SnoozeOptionChoiceTest,
                          testing::Values(std::pair(in20, 1200), std::pair(in30, 1800),
                                          std::pair(in60, 3600), std::pair(in120, 7200)));
 
-TEST_F(SnoozeOperationsTest, AnOptionHidesTheReminderBeforeItSchedules)
+TEST_F(SnoozeOperationsTest, AnOptionHidesTheAlertBeforeItSchedules)
 {
     startWithAlert();
     const std::size_t timersBefore = world.runLoop.timerCount();
@@ -226,7 +226,7 @@ TEST_F(SnoozeOperationsTest, CancelDoesNotCancelAPendingSnooze)
     EXPECT_EQ(alertCount(), 3U);
 }
 
-TEST_F(SnoozeOperationsTest, ANewReminderDoesNotCancelAPendingSnoozeWhichThenBringsItToTheFront)
+TEST_F(SnoozeOperationsTest, ANewAlertDoesNotCancelAPendingSnoozeWhichThenBringsItToTheFront)
 {
     startWithAlert();
     alert().actions.chooseOption(in30);
@@ -365,7 +365,7 @@ TEST_F(SnoozeOperationsTest, ASnoozeThatFiresBeforeLaunchHasFinishedWaits)
     EXPECT_EQ(alertCount(), 2U);
 }
 
-TEST_F(SnoozeOperationsTest, AReminderBeforeLaunchHasFinishedIsTriedAgainEvery1200Milliseconds)
+TEST_F(SnoozeOperationsTest, AnAlertBeforeLaunchHasFinishedIsTriedAgainEvery1200Milliseconds)
 {
     BatteryModel& model = world.start();
     world.runLoop.settle();
@@ -381,7 +381,7 @@ TEST_F(SnoozeOperationsTest, AReminderBeforeLaunchHasFinishedIsTriedAgainEvery12
     EXPECT_EQ(alertCount(), 1U);
 }
 
-TEST_F(SnoozeOperationsTest, ChoosingALaterTimeTodayRemindsThenLessTheSecondsElapsed)
+TEST_F(SnoozeOperationsTest, ChoosingALaterTimeTodayAlertsThenLessTheSecondsElapsed)
 {
     world.setClock(9, 10, 25);
     startWithAlert();
@@ -395,7 +395,7 @@ TEST_F(SnoozeOperationsTest, ChoosingALaterTimeTodayRemindsThenLessTheSecondsEla
     EXPECT_EQ(alertCount(), 2U);
 }
 
-TEST_F(SnoozeOperationsTest, ChoosingTheCurrentMinuteRemindsTomorrow)
+TEST_F(SnoozeOperationsTest, ChoosingTheCurrentMinuteAlertsTomorrow)
 {
     world.setClock(9, 10, 25);
     startWithAlert();
@@ -408,7 +408,7 @@ TEST_F(SnoozeOperationsTest, ChoosingTheCurrentMinuteRemindsTomorrow)
     EXPECT_EQ(alertCount(), 2U);
 }
 
-TEST_F(SnoozeOperationsTest, ChoosingAnEarlierTimeRemindsTomorrow)
+TEST_F(SnoozeOperationsTest, ChoosingAnEarlierTimeAlertsTomorrow)
 {
     world.setClock(9, 10);
     startWithAlert();
@@ -477,7 +477,7 @@ TEST_F(SnoozeOperationsTest, SchedulingTheCustomTimeUsesTheStoredHourAndMinute)
     EXPECT_EQ(alertCount(), 2U);
 }
 
-TEST_F(SnoozeOperationsTest, ACalendarWithoutSuchATimeRemindsInOneHour)
+TEST_F(SnoozeOperationsTest, ACalendarWithoutSuchATimeAlertsInOneHour)
 {
     startWithAlert();
     world.calendar.hasNoInstants = true;
@@ -490,7 +490,7 @@ TEST_F(SnoozeOperationsTest, ACalendarWithoutSuchATimeRemindsInOneHour)
     EXPECT_EQ(alertCount(), 2U);
 }
 
-TEST_F(SnoozeOperationsTest, AChoiceOfAReminderThatIsHiddenAlreadyStillSchedules)
+TEST_F(SnoozeOperationsTest, AChoiceOfAnAlertThatIsHiddenAlreadyStillSchedules)
 {
     startWithAlert();
     const AlertActions actions = alert().actions;

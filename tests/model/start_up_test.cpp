@@ -40,7 +40,7 @@ TEST_F(StartUpTest, TheModelDoesNotSettleTheLaunchItself)
     EXPECT_FALSE(BatteryModel::launchSettled);
 }
 
-TEST_F(StartUpTest, ModelFirstALowDeviceShowsNoReminderBeforeLaunchHasFinished)
+TEST_F(StartUpTest, ModelFirstALowDeviceShowsNoAlertBeforeLaunchHasFinished)
 {
     world.setLevels({{803, 10}});
     const BatteryModel& model = world.start();
@@ -50,7 +50,7 @@ TEST_F(StartUpTest, ModelFirstALowDeviceShowsNoReminderBeforeLaunchHasFinished)
     EXPECT_THAT(world.alerts.shown, IsEmpty());
 }
 
-TEST_F(StartUpTest, ModelFirstTheReminderAppearsOnceLaunchHasFinished)
+TEST_F(StartUpTest, ModelFirstTheAlertAppearsOnceLaunchHasFinished)
 {
     world.setLevels({{803, 10}});
     world.start();
@@ -67,7 +67,7 @@ TEST_F(StartUpTest, ModelFirstTheReminderAppearsOnceLaunchHasFinished)
     EXPECT_EQ(world.alerts.shown.front()->broughtToFront, 0);
 }
 
-TEST_F(StartUpTest, DelegateFirstTheReminderAppearsWithTheFirstResult)
+TEST_F(StartUpTest, DelegateFirstTheAlertAppearsWithTheFirstResult)
 {
     world.setLevels({{803, 10}});
     finishLaunching();
@@ -102,7 +102,7 @@ TEST_F(StartUpTest, TheRetryComesEvery1200Milliseconds)
     EXPECT_THAT(world.alerts.shown, SizeIs(1));
 }
 
-TEST_F(StartUpTest, OneReminderWaitsAsOneRetryAtATime)
+TEST_F(StartUpTest, OneAlertWaitsAsOneRetryAtATime)
 {
     world.setLevels({{803, 10}});
     world.start();
@@ -142,7 +142,7 @@ TEST_F(StartUpTest, TheRetryPreselectsTheTimeAtWhichItShows)
     EXPECT_EQ(world.alerts.shown.front()->content.minute.selected, 1U);
 }
 
-TEST_F(StartUpTest, EveryReminderWaitsForLaunchToFinish)
+TEST_F(StartUpTest, EveryAlertWaitsForLaunchToFinish)
 {
     BatteryModel& model = world.start();
     advance(0.5);
@@ -156,7 +156,7 @@ TEST_F(StartUpTest, EveryReminderWaitsForLaunchToFinish)
     EXPECT_EQ(world.alerts.shown.front()->content.detail, "No peripherals found");
 }
 
-TEST_F(StartUpTest, TwoRemindersThatWaitedShowTheFirstAndBringItToTheFront)
+TEST_F(StartUpTest, TwoAlertsThatWaitedShowTheFirstAndBringItToTheFront)
 {
     world.setLevels({{803, 10}});
     BatteryModel& model = world.start();

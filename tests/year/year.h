@@ -55,7 +55,7 @@ struct View {
     bool launchAtLogin = false;
     std::int64_t customHour = 0;
     std::int64_t customMinute = 0;
-    bool reminderVisible = false;
+    bool alertVisible = false;
     std::set<std::string> saved; ///< "key=value" of each stored setting
     std::string actionTitle;     ///< of the first notification action that is registered
     std::vector<Event> events;   ///< since the last look
@@ -87,8 +87,8 @@ public:
     virtual void setLoginService(LoginService behaviour) = 0;
     virtual void setLaunchAtLogin(bool value) = 0;
     virtual void showPanel() = 0;
-    virtual void testReminder() = 0;
-    virtual void cancelReminder() = 0;
+    virtual void testAlert() = 0;
+    virtual void cancelAlert() = 0;
     virtual void chooseOption(std::size_t option) = 0;
     virtual void chooseTime(int hour, int minute) = 0;
 

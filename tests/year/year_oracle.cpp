@@ -278,7 +278,7 @@ void YearOracle::judge(const std::vector<BatteryDevice>& reading, bool alert, bo
     if (!alert) {
         happened("log Voltmere: 立即提醒 " + nameList(concerned, ", "));
     }
-    remind(concerned, true);
+    showAlert(concerned, true);
 }
 
 void YearOracle::tellStatus()
@@ -290,27 +290,27 @@ void YearOracle::tellStatus()
     view.status = low.empty() ? text().normal : text().lowDetail + nameList(low, text().separator);
 }
 
-void YearOracle::remind(const std::vector<BatteryDevice>& devices, bool low)
+void YearOracle::showAlert(const std::vector<BatteryDevice>& devices, bool low)
 {
     if (!settled) {
-        wait(1200, false, [=, this] { remind(devices, low); });
+        wait(1200, false, [=, this] { showAlert(devices, low); });
         return;
     }
-    if (view.reminderVisible) {
-        happened("reminder in front");
+    if (view.alertVisible) {
+        happened("alert in front");
         return;
     }
     const Local later = localAt(*zone, now + hour);
-    happened("reminder " + titleFor(devices, low, text()) + "|" + detailFor(devices, low, text()) +
+    happened("alert " + titleFor(devices, low, text()) + "|" + detailFor(devices, low, text()) +
              (low ? "|red|" : "|plain|") + std::to_string(later.hour) + ":" +
              std::to_string(later.minute / 5 * 5));
-    view.reminderVisible = true;
+    view.alertVisible = true;
 }
 
-void YearOracle::remindOfPresent()
+void YearOracle::alertOfPresent()
 {
     const auto low = lowOnes();
-    remind(low.empty() ? view.devices : low, !low.empty());
+    showAlert(low.empty() ? view.devices : low, !low.empty());
 }
 
 void YearOracle::snooze(Millis span)
@@ -318,7 +318,7 @@ void YearOracle::snooze(Millis span)
     if (snoozeTimer) {
         cancel(*snoozeTimer);
     }
-    snoozeTimer = wait(span, false, [this] { remindOfPresent(); });
+    snoozeTimer = wait(span, false, [this] { alertOfPresent(); });
 }
 
 void YearOracle::setThreshold(std::int64_t value)
@@ -397,20 +397,20 @@ void YearOracle::showPanel()
     read(true, false, false);
 }
 
-void YearOracle::testReminder()
+void YearOracle::testAlert()
 {
-    remindOfPresent();
+    alertOfPresent();
 }
 
 void YearOracle::chooseOption(std::size_t option)
 {
-    view.reminderVisible = false;
+    view.alertVisible = false;
     snooze(std::vector<Millis>{20, 30, 60, 120}.at(option) * minute);
 }
 
 void YearOracle::chooseTime(int hourOfDay, int minuteOfHour)
 {
-    view.reminderVisible = false;
+    view.alertVisible = false;
     view.customHour = hourOfDay;
     view.customMinute = minuteOfHour;
     snooze(untilNext(*zone, now, hourOfDay, minuteOfHour));

@@ -29,15 +29,15 @@ public:
     void setLoginService(LoginService behaviour) override { loginService = behaviour; }
     void setLaunchAtLogin(bool value) override;
     void showPanel() override;
-    void testReminder() override;
-    void cancelReminder() override { view.reminderVisible = false; }
+    void testAlert() override;
+    void cancelAlert() override { view.alertVisible = false; }
     void chooseOption(std::size_t option) override;
     void chooseTime(int hour, int minute) override;
     View look() override;
 
     /// What the script needs to aim at something: the wait until the daily check's minute begins.
     Millis untilCheck() const;
-    bool reminderIsVisible() const { return view.reminderVisible; }
+    bool alertIsVisible() const { return view.alertVisible; }
 
 private:
     /// A timer. What is due at the same moment fires in the order in which it was set.
@@ -59,8 +59,8 @@ private:
     void judge(const std::vector<BatteryDevice>& reading, bool alert, bool mayAlertAtOnce);
     std::vector<BatteryDevice> lowOnes() const;
     void tellStatus();
-    void remind(const std::vector<BatteryDevice>& devices, bool low);
-    void remindOfPresent();
+    void showAlert(const std::vector<BatteryDevice>& devices, bool low);
+    void alertOfPresent();
     void snooze(Millis span);
     void mirrorLogin();
     void save();

@@ -63,7 +63,7 @@ std::ostream& operator<<(std::ostream& out, const View& view)
         << (view.instantEnabled ? ", at once" : "") << ", last " << view.lastChecked.value_or(-1)
         << ", status " << view.status << ", language " << view.language
         << (view.launchAtLogin ? ", at login" : "") << ", custom " << view.customHour << ":"
-        << view.customMinute << (view.reminderVisible ? ", reminder" : "") << ", action "
+        << view.customMinute << (view.alertVisible ? ", alert" : "") << ", action "
         << view.actionTitle << "\nsaved";
     for (const std::string& setting : view.saved) {
         out << " " << setting;
@@ -96,7 +96,7 @@ YearProgram::YearProgram(const Beginning& beginning)
         world.clock);
     model = std::make_unique<BatteryModel>(
         ModelServices{world.defaults, world.runLoop, world.clock, calendar, world.loginItems,
-                      world.notifications, world.notificationDelegate, reminders, log, reader});
+                      world.notifications, world.notificationDelegate, alerts, log, reader});
     world.runLoop.settle();
 }
 
@@ -106,15 +106,15 @@ std::vector<BatteryEntry> YearProgram::Levels::readEntries()
     return owner.world.batteries.entries;
 }
 
-std::unique_ptr<Alert> YearProgram::Reminders::present(AlertContent content, AlertActions given)
+std::unique_ptr<Alert> YearProgram::Alerts::present(AlertContent content, AlertActions given)
 {
-    owner.happened("reminder " + content.title.whole() + "|" + content.detail +
+    owner.happened("alert " + content.title.whole() + "|" + content.detail +
                    (content.detailIsRed ? "|red|" : "|plain|") +
                    std::to_string(content.hour.values.at(*content.hour.selected)) + ":" +
                    std::to_string(content.minute.values.at(*content.minute.selected)));
     actions = std::move(given);
     visible = std::make_shared<bool>(true);
-    return std::make_unique<NotedAlert>(visible, [this] { owner.happened("reminder in front"); });
+    return std::make_unique<NotedAlert>(visible, [this] { owner.happened("alert in front"); });
 }
 
 void YearProgram::settleLaunch()
@@ -213,26 +213,26 @@ void YearProgram::showPanel()
     world.runLoop.settle();
 }
 
-void YearProgram::testReminder()
+void YearProgram::testAlert()
 {
     const AlertPayload payload = model->alertPayload();
     model->showSnoozeAlert(payload.devices, payload.isLow);
 }
 
-void YearProgram::cancelReminder()
+void YearProgram::cancelAlert()
 {
-    reminders.actions.cancel();
+    alerts.actions.cancel();
 }
 
 void YearProgram::chooseOption(std::size_t option)
 {
-    const auto choose = reminders.actions.chooseOption;
+    const auto choose = alerts.actions.chooseOption;
     choose(option);
 }
 
 void YearProgram::chooseTime(int hour, int minute)
 {
-    const auto choose = reminders.actions.chooseTime;
+    const auto choose = alerts.actions.chooseTime;
     choose(hour, minute);
 }
 
@@ -253,7 +253,7 @@ View YearProgram::look()
     view.launchAtLogin = model->launchAtLogin;
     view.customHour = model->customHour;
     view.customMinute = model->customMinute;
-    view.reminderVisible = *reminders.visible;
+    view.alertVisible = *alerts.visible;
     view.saved = storedIn(world.defaults);
     if (!world.notifications.categories.empty()) {
         view.actionTitle = world.notifications.categories[0].actions[0].title;

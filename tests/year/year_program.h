@@ -28,8 +28,8 @@ public:
     void setLoginService(LoginService behaviour) override;
     void setLaunchAtLogin(bool value) override;
     void showPanel() override;
-    void testReminder() override;
-    void cancelReminder() override;
+    void testAlert() override;
+    void cancelAlert() override;
     void chooseOption(std::size_t option) override;
     void chooseTime(int hour, int minute) override;
     View look() override;
@@ -49,10 +49,10 @@ private:
         YearProgram& owner;
     };
 
-    /// Notes every reminder, and every time that one is brought to the front.
-    class Reminders : public AlertPresenter {
+    /// Notes every snooze alert, and each time that an alert comes to the front.
+    class Alerts : public AlertPresenter {
     public:
-        explicit Reminders(YearProgram& owner)
+        explicit Alerts(YearProgram& owner)
             : owner(owner)
         {
         }
@@ -89,7 +89,7 @@ private:
     FakePreferredLanguages languages;
     PosixCalendar calendar;
     Levels levels{*this};
-    Reminders reminders{*this};
+    Alerts alerts{*this};
     Log log{*this};
     std::vector<Event> events;
     std::unique_ptr<BatteryModel> model;

@@ -64,8 +64,8 @@ YearScript::Action YearScript::nextAction(const YearOracle& oracle)
         }
         return oneIn(2) ? stayAwake(below(40) * 125) : batteriesChange();
     }
-    if (oracle.reminderIsVisible() && oneIn(2)) {
-        return reminderIsAnswered();
+    if (oracle.alertIsVisible() && oneIn(2)) {
+        return alertIsAnswered();
     }
     switch (below(12)) {
     case 0:
@@ -146,12 +146,12 @@ YearScript::Action YearScript::settingChanges()
     }
 }
 
-YearScript::Action YearScript::reminderIsAnswered()
+YearScript::Action YearScript::alertIsAnswered()
 {
     const std::int64_t number = below(1000);
     switch (below(4)) {
     case 0:
-        return described("cancel", [](Run& run) { run.cancelReminder(); });
+        return described("cancel", [](Run& run) { run.cancelAlert(); });
     case 1:
         return described("custom time", [=](Run& run) {
             run.chooseTime(static_cast<int>(number % 24), static_cast<int>(number % 12 * 5));
@@ -207,7 +207,7 @@ YearScript::Action YearScript::clockOrZoneChanges()
 YearScript::Action YearScript::userLooks()
 {
     return oneIn(2) ? described("panel", [](Run& run) { run.showPanel(); })
-                    : described("test", [](Run& run) { run.testReminder(); });
+                    : described("test", [](Run& run) { run.testAlert(); });
 }
 
 } // namespace voltmere::year

@@ -7,7 +7,7 @@
 namespace voltmere::year {
 
 /// A year of somebody's life with the program, made up at random from a seed: the machine is used
-/// and sleeps, batteries run down and are charged, settings change, reminders are answered, the
+/// and sleeps, batteries run down and are charged, settings change, alerts are answered, the
 /// user travels and sets the clock.
 class YearScript {
 public:
@@ -34,7 +34,7 @@ private:
     Action timePasses(const YearOracle& oracle);
     Action useOrSleep();
     Action settingChanges();
-    Action reminderIsAnswered();
+    Action alertIsAnswered();
     Action batteriesChange();
     Action namesChange();
     Action clockOrZoneChanges();

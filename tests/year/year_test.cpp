@@ -20,7 +20,7 @@ unsigned scriptCount()
 
 /// What the scripts reached, so that they cannot miss the point unnoticed.
 struct Reached {
-    int reminders = 0;
+    int alerts = 0;
     int readings = 0;
     int broughtToFront = 0;
 };
@@ -28,9 +28,9 @@ struct Reached {
 void count(const View& view, Reached& reached)
 {
     for (const Event& event : view.events) {
-        reached.reminders += event.what.starts_with("reminder ") ? 1 : 0;
+        reached.alerts += event.what.starts_with("alert ") ? 1 : 0;
         reached.readings += event.what == "levels read" ? 1 : 0;
-        reached.broughtToFront += event.what == "reminder in front" ? 1 : 0;
+        reached.broughtToFront += event.what == "alert in front" ? 1 : 0;
     }
 }
 
@@ -73,11 +73,11 @@ TEST(YearTest, RandomYearsGoAsTheOracleSays)
         runYear(script, reached);
     }
     const int least = static_cast<int>(scriptCount());
-    EXPECT_GT(reached.reminders, 10 * least);
+    EXPECT_GT(reached.alerts, 10 * least);
     EXPECT_GT(reached.broughtToFront, least);
     EXPECT_GT(reached.readings, 200 * least);
-    std::cout << scriptCount() << " years: " << reached.readings << " readings, "
-              << reached.reminders << " reminders\n";
+    std::cout << scriptCount() << " years: " << reached.readings << " readings, " << reached.alerts
+              << " alerts\n";
 }
 
 TEST(YearTest, AYearWithoutSleepGoesAsTheOracleSays)

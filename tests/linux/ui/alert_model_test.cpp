@@ -266,7 +266,7 @@ TEST_F(AlertModelTest, ChoosingAnotherOptionBeforeThatReplacesThePendingTimer)
     EXPECT_THAT(alertWindows(), SizeIs(1));
 }
 
-TEST_F(AlertModelTest, At0910Choosing0930RemindsIn20MinutesLessTheSecondsElapsed)
+TEST_F(AlertModelTest, At0910Choosing0930AlertsIn20MinutesLessTheSecondsElapsed)
 {
     world.setClock(9, 10, 25);
     startWithAlert();
@@ -281,7 +281,7 @@ TEST_F(AlertModelTest, At0910Choosing0930RemindsIn20MinutesLessTheSecondsElapsed
     EXPECT_THAT(alertWindows(), SizeIs(1));
 }
 
-TEST_F(AlertModelTest, At0910Choosing0910RemindsTomorrow)
+TEST_F(AlertModelTest, At0910Choosing0910AlertsTomorrow)
 {
     world.setClock(9, 10);
     startWithAlert();
@@ -296,7 +296,7 @@ TEST_F(AlertModelTest, At0910Choosing0910RemindsTomorrow)
     EXPECT_THAT(alertWindows(), SizeIs(1));
 }
 
-TEST_F(AlertModelTest, At0910Choosing0800RemindsTomorrow)
+TEST_F(AlertModelTest, At0910Choosing0800AlertsTomorrow)
 {
     world.setClock(9, 10);
     startWithAlert();

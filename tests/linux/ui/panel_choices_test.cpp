@@ -204,7 +204,7 @@ TEST_F(PanelChoicesTest, TheTestButtonShowsTheLowDevicesAndNeitherNotifiesNorMar
 {
     world.setLevels({{mouse, 40}, {keyboard, 90}});
     open();
-    model().threshold = 50; // low from now on, but not yet reminded of
+    model().threshold = 50; // low from now on, but not yet alerted
     const std::size_t notifications = world.notifications.requests.size();
     click("testAlert");
     ASSERT_THAT(world.alerts.shown, SizeIs(1));

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""A user puts a reminder off, cancels it, and puts it off again."""
+"""A user snoozes an alert, cancels it, and snoozes it again."""
 
 import time
 
@@ -12,52 +12,52 @@ MINUTE = 60 / RATE  # seconds of the test
 LATEST = 60  # seconds; much later than anything here is due
 
 
-class SnoozedReminder(Story):
+class SnoozedAlert(Story):
     def setUp(self):
         super().setUp()
-        # No reminder comes by itself.
+        # No alert comes by itself.
         self.write_settings(instant=False, enabled=False)
         self.add_mouse(50)
         self.add_keyboard(58)
         self.program = self.start(variables=clock("2026-03-02 10:00:00", RATE))
         self.program.settle()
 
-    def test_reminder_returns_with_what_is_low_then(self):
+    def test_alert_returns_with_what_is_low_then(self):
         self.sysfs.set_level(MOUSE_ADDRESS, 9)
-        self.show_reminder("9%", "58%")
-        self.assert_reminder("Mouse of Ann battery alert", "Battery at 9%. Please charge.")
+        self.show_alert("9%", "58%")
+        self.assert_alert("Mouse of Ann battery alert", "Battery at 9%. Please charge.")
         chosen = time.monotonic()
         self.program.answer_alert("In 20 minutes")
         self.sysfs.set_level(MOUSE_ADDRESS, 8)
         self.sysfs.set_level(KEYBOARD_ADDRESS, 15)
-        self.assert_reminder("Peripheral battery alert", "Mouse8%, Keyboard15%. Please charge.")
+        self.assert_alert("Peripheral battery alert", "Mouse8%, Keyboard15%. Please charge.")
         self.assertGreaterEqual(time.monotonic() - chosen, 20 * MINUTE)
         self.program.answer_alert("Cancel")
         self.program.wait_for_no_window()
 
-    def test_reminder_at_a_clock_time_replaces_an_earlier_choice(self):
+    def test_alert_at_a_clock_time_replaces_an_earlier_choice(self):
         self.sysfs.set_level(MOUSE_ADDRESS, 9)
-        self.show_reminder("9%", "58%")
+        self.show_alert("9%", "58%")
         first_choice = time.monotonic()
         self.program.answer_alert("In 1 hour")
         self.program.wait_for_no_window()
-        self.show_reminder("9%", "58%")
+        self.show_alert("9%", "58%")
         self.choose_clock_time_before_the_hour_is_over()
         self.sysfs.set_level(MOUSE_ADDRESS, 7)
-        self.assert_reminder("Mouse of Ann battery alert", "Battery at 7%. Please charge.")
+        self.assert_alert("Mouse of Ann battery alert", "Battery at 7%. Please charge.")
         self.assertLess(time.monotonic() - first_choice, 60 * MINUTE)
         self.program.answer_alert("Cancel")
         self.program.wait_for_no_window()
-        # The hour that was chosen first passes without a reminder.
+        # No alert comes at the end of the hour that was chosen first.
         wait_until(lambda: self.program.alert() or
                    time.monotonic() > first_choice + 70 * MINUTE, "70 minutes", LATEST)
         self.assertIsNone(self.program.alert())
 
-    def show_reminder(self, *levels):
+    def show_alert(self, *levels):
         panel = self.program.open_panel(*levels)
         self.program.press(panel, "push button", "Enable / test alert")
 
-    def assert_reminder(self, title, detail):
+    def assert_alert(self, title, detail):
         alert = self.program.wait_for_alert(LATEST)
         self.assertEqual((alert.name, alert.description), (title, detail))
         self.assertEqual(alert.texts()[1:3], [title, detail])
