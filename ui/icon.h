@@ -60,8 +60,8 @@ struct IconShape {
 
     int width = iconSide;
     std::string label; ///< such as "37%"; empty without a device
-    double labelX;
-    double labelY;
+    double labelX = 0;
+    double labelY = 0;
     LabelColour colour = LabelColour::black;
 };
 

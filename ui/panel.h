@@ -34,7 +34,7 @@ struct DeviceRow {
 /// A switch with its title.
 struct Toggle {
     std::string title;
-    bool isOn;
+    bool isOn = false;
 
     bool operator==(const Toggle&) const = default;
 };
@@ -58,7 +58,7 @@ struct PanelContent {
     std::string timeSeparator;
     PopUp<std::int64_t> checkMinute;
     std::string status;
-    bool statusIsRed; ///< else in the secondary colour
+    bool statusIsRed = false; ///< else in the secondary colour
     std::string testAlert;
     Toggle launchAtLogin;
 
