@@ -42,6 +42,7 @@ int drawScreenshots(const CommandLine& commandLine, int argc, char** argv)
 
 } // namespace
 
+// NOLINTNEXTLINE(bugprone-exception-escape): "voltmere" passes on what it has read without an error
 int main(int argc, char* argv[])
 {
     QCoreApplication::setApplicationName("voltmere");
