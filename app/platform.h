@@ -33,6 +33,7 @@ public:
     virtual bool isBusy() const = 0;
 };
 
+/// The main run loop; one at a time.
 std::unique_ptr<MainLoop> makeMainLoop();
 
 /// Shows the icon and the panel, or draws the pictures, as the command line asks. `words` is the

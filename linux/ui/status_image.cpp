@@ -30,7 +30,7 @@ QPainterPath pathFrom(const QString& data)
     for (auto step = steps.globalMatch(data); step.hasNext();) {
         const QRegularExpressionMatch match = step.next();
         const QStringList numbers = match.captured(2).split(' ', Qt::SkipEmptyParts);
-        const auto point = [&numbers](int index) {
+        const auto point = [&numbers](qsizetype index) {
             return QPointF(numbers.at(2 * index).toDouble(), numbers.at(2 * index + 1).toDouble());
         };
         switch (match.captured(1).front().toLatin1()) {
