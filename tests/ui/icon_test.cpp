@@ -5,8 +5,6 @@
 
 #include <gmock/gmock.h>
 
-#include <limits>
-
 namespace voltmere {
 namespace {
 
@@ -45,13 +43,6 @@ TEST(IconLevelTest, IsLowAtTheThresholdAndNotAboveIt)
     }
 }
 
-TEST(IconLevelTest, ADeviceThatIsNotTheWeakestChangesNothing)
-{
-    EXPECT_EQ(iconLevel({mouse(42)}, 20), iconLevel({keyboard(90), mouse(42)}, 41));
-    EXPECT_NE(iconLevel({mouse(42)}, 20), iconLevel({mouse(42)}, 42));
-    EXPECT_NE(iconLevel({mouse(42)}, 20), iconLevel({mouse(41)}, 20));
-}
-
 TEST(IconShapeTest, WithoutADeviceIsTheStatusIconAlone)
 {
     const IconShape shape = shapeOf({});
@@ -76,14 +67,6 @@ TEST(IconShapeTest, IsAsWideAsItsLabelNeedsInWholePoints)
     EXPECT_EQ(shapeOf({mouse(7)}).width, 25 + 15);
     EXPECT_EQ(shapeOf({mouse(57)}).width, 25 + 23); // 22.5
     EXPECT_EQ(shapeOf({mouse(100)}).width, 25 + 30);
-}
-
-TEST(IconShapeTest, TheLabelIsTheLevelAsItWasReported)
-{
-    EXPECT_EQ(shapeOf({mouse(-1)}).label, "-1%");
-    EXPECT_EQ(shapeOf({mouse(1234)}).label, "1234%");
-    EXPECT_EQ(shapeOf({mouse(std::numeric_limits<std::int64_t>::min())}).label,
-              "-9223372036854775808%");
 }
 
 TEST(IconShapeTest, TheLabelIsRedWhenLowElseWhiteInTheDarkAndBlackInTheLightOrWithoutAScheme)
