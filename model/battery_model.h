@@ -129,7 +129,7 @@ private:
     int pollTicks = 0;
     std::set<std::int64_t> alertedIDs;
     std::unique_ptr<Alert> activeAlert;
-    std::shared_ptr<const bool> alive = std::make_shared<const bool>(true);
+    std::shared_ptr<const bool> alive = std::make_shared<const bool>();
 };
 
 } // namespace voltmere
