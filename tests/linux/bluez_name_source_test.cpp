@@ -189,6 +189,7 @@ TEST_F(BluezNameSourceTest, WithoutBluezThereAreNoNamesAndNoWaiting)
 
     EXPECT_THAT(read(20s), IsEmpty());
     EXPECT_LT(time.elapsed(), 10'000);
+    EXPECT_FALSE(std::filesystem::exists(sessionBus().bluezStarted()));
 }
 
 TEST_F(BluezNameSourceTest, ABluezThatDoesNotAnswerIsGivenUpAfterTheLimit)
