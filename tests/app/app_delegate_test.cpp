@@ -52,7 +52,7 @@ protected:
 
     void finishLaunching()
     {
-        AppDelegate(defaults, centre, notificationDelegate).applicationDidFinishLaunching();
+        AppDelegate{defaults, centre, notificationDelegate}.applicationDidFinishLaunching();
     }
 
     LanguageGuard language{"system"};
@@ -94,14 +94,6 @@ TEST_F(AppDelegateTest, WithoutAStoredLanguageItIsTheSystems)
     finishLaunching();
 
     EXPECT_EQ(L10n::setting, "system");
-}
-
-TEST_F(AppDelegateTest, DoesNothingBeforeTheLaunchHasFinished)
-{
-    const AppDelegate delegate(defaults, centre, notificationDelegate);
-
-    EXPECT_THAT(centre.steps, SizeIs(0));
-    EXPECT_FALSE(BatteryModel::launchSettled);
 }
 
 } // namespace

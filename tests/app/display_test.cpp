@@ -154,10 +154,22 @@ TEST_F(DisplayTest, AProgramThatRunsSaysWhatDoesNotWork)
         said += program.readAllStandardError().toStdString();
     }
     EXPECT_THAT(said, HasSubstr("Could not find the Qt platform plugin \"nonsense\""));
-    EXPECT_THAT(said, HasSubstr("there is no session bus: no notifications"));
+    EXPECT_THAT(said, HasSubstr("Voltmere: there is no session bus: no notifications"));
     EXPECT_EQ(program.state(), QProcess::Running);
     program.terminate();
     EXPECT_TRUE(program.waitForFinished(60'000));
+}
+
+TEST_F(DisplayTest, TheProgramWithTheWindowsIsMissing)
+{
+    std::filesystem::copy_file(executable, directory / "voltmere");
+    executable = directory / "voltmere";
+    const Outcome outcome = run({});
+
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.errors,
+                MatchesRegex("voltmere: the windows cannot be started \\(/[^\n]*voltmere-desktop: "
+                             "No such file or directory\\); install it again\n"));
 }
 
 TEST_F(DisplayTest, AnswersNeedNone)

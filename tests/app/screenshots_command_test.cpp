@@ -112,10 +112,12 @@ TEST_F(ScreenshotsCommandTest, WithoutPeripheralsTheIconsAreDrawnAllTheSame)
 TEST_F(ScreenshotsCommandTest, TheUsersSettingsAreLeftAlone)
 {
     makeTools();
-    writeFile(settings(), R"({"language":"zh"})");
-    ASSERT_EQ(draw(album()).status, 0);
+    writeFile(settings(), "damaged");
+    const Outcome outcome = draw(album());
 
-    EXPECT_EQ(readFile(settings()), R"({"language":"zh"})");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_EQ(readFile(settings()), "damaged");
 }
 
 TEST_F(ScreenshotsCommandTest, ADirectoryThatCannotBeMadeIsSaidInOneLine)
