@@ -86,23 +86,18 @@ TEST_F(ListCommandTest, RunsTheToolsWithTheirArguments)
               "ioreg 4: -r -c AppleDeviceManagementHIDEventService -l\n");
 }
 
-TEST_F(ListCommandTest, UsesTheUsersThresholdAndLanguage)
+TEST_F(ListCommandTest, UsesTheUsersThresholdAndLanguageAndElseThatOfTheEnvironment)
 {
     makeTools();
+    locale = "zh_CN.UTF-8";
+    EXPECT_EQ(readWithTools().value("status"), QJsonValue("电量偏低：Mouse of Ann 14%"));
+    locale = "C.UTF-8";
     writeFile(settings(), R"({"threshold": 50, "language": "zh"})");
     const QJsonObject reading = readWithTools();
 
     EXPECT_EQ(reading.value("threshold"), QJsonValue(50));
     EXPECT_EQ(reading.value("status"),
               QJsonValue("电量偏低：Mouse of Ann 14%、Magic Trackpad 45%"));
-}
-
-TEST_F(ListCommandTest, TheLanguageOfTheEnvironmentIsTheStatuss)
-{
-    makeTools();
-    locale = "zh_CN.UTF-8";
-
-    EXPECT_EQ(readWithTools().value("status"), QJsonValue("电量偏低：Mouse of Ann 14%"));
 }
 
 TEST_F(ListCommandTest, AMissingToolsDirectoryIsAnEmptyList)

@@ -256,15 +256,6 @@ TEST_F(NotificationsTest, ADaemonWithoutButtonsGetsNoActions)
     EXPECT_EQ(daemon.shown[0].actions, QStringList());
 }
 
-TEST_F(NotificationsTest, AskingForPermissionAsksNobodyAndShowsNothing)
-{
-    centre->requestAuthorisation(authorisation::alert | authorisation::sound);
-    settleCalls();
-
-    EXPECT_EQ(daemon.capabilityCalls, 0);
-    EXPECT_EQ(delegate.presentations, 0);
-}
-
 TEST_F(NotificationsTest, ASoundNeedsTheRequestAndTheDelegate)
 {
     NotificationRequest sounding = request("Sounding");
