@@ -30,9 +30,7 @@ public:
         MainLoop& mainLoop = services.mainLoop;
         // Otherwise the program notices a closed output at the next change only, maybe days later.
         const auto outputWatch = watchForClosedOutput([&mainLoop] { mainLoop.stop(0); });
-        const int status = mainLoop.run();
-        services.endWhileBusy(status);
-        return status;
+        return services.runMainLoop();
     }
 
 private:

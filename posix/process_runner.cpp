@@ -206,11 +206,6 @@ void PosixProcessRunner::reportFailure(const std::string& executable, int error)
 
 bool PosixProcessRunner::isExecutable(const std::string& path) const
 {
-    return isExecutableFile(path);
-}
-
-bool isExecutableFile(const std::string& path)
-{
     struct stat status { };
     return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&
         ::access(path.c_str(), X_OK) == 0;

@@ -22,8 +22,8 @@ int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setDesktopFileName(voltmere::applicationId);
     const auto log = voltmere::makeSystemLog();
-    voltmere::BusInstance instance(*log);
-    if (!commandLine.demo && instance.start() == voltmere::SingleInstance::Role::later) {
+    voltmere::BusInstance instance;
+    if (!commandLine.demo && instance.isLaterStart(*log)) {
         return 0;
     }
     voltmere::QtRunLoop mainLoop;
