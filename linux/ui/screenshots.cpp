@@ -7,6 +7,7 @@
 #include "linux/ui/panel.h"
 #include "linux/ui/status_image.h"
 #include "linux/ui/theme.h"
+#include "linux/ui/views.h"
 #include "model/battery_model.h"
 #include "snooze/snooze_alert.h"
 #include "texts/l10n.h"
@@ -19,6 +20,7 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -44,12 +46,6 @@ public:
     {
         BatteryModel::launchSettled = true;
         waitForReading();
-    }
-
-    void setAppearance(ColourScheme scheme)
-    {
-        appearance.scheme = scheme;
-        applyPalette(scheme);
     }
 
     ChosenAppearance appearance;
@@ -81,50 +77,24 @@ QImage onBar(const QImage& picture, ColourScheme scheme)
     return bar;
 }
 
-/// Writes pictures into one directory until one cannot be written.
-class Album {
-public:
-    explicit Album(const QDir& directory)
-        : directory(directory)
-    {
-    }
+using Pictures = std::map<QString, QImage>; ///< by the name of their file
 
-    void add(const QString& name, const QImage& picture)
-    {
-        if (!complete) {
-            return;
-        }
-        const QString path = directory.filePath(name + ".png");
-        if (!picture.save(path)) {
-            std::fprintf(stderr,
-                         "voltmere: cannot write %s; check that the directory is writable\n",
-                         qPrintable(path));
-            complete = false;
-        }
-    }
-
-    bool complete = true;
-
-private:
-    QDir directory;
-};
-
-void drawIcons(Studio& studio, const QString& suffix, Album& album)
+void drawIcons(Studio& studio, const QString& suffix, Pictures& pictures)
 {
     const ColourScheme scheme = studio.appearance.scheme;
     const BatteryModel& model = studio.model;
     const DrawnImage wide = StatusImage::make(model.devices, model.threshold, scheme);
-    album.add("menu-bar-" + suffix, onBar(wide.rendered(qApp->devicePixelRatio()), scheme));
+    pictures["menu-bar-" + suffix] = onBar(wide.rendered(qApp->devicePixelRatio()), scheme);
     constexpr QSize largestTray(64, 64);
     const QIcon tray = makeTrayIcon(iconLevel(model.devices, model.threshold));
-    album.add("tray-" + suffix, onBar(tray.pixmap(largestTray, 1.0).toImage(), scheme));
+    pictures["tray-" + suffix] = onBar(tray.pixmap(largestTray, 1.0).toImage(), scheme);
 }
 
-void drawPanel(Studio& studio, const QString& suffix, Album& album)
+void drawPanel(Studio& studio, const QString& suffix, Pictures& pictures)
 {
     ContentView panel(studio.model, studio.appearance, [] {});
     panel.adjustSize();
-    album.add("panel-" + suffix, panel.grab().toImage());
+    pictures["panel-" + suffix] = panel.grab().toImage();
 }
 
 /// One form of the snooze alert.
@@ -136,33 +106,30 @@ struct AlertSample {
 
 std::vector<AlertSample> alertSamples()
 {
-    // With an unknown kind of device the alert shows the device's name.
-    constexpr std::int64_t otherKind = 3;
-    const BatteryDevice mouse{803, "Magic Mouse", 12, "magicmouse", 0};
-    const BatteryDevice keyboard{805, "Magic Keyboard", 8, "keyboard", 1};
-    const std::vector<BatteryDevice> longNames{
-        {803, "Magic Mouse of the meeting room", 12, "magicmouse", otherKind},
-        {805, "Magic Keyboard of the meeting room", 8, "keyboard", otherKind},
-        {804, "Magic Trackpad of the meeting room", 3, "trackpad", otherKind}};
-    BatteryDevice fullMouse = mouse;
-    fullMouse.level = 80;
-    BatteryDevice fullKeyboard = keyboard;
-    fullKeyboard.level = 64;
-    return {{"one-low", {mouse}, true},
-            {"two-low", {mouse, keyboard}, true},
-            {"three-low-long-names", longNames, true},
-            {"all-good", {fullMouse, fullKeyboard}, false},
+    enum Kind : std::int64_t { mouse, keyboard, trackpad, other };
+    // The alert shows neither identifiers nor symbols, and the name of a device of another kind.
+    const auto device = [](Kind kind, std::int64_t level, const char* name = "Magic Mouse") {
+        return BatteryDevice{{}, name, level, {}, kind};
+    };
+    return {{"one-low", {device(mouse, 12)}, true},
+            {"two-low", {device(mouse, 12), device(keyboard, 8)}, true},
+            {"three-low-long-names",
+             {device(other, 12, "Magic Mouse of the meeting room"),
+              device(other, 8, "Magic Keyboard of the meeting room"),
+              device(other, 3, "Magic Trackpad of the meeting room")},
+             true},
+            {"all-good", {device(mouse, 80), device(keyboard, 64)}, false},
             {"no-device", {}, false}};
 }
 
-void drawAlerts(Studio& studio, const QString& suffix, Album& album)
+void drawAlerts(Studio& studio, const QString& suffix, Pictures& pictures)
 {
     constexpr ClockTime preselected{15, 35};
     for (const AlertSample& sample : alertSamples()) {
         SnoozeAlertWindow alert(makeAlertContent(sample.devices, sample.isLow, preselected), {},
                                 studio.appearance);
         alert.adjustSize();
-        album.add("alert-" + sample.name + "-" + suffix, alert.grab().toImage());
+        pictures["alert-" + sample.name + "-" + suffix] = alert.grab().toImage();
     }
 }
 
@@ -170,28 +137,36 @@ void drawAlerts(Studio& studio, const QString& suffix, Album& album)
 
 int drawScreenshots(const CommandLine& commandLine)
 {
-    QDir directory(QFile::decodeName(commandLine.screenshotsDirectory.c_str()));
+    const QDir directory(QFile::decodeName(commandLine.screenshotsDirectory.c_str()));
     if (!directory.mkpath(".")) {
         std::fprintf(stderr, "voltmere: cannot make the directory %s\n",
                      commandLine.screenshotsDirectory.c_str());
         return exitStatus::cannotRun;
     }
     Studio studio(commandLine);
-    Album album(directory);
+    Pictures pictures;
     for (const auto& [scheme, name] : {std::pair(ColourScheme::light, QString("light")),
                                        std::pair(ColourScheme::dark, QString("dark"))}) {
-        studio.setAppearance(scheme);
-        drawIcons(studio, name, album);
+        studio.appearance.scheme = scheme;
+        applyPalette(scheme);
+        drawIcons(studio, name, pictures);
         for (const AppLanguage language : {AppLanguage::zh, AppLanguage::en}) {
-            const std::string_view raw = rawValue(language);
-            studio.model.language = std::string(raw);
-            const QString suffix =
-                QString::fromUtf8(raw.data(), qsizetype(raw.size())) + "-" + name;
-            drawPanel(studio, suffix, album);
-            drawAlerts(studio, suffix, album);
+            studio.model.language = std::string(rawValue(language));
+            const QString suffix = asQt(studio.model.language) + "-" + name;
+            drawPanel(studio, suffix, pictures);
+            drawAlerts(studio, suffix, pictures);
         }
     }
-    return album.complete ? 0 : exitStatus::cannotRun;
+    for (const auto& [name, picture] : pictures) {
+        const QString path = directory.filePath(name + ".png");
+        if (!picture.save(path)) {
+            std::fprintf(stderr,
+                         "voltmere: cannot write %s; check that the directory is writable\n",
+                         qPrintable(path));
+            return exitStatus::cannotRun;
+        }
+    }
+    return 0;
 }
 
 } // namespace voltmere

@@ -24,16 +24,13 @@ public:
     explicit TrayHostWatcher(std::function<void()> available);
 
 private slots:
-    void hostRegistered();
+    void report();
 
 private:
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
-    void watchBus();
     void askBus();
-    void watchSelection();
     bool selectionHasOwner() const;
-    void report();
 
     std::function<void()> available;
     std::uint32_t traySelection = 0; ///< X atom; 0 off X11

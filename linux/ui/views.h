@@ -76,10 +76,10 @@ protected:
 };
 
 /// Shows a square image at the resolution of its screen, in the text's colour where the image has
-/// no colours of its own. Stays empty without an image.
+/// no colours of its own.
 class PictureView : public QWidget {
 public:
-    using Picture = std::function<std::optional<DrawnImage>(const QColor& textColour)>;
+    using Picture = std::function<DrawnImage(const QColor& textColour)>;
 
     /// `side` is in points.
     PictureView(int side, Picture picture, QWidget* parent);
