@@ -50,19 +50,26 @@ public:
 
     void setInteger(std::string_view key, std::int64_t value) override
     {
-        note("write ", std::string(key) + ' ' + std::to_string(value));
+        noteWrite(std::string(key) + ' ' + std::to_string(value));
         stored.setInteger(key, value);
     }
 
     void setBoolean(std::string_view key, bool value) override
     {
-        note("write ", std::string(key) + (value ? " true" : " false"));
+        noteWrite(std::string(key) + (value ? " true" : " false"));
         stored.setBoolean(key, value);
     }
 
     MemoryDefaults stored;
+    std::vector<std::string> languagesAtWrites; ///< of the process, at each write
 
 private:
+    void noteWrite(const std::string& setting)
+    {
+        languagesAtWrites.push_back(L10n::setting);
+        note("write ", setting);
+    }
+
     void note(const char* what, std::string_view key) const
     {
         events.push_back(what + std::string(key));
@@ -145,6 +152,24 @@ auto settingsOf(const BatteryModel& model)
                       model.enabled.get(), model.instantEnabled.get(), model.language.get());
 }
 
+/// Notes each look at the user's languages, which a text in the language "system" needs.
+class NotingLanguages : public PreferredLanguages {
+public:
+    explicit NotingLanguages(Events& events)
+        : events(events)
+    {
+    }
+
+    std::vector<std::string> tags() const override
+    {
+        events.emplace_back("look up a text");
+        return {"en"};
+    }
+
+private:
+    Events& events;
+};
+
 /// A model whose dealings with the outside are noted in order.
 class BatteryModelSettingsTest : public testing::Test {
 protected:
@@ -186,6 +211,29 @@ TEST_F(BatteryModelSettingsTest, ConstructionReadsEachSettingOnceInOrderAndWrite
                             "read boolean enabled", "read boolean instant", "read text language",
                             "login item, language en", "ask to notify", "read devices",
                             "start timer"));
+}
+
+TEST_F(BatteryModelSettingsTest, ConstructionAsksForPermissionOnceTheFirstStatusIsSet)
+{
+    const NotingLanguages languages(events);
+    const LanguageGuard guard("system", &languages);
+    defaults.stored.set("language", std::string("system"));
+    start();
+
+    std::erase_if(events, [](const std::string& event) { return event.starts_with("read "); });
+    EXPECT_THAT(events,
+                ElementsAre("login item, language system", "look up a text", "ask to notify",
+                            "start timer"));
+}
+
+TEST_F(BatteryModelSettingsTest, AChangeOfLanguageTakesEffectAfterTheSettingsAreSaved)
+{
+    BatteryModel& model = started();
+
+    model.language = "zh";
+
+    EXPECT_THAT(defaults.languagesAtWrites, ElementsAre("en", "en", "en", "en", "en"));
+    EXPECT_EQ(L10n::setting, "zh");
 }
 
 TEST_F(BatteryModelSettingsTest, AnEmptyStoreYieldsTheDefaults)

@@ -69,6 +69,14 @@ TEST(IconShapeTest, IsAsWideAsItsLabelNeedsInWholePoints)
     EXPECT_EQ(shapeOf({mouse(100)}).width, 25 + 30);
 }
 
+TEST(IconShapeTest, TheLabelIsTheLevelAsItWasReported)
+{
+    EXPECT_EQ(shapeOf({mouse(-1)}).label, "-1%");
+    EXPECT_EQ(shapeOf({mouse(1234)}).label, "1234%");
+    EXPECT_EQ(shapeOf({mouse(std::numeric_limits<std::int64_t>::min())}).label,
+              "-9223372036854775808%");
+}
+
 TEST(IconShapeTest, TheLabelIsRedWhenLowElseWhiteInTheDarkAndBlackInTheLightOrWithoutAScheme)
 {
     const std::vector<std::optional<ColourScheme>> schemes{ColourScheme::dark, ColourScheme::light,
