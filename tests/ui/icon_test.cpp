@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+#include <limits>
+
 namespace voltmere {
 namespace {
 
