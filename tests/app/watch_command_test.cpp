@@ -14,6 +14,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
+
 namespace voltmere {
 namespace {
 
@@ -57,6 +59,15 @@ public:
         return line;
     }
 
+    /// What was printed beyond the lines that were read.
+    std::string rest() const
+    {
+        std::string text(4096, '\0');
+        text.resize(static_cast<std::size_t>(
+            std::max<ssize_t>(0, ::read(descriptor, text.data(), text.size()))));
+        return text;
+    }
+
 private:
     int descriptor = -1;
 };
@@ -88,7 +99,7 @@ protected:
     QProcess watch;
 };
 
-TEST_F(WatchCommandTest, TheFirstLineIsOneJsonObjectAsTheListPrintsIt)
+TEST_F(WatchCommandTest, PrintsOneJsonObjectAsTheListDoesAndOnceUntilItChanges)
 {
     makeTools();
     startWatch();
@@ -98,6 +109,9 @@ TEST_F(WatchCommandTest, TheFirstLineIsOneJsonObjectAsTheListPrintsIt)
     EXPECT_EQ(parsed(line).value("status"), QJsonValue("Low battery: Mouse of Ann 14%"));
     EXPECT_EQ(parsed(line).value("devices").toArray().size(), 3);
     EXPECT_EQ(watch.state(), QProcess::Running);
+    watch.terminate();
+    EXPECT_TRUE(ends());
+    EXPECT_EQ(reader.rest(), "") << "the same line again";
 }
 
 TEST_F(WatchCommandTest, WithoutPeripheralsThereIsALineAllTheSame)
@@ -170,16 +184,6 @@ TEST_F(WatchCommandTest, ALineThatCannotBeWrittenEndsItWithAnError)
 
     EXPECT_EQ(outcome.status, 1);
     EXPECT_THAT(outcome.errors, testing::MatchesRegex("voltmere: [^\n]+\n"));
-}
-
-TEST_F(WatchCommandTest, AskedToEndItEnds)
-{
-    makeTools();
-    startWatch();
-    firstLine();
-    watch.terminate();
-
-    EXPECT_TRUE(ends());
 }
 
 /// The timers of a process.
