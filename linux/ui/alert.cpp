@@ -215,7 +215,6 @@ HoverPopUpButton* SnoozeAlertWindow::makePopUp(const PopUp<std::int64_t>& conten
 {
     auto* const popUp = new HoverPopUpButton(row);
     popUp->present(content);
-    popUp->setName(asQt(content.name));
     popUp->setFixedHeight(alertGeometry::rowHeight);
     hoverItems.push_back({popUp, popUp});
     return popUp;

@@ -112,7 +112,6 @@ QtFrontEnd::QtFrontEnd(MainLoop& mainLoop, SystemLog& log)
     , presenter(appearance, pointer, mainLoop)
 {
     QPixmapCache::setCacheLimit(pictureCacheLimit);
-    followAppearance();
     appearance.onChange([this] { followAppearance(); });
 }
 

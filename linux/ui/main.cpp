@@ -2,7 +2,6 @@
 // each command that needs windows.
 
 #include "app/command_line.h"
-#include "app/version.h"
 #include "app/voltmere_app.h"
 #include "linux/run_loop.h"
 #include "linux/single_instance.h"
@@ -46,7 +45,6 @@ int drawScreenshots(const CommandLine& commandLine, int argc, char** argv)
 int main(int argc, char* argv[])
 {
     QCoreApplication::setApplicationName("voltmere");
-    QCoreApplication::setApplicationVersion(voltmere::version);
     const auto parsed = voltmere::parseCommandLine(std::vector<std::string>(argv, argv + argc));
     const auto& commandLine = std::get<CommandLine>(parsed);
     return commandLine.action == CommandLine::Action::screenshots

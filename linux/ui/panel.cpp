@@ -314,10 +314,7 @@ SettingPicker* ContentView::makePicker(const char* objectName, PopUp<Value> Pane
     picker->onChoice([this, popUp, &setting](std::size_t choice) {
         setting = (content.*popUp).values.at(choice);
     });
-    updates.emplace_back([this, picker, popUp] {
-        picker->present(content.*popUp);
-        picker->setName(asQt((content.*popUp).name));
-    });
+    updates.emplace_back([this, picker, popUp] { picker->present(content.*popUp); });
     return picker;
 }
 

@@ -114,7 +114,7 @@ bool PanelController::eventFilter(QObject* watched, QEvent* event)
 
 void PanelController::place(const QRect& icon)
 {
-    const QRect anchor = icon.isEmpty() ? QRect(QCursor::pos(), QSize(1, 1)) : icon;
+    const QRect anchor = icon.isEmpty() ? QRect(QCursor::pos(), QCursor::pos()) : icon;
     panel->adjustSize();
     panel->move(placePanel(anchor, panel->size(), screenAt(anchor.center())->availableGeometry()));
 }

@@ -58,7 +58,7 @@ std::map<QString, QPainterPath> readDrawing()
     file.open(QIODevice::ReadOnly);
     QXmlStreamReader xml(&file);
     while (!xml.atEnd()) {
-        if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == u"path") {
+        if (xml.readNext() == QXmlStreamReader::StartElement) {
             paths.emplace(xml.attributes().value("id").toString(),
                           pathFrom(xml.attributes().value("d").toString()));
         }

@@ -33,8 +33,8 @@ private:
     bool selectionHasOwner() const;
 
     std::function<void()> available;
-    std::uint32_t traySelection = 0; ///< X atom; 0 off X11
-    std::uint32_t managerMessage = 0;
+    std::uint32_t traySelection{}; ///< X atom; 0 off X11
+    std::uint32_t managerMessage{};
 };
 
 } // namespace voltmere

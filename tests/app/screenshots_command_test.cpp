@@ -107,6 +107,10 @@ TEST_F(ScreenshotsCommandTest, WithoutPeripheralsTheIconsAreDrawnAllTheSame)
     for (const char* const name : {"menu-bar-light.png", "tray-dark.png"}) {
         EXPECT_FALSE(isBlank(picture(name))) << name;
     }
+    const QImage without = picture("tray-light.png");
+    makeTools();
+    ASSERT_EQ(draw(album()).status, 0);
+    EXPECT_NE(picture("tray-light.png"), without);
 }
 
 TEST_F(ScreenshotsCommandTest, TheUsersSettingsAreLeftAlone)

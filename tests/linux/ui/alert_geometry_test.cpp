@@ -98,8 +98,8 @@ TEST_F(AlertGeometryTest, TheRowForAClockTimeIsCentredAndUncutWithPopUpsOf52AndI
             return right.left() - left.right() - 1;
         };
 
-        EXPECT_EQ(hour.width(), 52);
-        EXPECT_EQ(minute.width(), 52);
+        EXPECT_EQ(hour.size(), QSize(52, 28));
+        EXPECT_EQ(minute.size(), QSize(52, 28));
         EXPECT_EQ(gap(caption(view).geometry(), hour), 6);
         EXPECT_EQ(gap(hour, colon), 3);
         EXPECT_EQ(gap(colon, minute), 3);

@@ -97,6 +97,42 @@ TEST_F(HoverPopUpButtonTest, TheOverlayIsInsetByHalfAPointWithACornerRadiusOf6Or
     EXPECT_FALSE(hasOverlay(10, 5));
 }
 
+/// How often a control is painted.
+class PaintWatch : public QObject {
+public:
+    explicit PaintWatch(QWidget& widget) { widget.installEventFilter(this); }
+
+    int painted = 0;
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        painted += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+};
+
+TEST_F(HoverPopUpButtonTest, ControlsArePlainAtFirstAndPaintedAnewWhenThePointerComesOrGoes)
+{
+    HoverButton button("OK", &window);
+    button.move(0, 100);
+    window.resize(200, 200);
+    window.show();
+    QCoreApplication::processEvents();
+    const QImage plain = pictureOf(popUp);
+    PaintWatch popUpWatch(popUp);
+    PaintWatch buttonWatch(button);
+    for (const bool hovering : {true, true, false}) {
+        popUp.setHovering(hovering);
+        button.setHovering(hovering);
+        QCoreApplication::processEvents();
+    }
+
+    EXPECT_GE(popUpWatch.painted, 2);
+    EXPECT_EQ(buttonWatch.painted, 2);
+    EXPECT_EQ(pictureOf(popUp), plain);
+}
+
 TEST_F(HoverPopUpButtonTest, TheOverlayIsTheLabelColourAtAFifthInALightAndInADarkWindow)
 {
     EXPECT_FALSE(hasOverlay(28, 6, 0.15));

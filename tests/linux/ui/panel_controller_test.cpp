@@ -9,6 +9,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QTest>
+#include <QVBoxLayout>
 
 #include <chrono>
 #include <memory>
@@ -62,7 +63,9 @@ protected:
     std::unique_ptr<PanelController> controller = std::make_unique<PanelController>(
         [this] {
             auto widget = std::make_unique<QWidget>();
-            widget->setFixedSize(panelSize);
+            auto* const column = new QVBoxLayout(widget.get());
+            column->setContentsMargins({});
+            column->addItem(new QSpacerItem(panelSize.width(), panelSize.height()));
             built.emplace_back(widget.get());
             return widget;
         },

@@ -4,6 +4,7 @@
 
 #include "linux/ui/pictures.h"
 #include "linux/ui/theme.h"
+#include "linux/ui/views.h"
 
 #include <QLayout>
 #include <QMargins>
@@ -67,6 +68,11 @@ TEST_F(PanelLayoutTest, ThereAre12PointsBetweenItemsDevicesIncluded)
 
     EXPECT_THAT(gapsOf(*view->layout()), AllOf(SizeIs(11), Each(12)));
     EXPECT_THAT(gapsOf(*find("deviceList").layout()), ElementsAre(12, 12));
+    for (const QWidget* const child : view->findChildren<QWidget*>()) {
+        if (dynamic_cast<const Divider*>(child) != nullptr) {
+            EXPECT_EQ(child->height(), 1);
+        }
+    }
 }
 
 TEST_F(PanelLayoutTest, ThereAre16PointsAroundTheContentOnEachSide)

@@ -132,6 +132,7 @@ TEST_F(ContentViewTest, WithNoPeripheralsShowsTheQuestionMarkAndSaysSoWhileTheSt
     model().status = "whatever the model says";
     settle();
     EXPECT_EQ(rowsOf(*view).at(2), "(symbol-questionmark.circle) No peripherals found");
+    EXPECT_EQ(textOf("noDevices"), "No peripherals found");
     const QImage symbol = find("symbol-questionmark.circle").grab().toImage();
     EXPECT_LT(countPixels(symbol, symbol.pixelColor(0, 0)), symbol.width() * symbol.height());
     EXPECT_EQ(textOf("status"), "whatever the model says");
@@ -273,6 +274,17 @@ TEST_F(ContentViewTest, DeviceRowsAreRebuiltOnlyWhenTheListChanged)
     model().refresh(false);
     settle();
     EXPECT_EQ(rowsOf(*view).at(3), "(symbol-rectangle.and.hand.point.up.left) Magic Trackpad 60%");
+}
+
+TEST_F(ContentViewTest, ARedrawPutsTheRowsInTheirNewPlacesAtOnce)
+{
+    open();
+    const int height = view->height();
+    model().devices = BatteryModel::DeviceList{{mouse, "A", 50, "magicmouse", 0},
+                                               {keyboard, "B", 60, "keyboard", 1}};
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall); // the redraw and no more
+    EXPECT_GT(view->height(), height);
+    EXPECT_EQ(view->size(), view->layout()->totalSizeHint());
 }
 
 TEST_F(ContentViewTest, AScreenReaderFindsAWindowWithTheProgramsName)
