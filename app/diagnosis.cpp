@@ -1,10 +1,10 @@
 #include "app/diagnosis.h"
 
-#include "app/peripherals.h"
 #include "app/platform.h"
+#include "app/services.h"
 #include "app/terminal.h"
 #include "app/version.h"
-#include "devices/device_listing.h"
+#include "devices/device_reader.h"
 #include "texts/plain_text.h"
 
 #include <cstdlib>

@@ -39,12 +39,47 @@ std::unique_ptr<Port> none()
     return std::make_unique<NoDesktop>();
 }
 
+std::string toolsDirectory(const CommandLine& commandLine, const std::string& systemTools)
+{
+    if (commandLine.demo) {
+        return demoToolsDirectory();
+    }
+    return commandLine.toolsDirectory.value_or(systemTools);
+}
+
 bool actsOutside(const CommandLine& commandLine, Services::Reach reach)
 {
     return reach == Services::Reach::everything && !commandLine.demo;
 }
 
 } // namespace
+
+Peripherals::Peripherals(const CommandLine& commandLine, SystemLog& log,
+                         const std::string& systemTools)
+    : toolsOnly(commandLine.demo || commandLine.toolsDirectory)
+    , systemOnly(commandLine.sysfsRoot.has_value())
+    , processes(log)
+    , registry(processes, toolsDirectory(commandLine, systemTools))
+    , profiler(processes, toolsDirectory(commandLine, systemTools))
+    , system(makeSystemSources(commandLine.sysfsRoot.value_or("/sys")))
+{
+}
+
+PeripheralSources Peripherals::choose()
+{
+    if (usesTools()) {
+        return {"tools", &registry, &profiler};
+    }
+    return {system.label, system.batteries.get(), system.names.get()};
+}
+
+bool Peripherals::usesTools() const
+{
+    if (toolsOnly || system.batteries == nullptr) {
+        return true;
+    }
+    return !systemOnly && registry.isAvailable();
+}
 
 Services::Services(const CommandLine& commandLine, Reach reach, MainLoop& mainLoop)
     : Services(commandLine, reach, mainLoop, noDesktop, noDesktop)

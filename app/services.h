@@ -2,15 +2,39 @@
 
 #include "alerting/notifications.h"
 #include "app/command_line.h"
-#include "app/peripherals.h"
 #include "app/platform.h"
 #include "devices/device_reader.h"
+#include "devices/peripheral_tools.h"
 #include "model/battery_model.h"
 #include "posix/calendar.h"
+#include "posix/process_runner.h"
 
 #include <memory>
+#include <string>
 
 namespace voltmere {
+
+/// The place where this run reads the peripherals, by the command line or else the system.
+class Peripherals {
+public:
+    /// `systemTools` is the directory of this system's tools.
+    Peripherals(const CommandLine& commandLine, SystemLog& log,
+                const std::string& systemTools = systemToolsDirectory);
+
+    /// The sources for one reading. A place named on the command line is the only one. Without it
+    /// the tools count where the registry tool can be run, else the system's own sources.
+    PeripheralSources choose();
+
+private:
+    bool usesTools() const;
+
+    bool toolsOnly;
+    bool systemOnly;
+    PosixProcessRunner processes;
+    RegistryToolSource registry;
+    ProfilerToolSource profiler;
+    SystemSources system;
+};
 
 /// The model's ports. A reading may still use them when the program ends; the process must then end
 /// without destroying them.

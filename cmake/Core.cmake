@@ -4,7 +4,6 @@ add_library(voltmere_core STATIC
   alerting/check_result.cpp
   alerting/notifications.cpp
   devices/battery_device.cpp
-  devices/device_listing.cpp
   devices/device_reader.cpp
   devices/peripheral_tools.cpp
   devices/profiler_parser.cpp
@@ -19,7 +18,6 @@ add_library(voltmere_core STATIC
   texts/l10n.cpp
   texts/l10n_tables.cpp
   texts/plain_text.cpp
-  texts/utf8.cpp
   ui/icon.cpp
   ui/panel.cpp)
 if(NOT APPLE)
@@ -49,7 +47,6 @@ configure_file(app/version.h.in generated/app/version.h @ONLY)
 add_library(voltmere_app STATIC
   app/command_line.cpp
   app/diagnosis.cpp
-  app/peripherals.cpp
   app/report.cpp
   app/services.cpp
   app/terminal.cpp

@@ -1,7 +1,7 @@
 #include "devices/profiler_parser.h"
 
 #include "devices/device_reader.h"
-#include "texts/utf8.h"
+#include "texts/plain_text.h"
 
 #include <optional>
 #include <utility>

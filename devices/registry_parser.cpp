@@ -1,6 +1,6 @@
 #include "devices/registry_parser.h"
 
-#include "texts/utf8.h"
+#include "texts/plain_text.h"
 
 #include <algorithm>
 #include <charconv>

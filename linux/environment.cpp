@@ -1,6 +1,7 @@
 #include "linux/environment.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <sstream>
 #include <string_view>
 
@@ -32,6 +33,12 @@ bool isUntranslated(std::string_view tag)
 }
 
 } // namespace
+
+std::string environmentVariable(const char* name)
+{
+    const char* const value = std::getenv(name);
+    return value == nullptr ? std::string() : std::string(value);
+}
 
 std::filesystem::path userDirectory(const char* variable, const char* fallback)
 {

@@ -2,18 +2,13 @@
 
 #include "ports/desktop.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 
 namespace voltmere {
 
 /// The value of a variable of the environment; empty also when it is not set.
-inline std::string environmentVariable(const char* name)
-{
-    const char* const value = std::getenv(name);
-    return value == nullptr ? std::string() : std::string(value);
-}
+std::string environmentVariable(const char* name);
 
 /// The directory of the user's files of one kind: the value of `variable`, or `fallback` in the
 /// home directory where that holds no absolute path. Source: XDG Base Directory Specification 0.8.

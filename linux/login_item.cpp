@@ -5,7 +5,7 @@
 #include "linux/installation.h"
 #include "ports/desktop.h"
 #include "texts/l10n.h"
-#include "texts/utf8.h"
+#include "texts/plain_text.h"
 
 #include <unistd.h>
 

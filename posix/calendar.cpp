@@ -53,6 +53,11 @@ std::optional<Instant> made(const std::tm& wanted)
 
 } // namespace
 
+Instant SystemClock::now() const
+{
+    return std::chrono::system_clock::now();
+}
+
 LocalTime PosixCalendar::localTime(Instant instant) const
 {
     const std::tm time = brokenDown(instant);

@@ -7,7 +7,7 @@ namespace voltmere {
 /// The system's wall clock.
 class SystemClock : public Clock {
 public:
-    Instant now() const override { return std::chrono::system_clock::now(); }
+    Instant now() const override;
 };
 
 /// The calendar and zone of the C library, read anew at each call to notice a change of zone.

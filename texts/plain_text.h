@@ -5,6 +5,21 @@
 
 namespace voltmere {
 
+/// One Unicode scalar at the start of a text and the number of bytes it takes there.
+struct Utf8Scalar {
+    char32_t value = 0;
+    std::size_t length = 0; ///< 0 when the text is empty or does not start with valid UTF-8
+};
+
+/// The first scalar of `text`, by the strict rules of RFC 3629 (no surrogates, no overlong forms).
+Utf8Scalar firstScalar(std::string_view text);
+
+/// Whether all of `text` is valid UTF-8.
+bool isValidUtf8(std::string_view text);
+
+/// `text` with U+FFFD in place of every byte outside valid UTF-8.
+std::string toValidUtf8(std::string_view text);
+
 // A name that came over the air may hold anything: line ends, terminal commands, invisible marks,
 // and marks that turn the reading direction of the text around them.
 

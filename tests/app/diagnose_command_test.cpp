@@ -1,6 +1,6 @@
 // Runs the built program. The tools and the kernel's entries that it reads are synthetic.
 
-#include "devices/device_listing.h"
+#include "devices/device_reader.h"
 #include "tests/app/program_fixture.h"
 #include "tests/linux/fake_bus_service.h"
 #include "tests/linux/private_bus.h"

@@ -1,4 +1,4 @@
-#include "app/peripherals.h"
+#include "app/services.h"
 
 #include "tests/fakes/recording_log.h"
 #include "tests/posix/temporary_directory.h"

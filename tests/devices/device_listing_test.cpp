@@ -1,6 +1,5 @@
-#include "devices/device_listing.h"
-
 #include "devices/device_reader.h"
+
 #include "fakes/sample_devices.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #include "fuzz/fuzz_target.h"
 #include "linux/json_file.h"
-#include "texts/utf8.h"
+#include "texts/plain_text.h"
 
 #include <unistd.h>
 

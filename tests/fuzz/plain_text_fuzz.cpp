@@ -1,7 +1,6 @@
 #include "fuzz/fuzz_target.h"
 #include "reference/reference_text.h"
 #include "texts/plain_text.h"
-#include "texts/utf8.h"
 
 namespace voltmere {
 

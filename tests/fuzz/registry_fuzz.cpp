@@ -1,4 +1,4 @@
-#include "devices/device_listing.h"
+#include "devices/device_reader.h"
 #include "devices/registry_parser.h"
 #include "fuzz/fuzz_target.h"
 #include "reference/reference_text.h"

@@ -1,6 +1,6 @@
 #include "linux/sysfs_battery_source.h"
 
-#include "devices/device_listing.h"
+#include "devices/device_reader.h"
 #include "tests/linux/sysfs_fixture.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-#include "devices/device_listing.h"
+#include "devices/device_reader.h"
 #include "devices/profiler_parser.h"
 #include "devices/registry_parser.h"
 #include "reference/profiler_reference.h"

@@ -1,4 +1,4 @@
-#include "texts/utf8.h"
+#include "texts/plain_text.h"
 
 #include <gmock/gmock.h>
 
