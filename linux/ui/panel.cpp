@@ -326,7 +326,6 @@ void ContentView::redraw()
         update();
     }
     // Otherwise the rows would be seen moving to their places one turn later.
-    layout()->invalidate();
     layout()->activate();
 }
 

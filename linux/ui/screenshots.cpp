@@ -93,7 +93,6 @@ void drawIcons(Studio& studio, const QString& suffix, Pictures& pictures)
 void drawPanel(Studio& studio, const QString& suffix, Pictures& pictures)
 {
     ContentView panel(studio.model, studio.appearance, [] {});
-    panel.adjustSize();
     pictures["panel-" + suffix] = panel.grab().toImage();
 }
 
