@@ -1,26 +1,22 @@
 #include "linux/ui/screenshots.h"
 
-#include "app/services.h"
+#include "app/studio.h"
 #include "app/terminal.h"
 #include "linux/run_loop.h"
 #include "linux/ui/alert.h"
 #include "linux/ui/panel.h"
 #include "linux/ui/status_image.h"
 #include "linux/ui/theme.h"
-#include "model/battery_model.h"
 #include "snooze/snooze_alert.h"
 #include "texts/l10n.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QEventLoop>
 #include <QFile>
 #include <QPainter>
 
-#include <cstdint>
 #include <cstdio>
 #include <utility>
-#include <vector>
 
 namespace voltmere {
 
@@ -35,16 +31,10 @@ public:
     ColourScheme scheme = ColourScheme::light;
 };
 
-/// The program without a desktop: one reading, settings in memory, no outside effects.
-class Studio {
+/// The program without a desktop, in an appearance that the pictures choose.
+class QtStudio : public Studio {
 public:
-    explicit Studio(const CommandLine& commandLine)
-        : services(commandLine, Services::Reach::nothing, mainLoop)
-        , model(services.forModel())
-    {
-        BatteryModel::launchSettled = true;
-        waitForReading();
-    }
+    using Studio::Studio;
 
     void setAppearance(ColourScheme scheme)
     {
@@ -53,19 +43,6 @@ public:
     }
 
     ChosenAppearance appearance;
-    QtRunLoop mainLoop;
-    Services services;
-    BatteryModel model;
-
-private:
-    void waitForReading()
-    {
-        QEventLoop loop;
-        const Subscription change = model.objectWillChange.subscribe([&loop] { loop.quit(); });
-        while (!model.lastChecked.get()) {
-            loop.exec();
-        }
-    }
 };
 
 /// A drawing on a strip of the colour that a menu bar or tray panel of that scheme has.
@@ -109,7 +86,7 @@ private:
     QDir directory;
 };
 
-void drawIcons(Studio& studio, const QString& suffix, Album& album)
+void drawIcons(QtStudio& studio, const QString& suffix, Album& album)
 {
     const ColourScheme scheme = studio.appearance.scheme;
     const BatteryModel& model = studio.model;
@@ -120,42 +97,14 @@ void drawIcons(Studio& studio, const QString& suffix, Album& album)
     album.add("tray-" + suffix, onBar(tray.pixmap(largestTray, 1.0).toImage(), scheme));
 }
 
-void drawPanel(Studio& studio, const QString& suffix, Album& album)
+void drawPanel(QtStudio& studio, const QString& suffix, Album& album)
 {
     ContentView panel(studio.model, studio.appearance, [] {});
     panel.adjustSize();
     album.add("panel-" + suffix, panel.grab().toImage());
 }
 
-/// One form of the snooze alert.
-struct AlertSample {
-    QString name;
-    std::vector<BatteryDevice> devices;
-    bool isLow;
-};
-
-std::vector<AlertSample> alertSamples()
-{
-    // With an unknown kind of device the alert shows the device's name.
-    constexpr std::int64_t otherKind = 3;
-    const BatteryDevice mouse{803, "Magic Mouse", 12, "magicmouse", 0};
-    const BatteryDevice keyboard{805, "Magic Keyboard", 8, "keyboard", 1};
-    const std::vector<BatteryDevice> longNames{
-        {803, "Magic Mouse of the meeting room", 12, "magicmouse", otherKind},
-        {805, "Magic Keyboard of the meeting room", 8, "keyboard", otherKind},
-        {804, "Magic Trackpad of the meeting room", 3, "trackpad", otherKind}};
-    BatteryDevice fullMouse = mouse;
-    fullMouse.level = 80;
-    BatteryDevice fullKeyboard = keyboard;
-    fullKeyboard.level = 64;
-    return {{"one-low", {mouse}, true},
-            {"two-low", {mouse, keyboard}, true},
-            {"three-low-long-names", longNames, true},
-            {"all-good", {fullMouse, fullKeyboard}, false},
-            {"no-device", {}, false}};
-}
-
-void drawAlerts(Studio& studio, const QString& suffix, Album& album)
+void drawAlerts(QtStudio& studio, const QString& suffix, Album& album)
 {
     constexpr ClockTime preselected{15, 35};
     for (const AlertSample& sample : alertSamples()) {
@@ -176,7 +125,8 @@ int drawScreenshots(const CommandLine& commandLine)
                      commandLine.screenshotsDirectory.c_str());
         return exitStatus::cannotRun;
     }
-    Studio studio(commandLine);
+    QtRunLoop mainLoop;
+    QtStudio studio(commandLine, mainLoop);
     Album album(directory);
     for (const auto& [scheme, name] : {std::pair(ColourScheme::light, QString("light")),
                                        std::pair(ColourScheme::dark, QString("dark"))}) {

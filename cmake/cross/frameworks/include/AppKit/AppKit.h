@@ -79,8 +79,22 @@ extern "C" NSFontTextStyle const NSFontTextStyleHeadline VOLTMERE_SINCE(11.0);
 - (void)fill;
 @end
 
-// void NSRectFill(NSRect rect); in the fill colour; macOS 10.0
-extern "C" void NSRectFill(NSRect rect);
+// NSCompositingOperationDestinationOver = 6; macOS 10.12
+enum NSCompositingOperation : NSUInteger { NSCompositingOperationDestinationOver = 6 };
+// void NSRectFillUsingOperation(NSRect rect, NSCompositingOperation op); in the fill colour;
+// macOS 10.0
+extern "C" void NSRectFillUsingOperation(NSRect rect, NSCompositingOperation operation);
+
+@interface NSGraphicsContext : NSObject
+// @property (class, strong) NSGraphicsContext *currentContext; macOS 10.0
+@property (class, nullable, strong) NSGraphicsContext* currentContext;
+// + (NSGraphicsContext *)graphicsContextWithBitmapImageRep:(NSBitmapImageRep *)bitmapRep;
+// macOS 10.4
++ (nullable NSGraphicsContext*)graphicsContextWithBitmapImageRep:(NSBitmapImageRep*)bitmap;
+// + (void)saveGraphicsState, + (void)restoreGraphicsState; macOS 10.0
++ (void)saveGraphicsState;
++ (void)restoreGraphicsState;
+@end
 
 // Attributes of drawn text; macOS 10.0
 typedef NSString* NSAttributedStringKey;
@@ -100,16 +114,12 @@ extern "C" NSAttributedStringKey const NSForegroundColorAttributeName;
 // Images
 
 @interface NSImageRep : NSObject
-// - (BOOL)drawInRect:(NSRect)rect; macOS 10.0
-- (BOOL)drawInRect:(NSRect)rect;
 @end
 
 // NSBitmapImageFileTypePNG = 4; macOS 10.12
 enum NSBitmapImageFileType : NSUInteger { NSBitmapImageFileTypePNG = 4 };
 
 @interface NSBitmapImageRep : NSImageRep
-// + (instancetype)imageRepWithData:(NSData *)data; nil when no image can be made; macOS 10.0
-+ (nullable instancetype)imageRepWithData:(NSData*)data;
 // - (NSData *)representationUsingType:(NSBitmapImageFileType)storageType
 //                          properties:(NSDictionary<NSBitmapImageRepPropertyKey, id> *)properties;
 // macOS 10.0
@@ -143,8 +153,6 @@ enum NSBitmapImageFileType : NSUInteger { NSBitmapImageFileTypePNG = 4 };
 - (void)setTemplate:(BOOL)isTemplate;
 // - (void)drawInRect:(NSRect)rect; macOS 10.9
 - (void)drawInRect:(NSRect)rect;
-// @property (nullable, readonly, copy) NSData *TIFFRepresentation; macOS 10.0
-@property (nullable, readonly, copy) NSData* TIFFRepresentation;
 @end
 
 // Layout

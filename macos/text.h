@@ -7,8 +7,6 @@
 
 namespace voltmere {
 
-// For Objective-C++ files only.
-
 /// The text as Foundation holds it; the empty text for what is not UTF-8.
 inline NSString* cocoaText(std::string_view text)
 {

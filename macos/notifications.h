@@ -3,16 +3,21 @@
 #include "ports/log.h"
 #include "ports/notifications.h"
 
-#include <memory>
+#import <UserNotifications/UserNotifications.h>
+
+@class VoltmereNotificationDelegate;
 
 namespace voltmere {
 
 /// The notification centre of macOS. It knows programs by their bundle: in a process without one
-/// the log says so once, and nothing is posted.
+/// the log says so once, and nothing is posted. The system keeps delayed notifications, so they
+/// survive the program's end.
 class UserNotifications : public NotificationCentre {
 public:
     explicit UserNotifications(SystemLog& log);
     ~UserNotifications() override;
+    UserNotifications(const UserNotifications&) = delete;
+    UserNotifications& operator=(const UserNotifications&) = delete;
 
     void requestAuthorisation(std::uint32_t options) override;
     void setDelegate(NotificationCentreDelegate* delegate) override;
@@ -20,8 +25,8 @@ public:
     void add(NotificationRequest request) override;
 
 private:
-    struct Cocoa;
-    std::unique_ptr<Cocoa> cocoa;
+    UNUserNotificationCenter* centre;       ///< nil where the system has none for this process
+    VoltmereNotificationDelegate* delegate; ///< the centre holds it weakly
 };
 
 } // namespace voltmere

@@ -1,0 +1,52 @@
+# The program of macOS: one binary in a bundle, with AppKit's own windows. It needs no Qt. The bundle
+# is signed ad hoc when it is installed; the target "package" makes a disk image.
+
+set(CMAKE_OBJCXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
+enable_language(OBJCXX)
+set(CMAKE_OBJCXX_STANDARD 20)
+set(CMAKE_OBJCXX_STANDARD_REQUIRED ON)
+set(CMAKE_OBJCXX_EXTENSIONS OFF)
+
+add_library(voltmere_macos STATIC
+  macos/notifications.mm
+  macos/platform.mm
+  macos/run_loop.mm
+  macos/settings.mm
+  macos/single_instance.mm
+  macos/ui/alert.mm
+  macos/ui/front_end.mm
+  macos/ui/hover_controls.mm
+  macos/ui/icon.mm
+  macos/ui/panel.mm
+  macos/ui/panel_controller.mm
+  macos/ui/screenshots.mm
+  macos/ui/status_image.mm)
+voltmere_target(voltmere_macos)
+target_compile_options(voltmere_macos PRIVATE
+  -fobjc-arc -Wundeclared-selector -Wunguarded-availability)
+target_link_libraries(voltmere_macos PUBLIC voltmere_app
+  "-framework AppKit" "-framework CoreFoundation" "-framework CoreGraphics"
+  "-framework Foundation" "-framework ServiceManagement" "-framework UserNotifications")
+
+# Drawn into 20 by 20 points, the dense picture serves every screen.
+set(status_icon ${PROJECT_BINARY_DIR}/generated/macos/StatusIcon.png)
+configure_file(resources/icons/StatusIcon@2x.png ${status_icon} COPYONLY)
+set(resources resources/icons/AppIcon.icns ${status_icon})
+set_source_files_properties(${resources} PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
+set(simulated_tools resources/demo/ioreg resources/demo/system_profiler)
+set_source_files_properties(${simulated_tools} PROPERTIES MACOSX_PACKAGE_LOCATION Resources/demo)
+set(bundle_names)
+foreach(language IN ITEMS en zh-Hans)
+  set(names resources/macos/${language}.lproj/InfoPlist.strings)
+  set_source_files_properties(${names} PROPERTIES
+    MACOSX_PACKAGE_LOCATION Resources/${language}.lproj)
+  list(APPEND bundle_names ${names})
+endforeach()
+
+add_executable(voltmere MACOSX_BUNDLE
+  app/main.cpp ${resources} ${simulated_tools} ${bundle_names})
+target_link_libraries(voltmere PRIVATE voltmere_app voltmere_macos)
+voltmere_target(voltmere)
+target_link_options(voltmere PRIVATE -Wl,-dead_strip)
+set_target_properties(voltmere PROPERTIES
+  MACOSX_BUNDLE_INFO_PLIST ${PROJECT_SOURCE_DIR}/resources/macos/Info.plist.in)

@@ -1,0 +1,133 @@
+#include "macos/ui/hover_controls.h"
+
+#include "macos/text.h"
+
+#include <algorithm>
+#include <utility>
+
+@implementation VoltmereActionTarget
+
+- (void)fire
+{
+    VoltmereActionTarget* const kept __attribute__((objc_precise_lifetime)) = self;
+    kept->_action();
+}
+
+@end
+
+@implementation VoltmereHoverButton {
+    BOOL _hovering;
+}
+
+- (void)setHovering:(BOOL)hovering
+{
+    _hovering = hovering;
+    [self highlight:hovering];
+}
+
+- (void)mouseUp:(NSEvent*)event
+{
+    [super mouseUp:event];
+    if (_hovering) {
+        [self highlight:YES];
+    }
+}
+
+@end
+
+@implementation VoltmereHoverPopUpButton {
+    BOOL _hovering;
+}
+
+- (void)setHovering:(BOOL)hovering
+{
+    _hovering = hovering;
+    self.needsDisplay = YES;
+}
+
+- (void)drawRect:(NSRect)dirty
+{
+    [super drawRect:dirty];
+    if (!_hovering) {
+        return;
+    }
+    constexpr CGFloat inset = 0.5; // points
+    constexpr CGFloat largestRadius = 6;
+    constexpr CGFloat overlayAlpha = 0.2;
+    const CGFloat radius = std::min(NSHeight(self.bounds) * 0.5 - 1, largestRadius);
+    [[NSColor.labelColor colorWithAlphaComponent:overlayAlpha] setFill];
+    [[NSBezierPath bezierPathWithRoundedRect:NSInsetRect(self.bounds, inset, inset)
+                                     xRadius:radius
+                                     yRadius:radius] fill];
+}
+
+@end
+
+@implementation VoltmereNativeButtonHover
+
+- (void)setHovering:(BOOL)hovering
+{
+    [self.button highlight:hovering];
+}
+
+@end
+
+namespace voltmere {
+
+VoltmereActionTarget* makeTarget(std::function<void()> action)
+{
+    VoltmereActionTarget* const target = [[VoltmereActionTarget alloc] init];
+    target.action = std::move(action);
+    return target;
+}
+
+void presentChoices(NSPopUpButton* popUp, const std::vector<std::string>& titles,
+                    std::optional<std::size_t> selected)
+{
+    NSMutableArray<NSString*>* const texts = [NSMutableArray array];
+    for (const std::string& title : titles) {
+        [texts addObject:cocoaText(title)];
+    }
+    if (![popUp.itemTitles isEqualToArray:texts]) {
+        [popUp removeAllItems];
+        [popUp addItemsWithTitles:texts];
+    }
+    [popUp selectItemAtIndex:selected ? static_cast<NSInteger>(*selected) : -1];
+}
+
+std::optional<std::size_t> selectedChoice(NSPopUpButton* popUp)
+{
+    const NSInteger index = popUp.indexOfSelectedItem;
+    return index < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(index));
+}
+
+HoverPoller::HoverPoller(NSWindow* window, std::vector<Item> givenItems, RunLoop& runLoop)
+    : items(std::move(givenItems))
+    , timer(runLoop.scheduleRepeating(interval, [this] { refresh(); }))
+    , window(window)
+{
+    refresh();
+}
+
+void HoverPoller::stop()
+{
+    timer.reset();
+    for (const Item& item : items) {
+        [item.hover setHovering:NO];
+    }
+}
+
+void HoverPoller::refresh() const
+{
+    NSWindow* const shown = window;
+    if (!shown.visible) {
+        return;
+    }
+    const NSPoint pointer = [shown convertPointFromScreen:NSEvent.mouseLocation];
+    for (const Item& item : items) {
+        const NSPoint place = [item.view convertPoint:pointer fromView:nil];
+        [item.hover setHovering:NSPointInRect(place, item.view.bounds)];
+    }
+}
+
+} // namespace voltmere
