@@ -1,0 +1,27 @@
+// The root class, as far as the program and the framework classes use it.
+#pragma once
+
+#include <objc/objc.h>
+
+@class NSString;
+
+@protocol NSObject
+- (BOOL)isEqual:(id)object;
+- (NSUInteger)hash;
+- (Class)class;
+- (instancetype)self;
+- (BOOL)isKindOfClass:(Class)aClass;
+- (BOOL)respondsToSelector:(SEL)selector;
+@end
+
+__attribute__((objc_root_class))
+@interface NSObject <NSObject> {
+    Class isa;
+}
++ (instancetype)alloc;
++ (instancetype)new;
++ (Class)class;
+- (instancetype)init;
+- (id)copy;
+- (void)dealloc;
+@end

@@ -1,0 +1,2 @@
+#include "mac.h"
+#include <gtest/gtest.h>
