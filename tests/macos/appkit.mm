@@ -383,12 +383,13 @@ ANSWERS(-(BOOL)isActive, mac.isActive)
 - (void)run
 {
     note(self, "run");
+    mac.isStopping = mac.hasEvent = false;
     [self.delegate applicationDidFinishLaunching:made(NSNotification.class, "launched")];
     if (mac.whileRunning) {
         mac.whileRunning();
     }
-    if (!mac.isStopping || !mac.hasEvent) {
-        throw std::runtime_error("nothing ended the event loop");
+    while (!mac.hasEvent) {
+        [NSRunLoop.mainRunLoop runMode:NSDefaultRunLoopMode beforeDate:NSDate.distantFuture];
     }
 }
 DOES(-(void)stop : (id)sender, mac.isStopping = true)
@@ -420,6 +421,10 @@ ANSWERS(+(NSScreen*)mainScreen, screen(mac.screen, mac.visibleScreen))
 }
 ANSWERS(-(NSRect)frame, _frame)
 ANSWERS(-(NSRect)visibleFrame, _visibleFrame)
+- (BOOL)isEqual:(id)other
+{
+    return text(_frame) == text(((NSScreen*)other).frame);
+}
 @end
 
 @interface NSWindow ()
@@ -855,6 +860,7 @@ ANSWERS(-(NSImage*)icon, _icon != nil ? _icon : NSApp.applicationIconImage)
         [all addObject:button];
     }
     NSButton* const button = [NSButton buttonWithTitle:title target:nil action:nullptr];
+    button.frame = NSMakeRect(0, 0, 100, 28);
     button.keyEquivalent = all.count == 0 ? @"\r" : @"";
     [all addObject:button];
     self.buttons = all;

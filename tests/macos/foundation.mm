@@ -364,6 +364,7 @@ void NSLog(NSString* format, ...)
     mac.log.push_back(isPlain ? text(va_arg(arguments, __unsafe_unretained NSString*))
                               : "format: " + text(format));
     va_end(arguments);
+    mac.calls.push_back("NSLog " + mac.log.back());
 }
 
 // Notifications within the program and between programs
@@ -466,13 +467,14 @@ ANSWERS(+(NSRunLoop*)mainRunLoop, shared(self))
 }
 - (BOOL)runMode:(NSRunLoopMode)mode beforeDate:(NSDate*)limit
 {
-    if (mac.mainQueue.empty() && mac.background.empty()) {
-        if (mac.timers.empty()) {
-            throw std::runtime_error("this run loop waits for ever");
-        }
-        advance(60);
-    } else if (drainMainQueue() == 0) {
+    if (!mac.mainQueue.empty()) {
+        runFirst(mac.mainQueue);
+    } else if (!mac.background.empty()) {
         runFirst(mac.background);
+    } else if (!mac.timers.empty() && ++mac.idleTurns < 1000) {
+        advance(60);
+    } else {
+        throw std::runtime_error("this run loop waits for ever");
     }
     return YES;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mac.h"
+#include "macos/ui/status_image.h"
 #include "runtime.h"
 
 #include <gtest/gtest.h>
@@ -12,17 +13,25 @@ using Lines = std::vector<std::string>;
 /// A test with a Mac of its own. At its end nothing waits, and no object is left.
 class MacTest : public testing::Test {
 protected:
-    MacTest()
+    /// A process that draws keeps the status icon to its end.
+    explicit MacTest(bool draws = false)
     {
         mac = Mac();
+        NSApp.appearance = nil;
         NSApp = nil;
+        if (draws) {
+            (void)NSApplication.sharedApplication;
+            (void)AppIconAsset::statusImage();
+        }
         objc::drainPool();
+        mac.calls.clear();
         before = objc::liveObjects();
     }
 
     ~MacTest() override
     {
         settle();
+        NSApp.appearance = nil;
         objc::drainPool();
         EXPECT_EQ(mac.timers.size() + mac.observers.size() + mac.monitors.size() +
                       mac.activities.size() + mac.appearanceObservers.size(),
