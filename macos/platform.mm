@@ -70,21 +70,6 @@ public:
     }
 };
 
-std::string describeLoginItem()
-{
-    switch (MainAppLoginItem().status()) {
-    case LoginItemService::Status::enabled:
-        return "on";
-    case LoginItemService::Status::notRegistered:
-        return "off";
-    case LoginItemService::Status::requiresApproval:
-        return "waits for approval in System Settings";
-    case LoginItemService::Status::notFound:
-        break;
-    }
-    return "not known to the system";
-}
-
 /// With `verbose` the whole path, which may hold the user's name.
 std::string describeBundle(bool verbose)
 {
@@ -154,8 +139,7 @@ std::vector<Finding> describeSystem(bool verbose)
     NSString* const version = NSProcessInfo.processInfo.operatingSystemVersionString;
     return {{"system", "macOS " + utf8Text(version)},
             {"bundle", describeBundle(verbose)},
-            {"settings", describeUserDefaults()},
-            {"launch at login", describeLoginItem()}};
+            {"settings", describeUserDefaults()}};
 }
 
 std::shared_ptr<void> watchForClosedOutput(std::function<void()> action)

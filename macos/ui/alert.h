@@ -39,31 +39,14 @@ private:
     NSView* optionRow(NSString* title, std::function<void()> action);
     NSView* customTimeRow(const AlertContent& content, const AlertActions& actions);
     VoltmereHoverPopUpButton* makePopUp(const PopUp<std::int64_t>& content);
-    VoltmereActionTarget* keepTarget(std::function<void()> action);
 
     MacApplication& application;
     NSAlert* alert = [[NSAlert alloc] init];
-    std::vector<VoltmereActionTarget*> rowTargets; ///< the buttons hold them weakly
+    RowTargets rowTargets;
     std::vector<HoverPoller::Item> hoverItems;
     VoltmereNativeButtonHover* nativeHover = nil;
     std::unique_ptr<HoverPoller> hoverPoller;
     bool onScreen = false;
-};
-
-/// Shows snooze alerts. The arguments must outlive it and its alerts.
-class SnoozeAlertPresenter : public AlertPresenter {
-public:
-    SnoozeAlertPresenter(MacApplication& application, RunLoop& runLoop)
-        : application(application)
-        , runLoop(runLoop)
-    {
-    }
-
-    std::unique_ptr<Alert> present(AlertContent content, AlertActions actions) override;
-
-private:
-    MacApplication& application;
-    RunLoop& runLoop;
 };
 
 } // namespace voltmere

@@ -113,7 +113,7 @@ void SnoozeAlert::orderOut()
 /// Escape presses it, and Return presses nothing.
 void SnoozeAlert::connectCancelButton(const AlertActions& actions)
 {
-    VoltmereActionTarget* const target = keepTarget(actions.cancel);
+    VoltmereActionTarget* const target = rowTargets.add(actions.cancel);
     alert.buttons.firstObject.target = target;
     alert.buttons.firstObject.action = @selector(fire);
     alert.buttons.firstObject.keyEquivalent = @"\x1b";
@@ -161,7 +161,7 @@ NSView* SnoozeAlert::optionRow(NSString* title, std::function<void()> action)
 {
     VoltmereHoverButton* const button =
         [VoltmereHoverButton buttonWithTitle:title
-                                      target:keepTarget(std::move(action))
+                                      target:rowTargets.add(std::move(action))
                                       action:@selector(fire)];
     button.controlSize = NSControlSizeLarge;
     makeRowSized(button);
@@ -176,8 +176,8 @@ NSView* SnoozeAlert::customTimeRow(const AlertContent& content, const AlertActio
     VoltmereHoverPopUpButton* const hour = makePopUp(content.hour);
     VoltmereHoverPopUpButton* const minute = makePopUp(content.minute);
     VoltmereActionTarget* const target =
-        keepTarget([hour, minute, choose = actions.chooseTime, hours = content.hour.values,
-                    minutes = content.minute.values] {
+        rowTargets.add([hour, minute, choose = actions.chooseTime, hours = content.hour.values,
+                        minutes = content.minute.values] {
             const auto hourChoice = selectedChoice(hour);
             const auto minuteChoice = selectedChoice(minute);
             if (hourChoice && minuteChoice) {
@@ -218,19 +218,6 @@ VoltmereHoverPopUpButton* SnoozeAlert::makePopUp(const PopUp<std::int64_t>& cont
     popUp.translatesAutoresizingMaskIntoConstraints = NO;
     [popUp.widthAnchor constraintEqualToConstant:popUpWidth].active = YES;
     return popUp;
-}
-
-VoltmereActionTarget* SnoozeAlert::keepTarget(std::function<void()> action)
-{
-    rowTargets.push_back(makeTarget(std::move(action)));
-    return rowTargets.back();
-}
-
-std::unique_ptr<Alert> SnoozeAlertPresenter::present(AlertContent content, AlertActions actions)
-{
-    auto alert = std::make_unique<SnoozeAlert>(content, actions, application);
-    alert->show(runLoop);
-    return alert;
 }
 
 } // namespace voltmere

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/voltmere_app.h"
-#include "macos/ui/alert.h"
 #include "ports/desktop.h"
 
 namespace voltmere {
@@ -23,19 +22,23 @@ private:
 };
 
 /// The windows of macOS.
-class MacFrontEnd : public FrontEnd {
+class MacFrontEnd : public FrontEnd, private AlertPresenter {
 public:
     /// Needs the application object. `mainLoop` must outlive it.
-    explicit MacFrontEnd(MainLoop& mainLoop);
+    explicit MacFrontEnd(MainLoop& mainLoop)
+        : mainLoop(mainLoop)
+    {
+    }
 
     Application& application() override { return macApplication; }
-    AlertPresenter& alerts() override { return presenter; }
+    AlertPresenter& alerts() override { return *this; }
     std::unique_ptr<Scene> show(BatteryModel& model) override;
 
 private:
+    std::unique_ptr<Alert> present(AlertContent content, AlertActions actions) override;
+
     MainLoop& mainLoop;
     MacApplication macApplication;
-    SnoozeAlertPresenter presenter;
 };
 
 /// Runs the program in the menu bar, or draws the pictures, as the command line asks. Returns the

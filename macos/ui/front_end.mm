@@ -3,6 +3,7 @@
 #include "app/terminal.h"
 #include "macos/run_loop.h"
 #include "macos/single_instance.h"
+#include "macos/ui/alert.h"
 #include "macos/ui/icon.h"
 #include "macos/ui/panel_controller.h"
 #include "macos/ui/screenshots.h"
@@ -115,15 +116,16 @@ void MacApplication::windowCloses()
     }
 }
 
-MacFrontEnd::MacFrontEnd(MainLoop& mainLoop)
-    : mainLoop(mainLoop)
-    , presenter(macApplication, mainLoop)
-{
-}
-
 std::unique_ptr<Scene> MacFrontEnd::show(BatteryModel& model)
 {
     return std::make_unique<MacScene>(model, macApplication, mainLoop);
+}
+
+std::unique_ptr<Alert> MacFrontEnd::present(AlertContent content, AlertActions actions)
+{
+    auto alert = std::make_unique<SnoozeAlert>(content, actions, macApplication);
+    alert->show(mainLoop);
+    return alert;
 }
 
 int runWindows(const CommandLine& commandLine)

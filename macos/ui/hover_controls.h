@@ -1,6 +1,5 @@
 #pragma once
 
-#include "ports/desktop.h"
 #include "ports/time.h"
 
 #import <AppKit/AppKit.h>
@@ -8,12 +7,13 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
-/// The action of a control. The control holds it weakly; the code that connects them keeps it
-/// alive.
+/// The action of a control, or of an observed property. The control holds it weakly; the code that
+/// connects them keeps it alive.
 @interface VoltmereActionTarget : NSObject
-@property (nonatomic) std::function<void()> action;
+- (instancetype)initWithAction:(std::function<void()>)action;
 
 /// Runs the action, and stays alive meanwhile even if the action drops the last owner.
 - (void)fire;
@@ -39,7 +39,14 @@
 
 namespace voltmere {
 
-VoltmereActionTarget* makeTarget(std::function<void()> action);
+/// Keeps the targets of a window's controls alive.
+class RowTargets {
+public:
+    VoltmereActionTarget* add(std::function<void()> action);
+
+private:
+    std::vector<VoltmereActionTarget*> targets;
+};
 
 /// Shows `titles` in the pop-up button and selects one of them, or none.
 void presentChoices(NSPopUpButton* popUp, const std::vector<std::string>& titles,

@@ -5,12 +5,29 @@
 #include <algorithm>
 #include <utility>
 
-@implementation VoltmereActionTarget
+@implementation VoltmereActionTarget {
+    std::function<void()> _action;
+}
+
+- (instancetype)initWithAction:(std::function<void()>)action
+{
+    self = [super init];
+    _action = std::move(action);
+    return self;
+}
 
 - (void)fire
 {
     VoltmereActionTarget* const kept __attribute__((objc_precise_lifetime)) = self;
     kept->_action();
+}
+
+- (void)observeValueForKeyPath:(NSString*)__unused keyPath
+                      ofObject:(id)__unused object
+                        change:(NSDictionary<NSKeyValueChangeKey, id>*)__unused change
+                       context:(void*)__unused context
+{
+    [self fire];
 }
 
 @end
@@ -74,11 +91,10 @@
 
 namespace voltmere {
 
-VoltmereActionTarget* makeTarget(std::function<void()> action)
+VoltmereActionTarget* RowTargets::add(std::function<void()> action)
 {
-    VoltmereActionTarget* const target = [[VoltmereActionTarget alloc] init];
-    target.action = std::move(action);
-    return target;
+    targets.push_back([[VoltmereActionTarget alloc] initWithAction:std::move(action)]);
+    return targets.back();
 }
 
 void presentChoices(NSPopUpButton* popUp, const std::vector<std::string>& titles,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "macos/ui/redraw_scheduler.h"
+#include "macos/ui/hover_controls.h"
 #include "model/battery_model.h"
 #include "ui/icon.h"
 
@@ -9,8 +9,6 @@
 #include <functional>
 #include <optional>
 #include <utility>
-
-@class VoltmereIconObserver;
 
 namespace voltmere {
 
@@ -35,10 +33,11 @@ private:
 
     BatteryModel& model;
     NSStatusItem* item;
-    VoltmereIconObserver* observer;
+    VoltmereActionTarget* clicks;
+    VoltmereActionTarget* appearance;
     std::optional<std::pair<std::optional<IconLevel>, std::optional<ColourScheme>>> shownPicture;
     std::optional<IconTexts> shownTexts;
-    RedrawScheduler redrawScheduler;
+    Subscription redraws;
 };
 
 } // namespace voltmere

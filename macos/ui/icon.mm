@@ -1,40 +1,10 @@
 #include "macos/ui/icon.h"
 
 #include "macos/text.h"
+#include "macos/ui/redraw_scheduler.h"
 #include "macos/ui/status_image.h"
 
-/// Takes the clicks, and watches the application's appearance.
-@interface VoltmereIconObserver : NSObject
-@property (nonatomic) std::function<void()> toggle;
-@property (nonatomic) std::function<void()> redraw;
-- (void)click;
-@end
-
 static NSString* const appearanceKey = @"effectiveAppearance";
-
-/// Tells this observation from any other.
-static char appearanceObservation;
-
-@implementation VoltmereIconObserver
-
-- (void)click
-{
-    _toggle();
-}
-
-- (void)observeValueForKeyPath:(NSString*)keyPath
-                      ofObject:(id)object
-                        change:(NSDictionary<NSKeyValueChangeKey, id>*)change
-                       context:(void*)context
-{
-    if (context != &appearanceObservation) {
-        [super observeValueForKeyPath:keyPath ofObject:object change:change context:context];
-        return;
-    }
-    _redraw();
-}
-
-@end
 
 namespace voltmere {
 
@@ -52,22 +22,21 @@ std::optional<ColourScheme> applicationScheme()
 StatusLabel::StatusLabel(BatteryModel& model, std::function<void()> toggle)
     : model(model)
     , item([NSStatusBar.systemStatusBar statusItemWithLength:NSVariableStatusItemLength])
-    , observer([[VoltmereIconObserver alloc] init])
-    , redrawScheduler(model.objectWillChange, [this] { redraw(); })
+    , clicks([[VoltmereActionTarget alloc] initWithAction:std::move(toggle)])
+    , appearance([[VoltmereActionTarget alloc] initWithAction:[this] { redraw(); }])
+    , redraws(redrawAfterChanges(model.objectWillChange, [this] { redraw(); }))
 {
-    observer.toggle = std::move(toggle);
-    observer.redraw = [this] { redraw(); };
     button().imagePosition = NSImageOnly;
-    button().target = observer;
-    button().action = @selector(click);
+    button().target = clicks;
+    button().action = @selector(fire);
     [button() sendActionOn:NSEventMaskLeftMouseDown | NSEventMaskRightMouseDown];
-    [NSApp addObserver:observer forKeyPath:appearanceKey options:0 context:&appearanceObservation];
+    [NSApp addObserver:appearance forKeyPath:appearanceKey options:0 context:nullptr];
     redraw();
 }
 
 StatusLabel::~StatusLabel()
 {
-    [NSApp removeObserver:observer forKeyPath:appearanceKey context:&appearanceObservation];
+    [NSApp removeObserver:appearance forKeyPath:appearanceKey context:nullptr];
     [NSStatusBar.systemStatusBar removeStatusItem:item];
 }
 

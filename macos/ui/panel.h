@@ -1,17 +1,14 @@
 #pragma once
 
-#include "macos/ui/redraw_scheduler.h"
+#include "macos/ui/hover_controls.h"
 #include "model/battery_model.h"
 #include "ui/panel.h"
 
 #import <AppKit/AppKit.h>
 
 #include <functional>
-#include <optional>
 #include <string>
 #include <vector>
-
-@class VoltmereActionTarget;
 
 namespace voltmere {
 
@@ -43,19 +40,16 @@ private:
     NSButton* makeToggle(Toggle PanelContent::*toggle, Published<bool>& setting);
     template<typename Value>
     NSPopUpButton* makePicker(PopUp<Value> PanelContent::*popUp, Published<Value>& setting);
-    VoltmereActionTarget* keepTarget(std::function<void()> action);
 
-    /// `update` brings one control in line with `content`.
-    void onRedraw(std::function<void()> update);
     void redraw();
 
     BatteryModel& model;
     std::function<void()> resized;
     PanelContent content; ///< as it is shown
     NSStackView* stack;
-    std::vector<VoltmereActionTarget*> targets; ///< the controls hold them weakly
-    std::vector<std::function<void()>> updates;
-    RedrawScheduler redrawScheduler;
+    RowTargets targets;
+    std::vector<std::function<void()>> updates; ///< each brings a control in line with `content`
+    Subscription redraws;
 };
 
 } // namespace voltmere

@@ -1,10 +1,10 @@
 #include "macos/ui/panel.h"
 
 #include "macos/text.h"
-#include "macos/ui/hover_controls.h"
+#include "macos/ui/redraw_scheduler.h"
 #include "macos/ui/status_image.h"
 
-#include <memory>
+#include <optional>
 #include <utility>
 
 namespace voltmere {
@@ -111,7 +111,7 @@ ContentView::ContentView(BatteryModel& model, std::function<void()> quit,
     , resized(std::move(resized))
     , content(panelContent(model))
     , stack(makeColumn())
-    , redrawScheduler(model.objectWillChange, [this] { redraw(); })
+    , redraws(redrawAfterChanges(model.objectWillChange, [this] { redraw(); }))
 {
     constexpr CGFloat padding = panelGeometry::padding;
     stack.edgeInsets = NSEdgeInsetsMake(padding, padding, padding, padding);
@@ -177,14 +177,12 @@ NSView* ContentView::makeHeader()
 NSView* ContentView::makeDevices()
 {
     NSStackView* const list = makeColumn();
-    const auto shown = std::make_shared<std::optional<PanelContent>>();
-    onRedraw([this, list, shown] {
+    updates.emplace_back([this, list, shown = std::optional<PanelContent>()]() mutable {
         // An unchanged row stays: assistive technology may be reading it.
-        if (*shown && (*shown)->devices == content.devices &&
-            (*shown)->emptyText == content.emptyText) {
+        if (shown && shown->devices == content.devices && shown->emptyText == content.emptyText) {
             return;
         }
-        *shown = content;
+        shown = content;
         for (NSView* const row in list.arrangedSubviews) {
             [row removeFromSuperview];
         }
@@ -204,7 +202,7 @@ NSView* ContentView::makeStatus()
     line.selectable = NO;
     line.preferredMaxLayoutWidth = rowWidth;
     fixWidth(line, rowWidth);
-    onRedraw([this, line] {
+    updates.emplace_back([this, line] {
         line.stringValue = cocoaText(content.status);
         line.textColor = content.statusIsRed ? NSColor.systemRedColor : NSColor.secondaryLabelColor;
     });
@@ -215,7 +213,7 @@ NSView* ContentView::makeStatus()
 NSTextField* ContentView::makeText(std::string PanelContent::*text)
 {
     NSTextField* const label = [NSTextField labelWithString:@""];
-    onRedraw([this, label, text] {
+    updates.emplace_back([this, label, text] {
         label.stringValue = cocoaText(content.*text);
         label.hidden = (content.*text).empty();
     });
@@ -225,19 +223,17 @@ NSTextField* ContentView::makeText(std::string PanelContent::*text)
 NSButton* ContentView::makeButton(std::string PanelContent::*title, std::function<void()> action)
 {
     NSButton* const button = [NSButton buttonWithTitle:@""
-                                                target:keepTarget(std::move(action))
+                                                target:targets.add(std::move(action))
                                                 action:@selector(fire)];
-    onRedraw([this, button, title] { button.title = cocoaText(content.*title); });
+    updates.emplace_back([this, button, title] { button.title = cocoaText(content.*title); });
     return button;
 }
 
 NSButton* ContentView::makeToggle(Toggle PanelContent::*toggle, Published<bool>& setting)
 {
     NSButton* const box = [NSButton checkboxWithTitle:@"" target:nil action:@selector(fire)];
-    __weak NSButton* const weakBox = box; // its own target must not keep it
-    box.target =
-        keepTarget([weakBox, &setting] { setting = weakBox.state == NSControlStateValueOn; });
-    onRedraw([this, box, toggle] {
+    box.target = targets.add([box, &setting] { setting = box.state == NSControlStateValueOn; });
+    updates.emplace_back([this, box, toggle] {
         box.title = cocoaText((content.*toggle).title);
         box.state = (content.*toggle).isOn ? NSControlStateValueOn : NSControlStateValueOff;
     });
@@ -248,30 +244,18 @@ template<typename Value>
 NSPopUpButton* ContentView::makePicker(PopUp<Value> PanelContent::*popUp, Published<Value>& setting)
 {
     NSPopUpButton* const picker = [[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO];
-    __weak NSPopUpButton* const weakPicker = picker;
-    picker.target = keepTarget([this, weakPicker, popUp, &setting] {
-        if (const auto choice = selectedChoice(weakPicker)) {
+    picker.target = targets.add([this, picker, popUp, &setting] {
+        if (const auto choice = selectedChoice(picker)) {
             setting = (content.*popUp).values.at(*choice);
         }
     });
     picker.action = @selector(fire);
-    onRedraw([this, picker, popUp] {
+    updates.emplace_back([this, picker, popUp] {
         const PopUp<Value>& present = content.*popUp;
         presentChoices(picker, present.titles, present.selected);
         [picker setAccessibilityLabel:cocoaText(present.name)];
     });
     return picker;
-}
-
-VoltmereActionTarget* ContentView::keepTarget(std::function<void()> action)
-{
-    targets.push_back(makeTarget(std::move(action)));
-    return targets.back();
-}
-
-void ContentView::onRedraw(std::function<void()> update)
-{
-    updates.push_back(std::move(update));
 }
 
 void ContentView::redraw()

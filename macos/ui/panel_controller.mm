@@ -121,7 +121,7 @@ using voltmere::MacApplication;
     // where the person is.
     const NSPoint pointer = NSEvent.mouseLocation;
     for (NSScreen* const screen in NSScreen.screens) {
-        if (NSPointInRect(pointer, screen.frame) && screen != _icon.window.screen) {
+        if (NSPointInRect(pointer, screen.frame) && ![screen isEqual:_icon.window.screen]) {
             const NSRect visible = screen.visibleFrame;
             [self openBelow:NSMakeRect(pointer.x, NSMaxY(visible), 0, 0) inside:visible];
             return;
