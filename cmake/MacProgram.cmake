@@ -28,25 +28,38 @@ target_link_libraries(voltmere_macos PUBLIC voltmere_app
   "-framework AppKit" "-framework CoreFoundation" "-framework CoreGraphics"
   "-framework Foundation" "-framework ServiceManagement" "-framework UserNotifications")
 
-# Drawn into 20 by 20 points, the dense picture serves every screen.
-set(status_icon ${PROJECT_BINARY_DIR}/generated/macos/StatusIcon.png)
-configure_file(resources/icons/StatusIcon@2x.png ${status_icon} COPYONLY)
-set(resources resources/icons/AppIcon.icns ${status_icon})
-set_source_files_properties(${resources} PROPERTIES MACOSX_PACKAGE_LOCATION Resources)
-set(simulated_tools resources/demo/ioreg resources/demo/system_profiler)
-set_source_files_properties(${simulated_tools} PROPERTIES MACOSX_PACKAGE_LOCATION Resources/demo)
-set(bundle_names)
-foreach(language IN ITEMS en zh-Hans)
-  set(names resources/macos/${language}.lproj/InfoPlist.strings)
-  set_source_files_properties(${names} PROPERTIES
-    MACOSX_PACKAGE_LOCATION Resources/${language}.lproj)
-  list(APPEND bundle_names ${names})
-endforeach()
-
-add_executable(voltmere MACOSX_BUNDLE
-  app/main.cpp ${resources} ${simulated_tools} ${bundle_names})
+add_executable(voltmere MACOSX_BUNDLE app/main.cpp)
 target_link_libraries(voltmere PRIVATE voltmere_app voltmere_macos)
 voltmere_target(voltmere)
 target_link_options(voltmere PRIVATE -Wl,-dead_strip)
 set_target_properties(voltmere PROPERTIES
+  OUTPUT_NAME Voltmere
   MACOSX_BUNDLE_INFO_PLIST ${PROJECT_SOURCE_DIR}/resources/macos/Info.plist.in)
+
+# bundle_resources(FOLDER FILE...): files of the bundle's Resources/FOLDER.
+function(bundle_resources folder)
+  target_sources(voltmere PRIVATE ${ARGN})
+  set_source_files_properties(${ARGN} PROPERTIES MACOSX_PACKAGE_LOCATION Resources/${folder})
+endfunction()
+
+# Drawn into 20 by 20 points, the dense picture serves every screen.
+set(status_icon ${PROJECT_BINARY_DIR}/generated/macos/StatusIcon.png)
+configure_file(resources/icons/StatusIcon@2x.png ${status_icon} COPYONLY)
+bundle_resources("" resources/icons/AppIcon.icns ${status_icon})
+bundle_resources(demo resources/demo/ioreg resources/demo/system_profiler)
+bundle_resources(en.lproj resources/macos/en.lproj/InfoPlist.strings)
+bundle_resources(zh-Hans.lproj resources/macos/zh-Hans.lproj/InfoPlist.strings)
+
+# Signed last, since each change breaks a signature.
+install(TARGETS voltmere BUNDLE DESTINATION .)
+install(CODE "
+  execute_process(COMMAND codesign --force --sign - --identifier org.voltmere.Voltmere
+                          \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/Voltmere.app\"
+                  COMMAND_ERROR_IS_FATAL ANY)")
+
+set(CPACK_GENERATOR External)
+set(CPACK_EXTERNAL_ENABLE_STAGING ON)
+set(CPACK_EXTERNAL_PACKAGE_SCRIPT ${PROJECT_SOURCE_DIR}/cmake/MacDiskImage.cmake)
+set(CPACK_PACKAGE_FILE_NAME Voltmere-${PROJECT_VERSION})
+set(CPACK_INCLUDE_TOPLEVEL_DIRECTORY OFF)
+include(CPack)
