@@ -678,7 +678,6 @@ std::vector<NSView*> voltmere::viewsIn(NSView* view)
 
 @implementation NSStackView {
     std::vector<NSView*> _arranged;
-    std::map<void*, double> _customSpacing;
 }
 - (instancetype)initWithFrame:(NSRect)frame
 {
@@ -711,12 +710,7 @@ std::vector<NSView*> voltmere::viewsIn(NSView* view)
     if (std::find(_arranged.begin(), _arranged.end(), view) == _arranged.end()) {
         raise("the view is not in the stack");
     }
-    _customSpacing[(__bridge void*)view] = spacing;
-}
-- (CGFloat)customSpacingAfterView:(NSView*)view
-{
-    const auto found = _customSpacing.find((__bridge void*)view);
-    return found == _customSpacing.end() ? _spacing : found->second;
+    view.gapAfter = spacing;
 }
 @end
 

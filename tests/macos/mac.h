@@ -171,6 +171,7 @@ std::vector<NSView*> viewsIn(NSView* view);
 @property (copy) NSString* accessibilityLabel;
 @property (getter=isAccessibilityElement) BOOL accessibilityElement;
 @property (weak) NSWindow* ownWindow;
+@property CGFloat gapAfter;                  ///< in a stack; 0 for the stack's own
 - (std::vector<std::string>&)constraints;    ///< the active ones, as texts
 - (std::map<std::string, float>&)priorities; ///< such as "hugging 0"
 @end
@@ -181,9 +182,6 @@ std::vector<NSView*> viewsIn(NSView* view);
 @interface NSButton ()
 @property BOOL isHighlighted;
 @property BOOL isCheckBox;
-@end
-@interface NSStackView (Test)
-- (CGFloat)customSpacingAfterView:(NSView*)view;
 @end
 @interface NSWindow ()
 @property NSWindowStyleMask styleMask;

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "mac.h"
+#include "macos/ui/panel_controller.h"
 #include "macos/ui/status_image.h"
 #include "runtime.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace voltmere {
 
@@ -17,7 +20,6 @@ protected:
     explicit MacTest(bool draws = false)
     {
         mac = Mac();
-        NSApp.appearance = nil;
         NSApp = nil;
         if (draws) {
             (void)NSApplication.sharedApplication;
@@ -43,8 +45,58 @@ protected:
         }
     }
 
-    /// What the stand-ins were asked since the last time.
-    static Lines calls() { return std::exchange(mac.calls, {}); }
+    /// What the stand-ins were asked since the last time, without calls that name one of `others`.
+    static Lines calls(const Lines& others = {})
+    {
+        Lines all = std::exchange(mac.calls, {});
+        for (const std::string& other : others) {
+            std::erase_if(all, [&](const std::string& one) { return one.find(other) != one.npos; });
+        }
+        return all;
+    }
+
+    static NSWindow* panel()
+    {
+        for (NSWindow* const window : mac.windows) {
+            if ([window isKindOfClass:VoltmerePanel.class]) {
+                return window;
+            }
+        }
+        return nil;
+    }
+
+    static NSWindow* alert() { return mac.alert.window; }
+
+    /// The newest button with that title.
+    static NSButton* button(const std::string& title)
+    {
+        NSButton* found = nil;
+        for (NSWindow* const window : mac.windows) {
+            for (NSView* const view : viewsIn(window.contentView)) {
+                if ([view isKindOfClass:NSButton.class] && text(((NSButton*)view).title) == title) {
+                    found = (NSButton*)view;
+                }
+            }
+        }
+        EXPECT_NE(found, nil) << title;
+        return found;
+    }
+
+    static NSPopUpButton* popUp(NSWindow* window, int index)
+    {
+        for (NSView* const view : viewsIn(window.contentView)) {
+            if ([view isKindOfClass:NSPopUpButton.class] && index-- == 0) {
+                return (NSPopUpButton*)view;
+            }
+        }
+        return nil;
+    }
+
+    static void pressIcon()
+    {
+        press(mac.statusItem.button);
+        settle();
+    }
 
 private:
     std::map<std::string, long> before;

@@ -36,14 +36,12 @@ struct MethodList {
     unsigned count;
     Method methods[1];
 };
-struct InstanceVariable {
-    const char* name;
-    const char* type;
-    int offset;
-};
 struct InstanceVariables {
     int count;
-    InstanceVariable list[1];
+    struct {
+        const char* names[2];
+        int offset;
+    } list[1];
 };
 struct objc_class {
     Class isa;
@@ -64,16 +62,13 @@ struct Category {
     MethodList* classMethods;
 };
 struct SymbolTable {
-    unsigned long selectorCount;
-    void* selectors;
+    void* selectors[2];
     unsigned short classCount;
     unsigned short categoryCount;
     void* definitions[1]; ///< classes, then categories
 };
 struct Module {
-    unsigned long version;
-    unsigned long size;
-    const char* name;
+    void* description[3];
     SymbolTable* symbols;
 };
 struct objc_super {
@@ -127,20 +122,17 @@ void prepare(Class aClass)
     }
 }
 
-void add(MethodList* list, Class aClass)
-{
-    if (list != nullptr) {
-        list->next = aClass->methods;
-        aClass->methods = list;
-    }
-}
-
 void prepareAll()
 {
     state().prepared = true;
     for (const auto& [name, aClass] : state().classes) {
         prepare(aClass);
     }
+    const auto add = [](MethodList* list, Class aClass) {
+        if (list != nullptr) {
+            list->next = std::exchange(aClass->methods, list);
+        }
+    };
     for (const Category* const category : state().categories) {
         const auto owner = state().classes.find(category->className);
         if (owner != state().classes.end()) { // the compiler adds one of no class, for protocols
@@ -213,11 +205,6 @@ id nothing(id /*receiver*/, SEL /*selector*/, ...)
     return nullptr;
 }
 
-id* memberAt(id object, long offset)
-{
-    return reinterpret_cast<id*>(reinterpret_cast<char*>(object) + offset);
-}
-
 // Exceptions. The tables of a function name the class that it catches as a text, so the
 // personality of C++ cannot read them.
 
@@ -228,7 +215,7 @@ struct Thrown {
     id object;
 };
 
-long readNumber(const unsigned char*& place, bool isSigned)
+long readNumber(const unsigned char*& place, bool isSigned = false)
 {
     long value = 0;
     int bits = 0;
@@ -245,20 +232,15 @@ struct LandingPad {
     bool takesObject = false;
 };
 
-/// The text or, for another language, the bytes that an entry of the table of types refers to.
-/// Null for `catch (...)`.
+/// The name of the class that an entry of the table of types refers to; null for `catch (...)`.
 const char* caughtType(const unsigned char* types, unsigned char encoding, long filter)
 {
+    constexpr unsigned char fourBytes = 0xb;
+    const long size = (encoding & 0xf) == fourBytes ? 4 : 8;
+    const unsigned char* const entry = types - filter * size;
     long relative = 0;
-    const unsigned char* entry = types - filter * 8;
-    if ((encoding & 0xf) == 0xb) {
-        int narrow = 0;
-        entry = types - filter * 4;
-        std::memcpy(&narrow, entry, sizeof narrow);
-        relative = narrow;
-    } else {
-        std::memcpy(&relative, entry, sizeof relative);
-    }
+    std::memcpy(&relative, entry, static_cast<std::size_t>(size));
+    relative = size == 4 ? static_cast<int>(relative) : relative;
     const char* name = nullptr;
     if (relative != 0) {
         std::memcpy(&name, entry + relative, sizeof name);
@@ -273,21 +255,21 @@ LandingPad findLandingPad(id object, _Unwind_Context* context)
     if (table == nullptr) {
         return {};
     }
-    constexpr unsigned char omitted = 0xff;
     const auto* place = static_cast<const unsigned char*>(table) + 1;
     const unsigned char encoding = *place++;
-    const long typesAfter = encoding == omitted ? 0 : readNumber(place, false);
+    constexpr unsigned char omitted = 0xff;
+    const long typesAfter = encoding == omitted ? 0 : readNumber(place);
     const unsigned char* const types = place + typesAfter;
     ++place; // the encoding of the call sites, which clang writes as variable-length numbers
-    const long callSitesSize = readNumber(place, false);
+    const long callSitesSize = readNumber(place);
     const unsigned char* const actions = place + callSitesSize;
     const _Unwind_Ptr start = _Unwind_GetRegionStart(context);
     const auto position = static_cast<long>(_Unwind_GetIP(context) - 1 - start);
     while (place < actions) {
-        const long first = readNumber(place, false);
-        const long length = readNumber(place, false);
-        const long pad = readNumber(place, false);
-        const long action = readNumber(place, false);
+        const long first = readNumber(place);
+        const long length = readNumber(place);
+        const long pad = readNumber(place);
+        const long action = readNumber(place);
         if (pad == 0 || position < first || position >= first + length) {
             continue;
         }
@@ -512,6 +494,11 @@ void objc_moveWeak(id* to, id* from)
 }
 
 // Declared properties without methods of their own.
+
+static id* memberAt(id self, long offset)
+{
+    return reinterpret_cast<id*>(reinterpret_cast<char*>(self) + offset);
+}
 
 id objc_getProperty(id self, SEL /*selector*/, long offset, bool /*atomic*/)
 {

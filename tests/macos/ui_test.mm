@@ -4,11 +4,8 @@
 #include "macos/run_loop.h"
 #include "macos/settings.h"
 #include "macos/ui/front_end.h"
-#include "macos/ui/panel_controller.h"
 
 #include "fakes/model_world.h"
-
-#include <algorithm>
 
 namespace voltmere {
 namespace {
@@ -46,15 +43,19 @@ std::string describe(NSView* view)
     if ([view isKindOfClass:NSBox.class]) {
         return ((NSBox*)view).boxType == NSBoxSeparator ? "---" : "box";
     }
-    const bool isStack = [view isKindOfClass:NSStackView.class];
-    const bool isColumn =
-        isStack && ((NSStackView*)view).orientation == NSUserInterfaceLayoutOrientationVertical;
-    std::string all = view.subviews.count == 0 && [view priorities]["hugging 0"] == 1 ? "~" : "";
-    for (NSView* const child in isStack ? ((NSStackView*)view).arrangedSubviews : view.subviews) {
+    NSStackView* const stack = [view isKindOfClass:NSStackView.class] ? (NSStackView*)view : nil;
+    const bool isColumn = stack.orientation == NSUserInterfaceLayoutOrientationVertical;
+    std::string all = [view priorities]["hugging 0"] == 1 ? "~" : "";
+    for (NSView* const child in stack != nil ? stack.arrangedSubviews : view.subviews) {
         const std::string part = describe(child);
         all += (all.empty() || part.empty() ? "" : isColumn ? "\n" : " ") + part;
     }
     return all;
+}
+
+NSStackView* stackIn(NSView* view)
+{
+    return (NSStackView*)view.subviews.firstObject;
 }
 
 struct MacWindows : MacTest {
@@ -70,8 +71,9 @@ struct MacWindows : MacTest {
     }
 
     /// Shows the program with the first reading done.
-    void start()
+    void start(const std::vector<std::pair<std::int64_t, std::int64_t>>& productsAndLevels = {})
     {
+        world.setLevels(productsAndLevels);
         model = std::make_unique<BatteryModel>(ModelServices{
             defaults, loop, world.clock, world.calendar, world.loginItems, world.notifications,
             world.notificationDelegate, frontEnd.alerts(), world.log, world.reader});
@@ -81,49 +83,8 @@ struct MacWindows : MacTest {
         mac.calls.clear();
     }
 
+    static std::string shown() { return describe(panel().contentView); }
     static NSStatusBarButton* icon() { return mac.statusItem.button; }
-
-    static NSWindow* panel()
-    {
-        for (NSWindow* const window : mac.windows) {
-            if ([window isKindOfClass:VoltmerePanel.class]) {
-                return window;
-            }
-        }
-        return nil;
-    }
-
-    static bool isPanelOpen() { return panel().visible; }
-
-    void openPanel()
-    {
-        press(icon());
-        settle();
-        mac.calls.clear();
-    }
-
-    static NSButton* button(NSWindow* window, const std::string& title)
-    {
-        for (NSView* const view : viewsIn(window.contentView)) {
-            if ([view isKindOfClass:NSButton.class] && text(((NSButton*)view).title) == title) {
-                return (NSButton*)view;
-            }
-        }
-        ADD_FAILURE() << "no button " << title;
-        return nil;
-    }
-
-    static NSPopUpButton* popUp(NSWindow* window, int index)
-    {
-        for (NSView* const view : viewsIn(window.contentView)) {
-            if ([view isKindOfClass:NSPopUpButton.class] && index-- == 0) {
-                return (NSPopUpButton*)view;
-            }
-        }
-        return nil;
-    }
-
-    static NSWindow* alert() { return mac.alert.window; }
 
     ModelWorld world;
     UserDefaults defaults;
@@ -137,65 +98,50 @@ struct MacWindows : MacTest {
 
 TEST_F(MacWindows, TheIconShowsTheWeakestDevice)
 {
-    world.setLevels({{803, 40}, {805, 15}});
-    start();
+    start({{803, 40}, {805, 15}});
     EXPECT_EQ(drawing(icon().image),
               (Lines{"StatusIcon.png in 0 1 20 20", "15% at 25 3 regular 13 red"}));
-    EXPECT_EQ(icon().image.size.width, 43);
-    EXPECT_EQ(icon().image.size.height, 22);
+    EXPECT_EQ(text({{}, icon().image.size}), "0 0 43 22");
     EXPECT_FALSE(icon().image.isTemplate);
     EXPECT_EQ(icon().imagePosition, NSImageOnly);
     EXPECT_EQ(text(icon().toolTip), "Cellsentry\nMagic Mouse 40%\nMagic Keyboard 15%");
     EXPECT_EQ(text(icon().accessibilityLabel), "Cellsentry, Magic Mouse 40%, Magic Keyboard 15%");
-}
-
-TEST_F(MacWindows, TheIconStandsAloneWithoutADevice)
-{
-    start();
+    world.setLevels({{803, 21}});
+    model->checkNow();
+    settle();
+    for (const auto& [appearance, colour] :
+         {std::pair(NSAppearanceNameDarkAqua, "white"), std::pair(NSAppearanceNameAqua, "black"),
+          std::pair((NSString*)nil, "black")}) {
+        setAppearance(appearance);
+        EXPECT_EQ(drawing(icon().image).back(), std::string("21% at 25 3 regular 13 ") + colour);
+    }
+    world.setLevels({});
+    model->checkNow();
+    settle();
     EXPECT_EQ(drawing(icon().image), (Lines{"StatusIcon.png in 0 1 20 20"}));
     EXPECT_EQ(icon().image.size.width, 20);
 }
 
-TEST_F(MacWindows, TheIconsTextSuitsTheAppearance)
-{
-    world.setLevels({{803, 21}});
-    start();
-    EXPECT_EQ(drawing(icon().image).back(), "21% at 25 3 regular 13 black");
-    setAppearance(NSAppearanceNameDarkAqua);
-    EXPECT_EQ(drawing(icon().image).back(), "21% at 25 3 regular 13 white");
-    setAppearance(nil);
-    EXPECT_EQ(drawing(icon().image).back(), "21% at 25 3 regular 13 black");
-}
-
 TEST_F(MacWindows, TheIconIsSetOnlyWhenItChanges)
 {
-    const Lines both{"NSStatusBarButton image", "NSStatusBarButton tool tip"};
-    world.setLevels({{803, 50}});
-    start();
+    start({{803, 50}});
     model->threshold = 30;
     model->enabled = false;
     settle();
-    Lines asked = calls();
-    std::erase_if(asked, [](const std::string& call) { return call.find("Button") == call.npos; });
-    EXPECT_EQ(asked, Lines()) << "a click may be under way";
+    EXPECT_EQ(calls({"NSUserDefaults"}), Lines()) << "a click may be under way";
     world.setLevels({{803, 49}});
     model->checkNow();
     EXPECT_EQ(calls(), Lines()) << "not before the reading is done";
     settle();
-    asked = calls();
-    EXPECT_EQ(asked, both);
-    EXPECT_EQ(drawing(icon().image).back(), "49% at 25 3 regular 13 black");
+    EXPECT_EQ(calls(), (Lines{"NSStatusBarButton image", "NSStatusBarButton tool tip"}));
 }
 
-TEST_F(MacWindows, TheIconTakesBothMouseButtonsAndIsRemovedAtTheEnd)
+TEST_F(MacWindows, TheIconTakesBothMouseButtonsAndGoesWithTheProgram)
 {
-    EXPECT_EQ(mac.statusItem, nil);
-    model = std::make_unique<BatteryModel>(world.services());
-    scene = frontEnd.show(*model);
-    EXPECT_EQ(calls().front(), "NSStatusBar item -1");
+    start();
     EXPECT_EQ(icon().eventMask, NSEventMaskLeftMouseDown | NSEventMaskRightMouseDown);
     scene.reset();
-    EXPECT_EQ(calls().back(), "NSStatusBar remove");
+    EXPECT_EQ(calls(), (Lines{"NSStatusBar remove"}));
     setAppearance(NSAppearanceNameDarkAqua);
 }
 
@@ -203,10 +149,9 @@ TEST_F(MacWindows, TheIconTakesBothMouseButtonsAndIsRemovedAtTheEnd)
 
 TEST_F(MacWindows, ThePanelHasTheRowsOfItsDefinition)
 {
-    world.setLevels({{803, 20}, {805, 21}});
-    start();
-    openPanel();
-    EXPECT_EQ(describe(panel().contentView),
+    start({{803, 20}, {805, 21}});
+    pressIcon();
+    EXPECT_EQ(shown(),
               "~ (AppIcon.icns in 0 0 22 22) Cellsentry headline ~\n"
               "---\n"
               "(magicmouse) Magic Mouse headline ~ 20% bold 15 red\n"
@@ -220,98 +165,82 @@ TEST_F(MacWindows, ThePanelHasTheRowsOfItsDefinition)
               "[o Launch at login]\n"
               "---\n"
               "[Quit] ~ Language <System>");
-    NSStackView* const column = (NSStackView*)panel().contentView.subviews.firstObject;
+    NSStackView* const column = stackIn(panel().contentView);
     EXPECT_EQ(column.spacing, 12);
     EXPECT_EQ(column.alignment, NSLayoutAttributeLeading);
     const NSEdgeInsets edges = column.edgeInsets;
-    EXPECT_EQ((std::vector{edges.top, edges.left, edges.bottom, edges.right}),
-              (std::vector<CGFloat>{16, 16, 16, 16}));
-    const Lines constraints{"width = 320", "top = superview top", "leading = superview leading",
-                            "trailing = superview trailing", "bottom = superview bottom"};
-    EXPECT_EQ([column constraints], constraints);
+    EXPECT_EQ(text(NSMakeRect(edges.top, edges.left, edges.bottom, edges.right)), "16 16 16 16");
+    EXPECT_EQ([column constraints],
+              (Lines{"width = 320", "top = superview top", "leading = superview leading",
+                     "trailing = superview trailing", "bottom = superview bottom"}));
     EXPECT_EQ([popUp(panel(), 0) constraints], (Lines{"width = 80"}));
-}
-
-TEST_F(MacWindows, ThePanelSpeaksChineseToo)
-{
-    world.setLevels({{803, 90}});
-    mac.defaults["language"] = @"zh";
-    start();
-    openPanel();
-    EXPECT_EQ(describe(panel().contentView),
-              "~ (AppIcon.icns in 0 0 22 22) 续航哨兵 headline ~\n---\n"
-              "(magicmouse) Magic Mouse headline ~ 90% bold 15 label\n---\n"
-              "电量低于 <20%> 提醒 [x 立即提醒] ~\n[x 每天定时检查]\n检查时间 ~ <22> : <30>\n"
-              "电量正常 secondary\n[开启/测试通知]\n[o 开机自动启动]\n---\n"
-              "[退出] ~ 语言 <简体中文>");
 }
 
 TEST_F(MacWindows, ThePanelDoesWithoutDevicesIconsAndSymbols)
 {
+    mac.defaults["language"] = @"zh";
     mac.resources.clear();
     mac.unknownSymbols = {"questionmark.circle"};
     start();
-    openPanel();
-    const std::string shown = describe(panel().contentView);
-    EXPECT_EQ(shown.rfind("~ Cellsentry headline ~\n---\n() No peripherals found ~\n---\n", 0), 0U)
-        << shown;
+    pressIcon();
+    EXPECT_EQ(shown(),
+              "~ 续航哨兵 headline ~\n---\n() 未检测到外设 ~\n---\n"
+              "电量低于 <20%> 提醒 [x 立即提醒] ~\n[x 每天定时检查]\n"
+              "检查时间 ~ <22> : <30>\n未检测到外设 secondary\n[开启/测试通知]\n"
+              "[o 开机自动启动]\n---\n[退出] ~ 语言 <简体中文>");
 }
 
 TEST_F(MacWindows, ThePanelFollowsTheModelOncePerTurn)
 {
     start();
-    openPanel();
-    NSButton* const daily = button(panel(), "Daily check");
+    pressIcon();
     model->enabled = false;
     model->threshold = 33;
-    EXPECT_EQ(daily.state, NSControlStateValueOn) << "not within the turn";
+    EXPECT_EQ(button("Daily check").state, NSControlStateValueOn) << "not within the turn";
     EXPECT_EQ(drainMainQueue(), 2) << "the icon and the panel";
-    EXPECT_EQ(daily.state, NSControlStateValueOff);
-    EXPECT_EQ(text(popUp(panel(), 0).itemTitles.firstObject), "1%");
+    EXPECT_EQ(button("Daily check").state, NSControlStateValueOff);
     EXPECT_EQ(popUp(panel(), 0).indexOfSelectedItem, 32);
 }
 
 TEST_F(MacWindows, EachChoiceReachesTheModelAndTheSettings)
 {
     start();
-    openPanel();
+    pressIcon();
     EXPECT_EQ(popUp(panel(), 0).itemTitles.count, 90U);
     EXPECT_EQ(popUp(panel(), 1).itemTitles.count, 24U);
     EXPECT_EQ(popUp(panel(), 2).itemTitles.count, 12U);
+    mac.calls.clear();
     choose(popUp(panel(), 0), 49);
-    EXPECT_EQ(model->threshold, 50);
     EXPECT_EQ(calls(),
               (Lines{"NSUserDefaults threshold = 50", "NSUserDefaults hour = 22",
                      "NSUserDefaults minute = 30", "NSUserDefaults enabled = YES",
                      "NSUserDefaults instant = YES"}));
     choose(popUp(panel(), 1), 7);
-    EXPECT_EQ(model->checkHour, 7);
     choose(popUp(panel(), 2), 11);
+    press(button("Immediately"));
+    press(button("Daily check"));
+    EXPECT_EQ(model->threshold, 50);
+    EXPECT_EQ(model->checkHour, 7);
     EXPECT_EQ(model->checkMinute, 55);
-    press(button(panel(), "Immediately"));
     EXPECT_EQ(model->instantEnabled, false);
-    press(button(panel(), "Daily check"));
     EXPECT_EQ(model->enabled, false);
-    press(button(panel(), "Daily check"));
-    EXPECT_EQ(model->enabled, true);
     settle();
+    press(button("Daily check"));
+    EXPECT_EQ(model->enabled, true);
     mac.calls.clear();
     choose(popUp(panel(), 3), 1);
     EXPECT_EQ(model->language.get(), "zh");
     EXPECT_EQ(calls().size(), 5U) << "the language itself is never written";
-    EXPECT_EQ(world.notifications.categories.at(0).actions.at(0).title, "20 分钟后");
     settle();
-    EXPECT_EQ(text(button(panel(), "退出").title), "退出");
+    EXPECT_NE(button("退出"), nil);
 }
 
 TEST_F(MacWindows, AStoredValueThatIsNoChoiceStays)
 {
-    mac.defaults["minute"] = @7;
-    mac.defaults["threshold"] = @250;
-    mac.defaults["hour"] = @99;
-    mac.defaults["enabled"] = @"yes";
+    mac.defaults = {{"minute", @7}, {"threshold", @250}, {"hour", @99}, {"enabled", @"no"}};
     start();
-    openPanel();
+    pressIcon();
+    mac.calls.clear();
     for (const int index : {0, 1, 2}) {
         EXPECT_EQ(popUp(panel(), index).indexOfSelectedItem, -1);
         [popUp(panel(), index) sendAction];
@@ -323,30 +252,22 @@ TEST_F(MacWindows, AStoredValueThatIsNoChoiceStays)
     EXPECT_EQ(calls(), Lines());
 }
 
-TEST_F(MacWindows, TheSwitchOfTheLoginItemShowsTheSystemsState)
+TEST_F(MacWindows, OpeningThePanelAsksAnewAndNeverAlerts)
 {
     start();
     world.loginItems.afterRegistration = LoginItemService::Status::requiresApproval;
-    openPanel();
-    press(button(panel(), "Launch at login"));
+    pressIcon();
+    press(button("Launch at login"));
     EXPECT_EQ(world.loginItems.registrations, 1);
     settle();
-    EXPECT_EQ(button(panel(), "Launch at login").state, NSControlStateValueOff);
+    EXPECT_EQ(button("Launch at login").state, NSControlStateValueOff);
     pressEscape();
     world.loginItems.present = LoginItemService::Status::enabled;
-    openPanel();
-    EXPECT_EQ(button(panel(), "Launch at login").state, NSControlStateValueOn);
-    EXPECT_EQ(world.loginItems.registrations, 1);
-}
-
-TEST_F(MacWindows, OpeningThePanelReadsAndNeverAlerts)
-{
-    start();
     world.setLevels({{803, 3}});
-    const int readings = world.batteries.readings;
-    openPanel();
-    EXPECT_EQ(world.batteries.readings, readings + 1);
-    EXPECT_NE(describe(panel().contentView).find("3% bold 15 red"), std::string::npos);
+    pressIcon();
+    EXPECT_EQ(button("Launch at login").state, NSControlStateValueOn);
+    EXPECT_EQ(world.loginItems.registrations, 1);
+    EXPECT_NE(shown().find("3% bold 15 red"), std::string::npos);
     EXPECT_EQ(mac.alert, nil);
 }
 
@@ -354,25 +275,23 @@ TEST_F(MacWindows, ThePanelTakesTheKeyboardWithoutActivatingTheProgram)
 {
     start();
     press(icon());
-    EXPECT_TRUE(isPanelOpen());
     EXPECT_EQ(mac.keyWindow, panel());
     EXPECT_FALSE(mac.isActive);
-    Lines order = calls();
-    std::erase_if(order, [](const std::string& call) { return call.find("layout") != call.npos; });
-    EXPECT_EQ(order,
+    EXPECT_EQ(calls({"layout"}),
               (Lines{"NSApplication unhide", "VoltmerePanel key and front",
                      "VoltmerePanel no first responder"}));
     EXPECT_EQ(panel().level, NSStatusWindowLevel);
     EXPECT_EQ(panel().styleMask,
               NSWindowStyleMaskTitled | NSWindowStyleMaskFullSizeContentView |
                   NSWindowStyleMaskNonactivatingPanel);
-    EXPECT_FALSE(panel().hidesOnDeactivate);
-    EXPECT_FALSE(panel().releasedWhenClosed);
-    EXPECT_FALSE(panel().movable);
+    EXPECT_FALSE(panel().hidesOnDeactivate || panel().releasedWhenClosed || panel().movable);
     EXPECT_TRUE(panel().titlebarAppearsTransparent);
     EXPECT_EQ(panel().titleVisibility, NSWindowTitleHidden);
     EXPECT_EQ(text(panel().title), "Cellsentry");
-    EXPECT_EQ(panel().collectionBehavior, 2U + 8U + 64U + 256U);
+    EXPECT_EQ(panel().collectionBehavior,
+              NSWindowCollectionBehaviorMoveToActiveSpace | NSWindowCollectionBehaviorTransient |
+                  NSWindowCollectionBehaviorIgnoresCycle |
+                  NSWindowCollectionBehaviorFullScreenAuxiliary);
     for (const auto one : {NSWindowCloseButton, NSWindowMiniaturizeButton, NSWindowZoomButton}) {
         EXPECT_TRUE([panel() standardWindowButton:one].hidden);
     }
@@ -391,86 +310,60 @@ TEST_F(MacWindows, ThePanelClosesForEachOfItsReasons)
                                                        styleMask:NSWindowStyleMaskTitled
                                                          backing:NSBackingStoreBuffered
                                                            defer:NO];
+    NSNotificationCenter* const centre = NSWorkspace.sharedWorkspace.notificationCenter;
     const std::function<void()> reasons[]{
         [] { pressEscape(); },
         [] { press(icon()); },
         [] { clickElsewhere(); },
         [&] { [other makeKeyAndOrderFront:nil]; },
-        [] {
-            post(NSWorkspace.sharedWorkspace.notificationCenter,
-                 NSWorkspaceActiveSpaceDidChangeNotification);
-        },
+        [&] { post(centre, NSWorkspaceActiveSpaceDidChangeNotification); },
     };
     for (const auto& reason : reasons) {
         mac.keyWindow = nil;
-        openPanel();
-        EXPECT_TRUE(isPanelOpen());
-        EXPECT_EQ(mac.monitors.size(), 1U);
+        pressIcon();
+        EXPECT_TRUE(panel().visible);
         reason();
-        EXPECT_FALSE(isPanelOpen()) << &reason - reasons;
+        EXPECT_FALSE(panel().visible) << &reason - reasons;
         EXPECT_FALSE(icon().isHighlighted);
         EXPECT_EQ(mac.monitors.size(), 0U);
+        press(icon());
+        reason();
         settle();
-        EXPECT_FALSE(icon().isHighlighted);
+        EXPECT_FALSE(icon().isHighlighted) << "it was open for less than a turn";
     }
-}
-
-TEST_F(MacWindows, AClickOnTheIconIsLeftToTheIcon)
-{
-    start();
-    openPanel();
+    pressIcon();
     mac.pointer = {1010, 880};
     mac.pressedButtons = 1;
     clickElsewhere();
-    EXPECT_TRUE(isPanelOpen()) << "it would open again at the icon's own action";
-    press(icon());
-    EXPECT_FALSE(isPanelOpen());
-    mac.pressedButtons = 0;
-    openPanel();
+    EXPECT_TRUE(panel().visible) << "it would open again at the icon's own action";
     mac.pointer = {500, 500};
-    mac.pressedButtons = 1;
     clickElsewhere();
-    EXPECT_FALSE(isPanelOpen());
+    EXPECT_FALSE(panel().visible);
+    mac.pointer = {1010, 880};
+    mac.pressedButtons = 0;
+    pressIcon();
+    clickElsewhere();
+    EXPECT_FALSE(panel().visible);
 }
 
-TEST_F(MacWindows, ThePanelStandsUnderItsIcon)
+TEST_F(MacWindows, ThePanelStandsUnderItsIconOrWhereThePersonIs)
 {
     start();
-    openPanel();
+    pressIcon();
     EXPECT_EQ(text(panel().frame), "870 476 320 400");
     mac.fittingSize = {320, 500};
-    world.setLevels({{803, 50}});
-    model->checkNow();
+    model->threshold = 30;
     settle();
     EXPECT_EQ(text(panel().frame), "870 376 320 500") << "the upper edge stays";
-}
-
-TEST_F(MacWindows, ThePanelStaysOnTheScreen)
-{
-    const NSRect visible{{0, 40}, {1440, 836}};
-    const auto corner = [&](double x, double height) {
-        const NSPoint point = panelCorner({{x, 876}, {60, 24}}, {320, height}, visible);
-        return std::pair(point.x, point.y);
-    };
-    EXPECT_EQ(corner(700, 400), std::pair(570.0, 876.0));
-    EXPECT_EQ(corner(1380, 400), std::pair(1120.0, 876.0));
-    EXPECT_EQ(corner(20, 400), std::pair(0.0, 876.0));
-    EXPECT_EQ(corner(700, 2000), std::pair(570.0, 876.0)) << "the upper rows matter more";
-    const NSPoint above = panelCorner({{0, 100}, {60, 24}}, {320, 400}, visible);
-    EXPECT_EQ(above.y, 440) << "at least its own height above the Dock";
-}
-
-TEST_F(MacWindows, ThePanelOpensWhereThePersonIs)
-{
-    start();
+    pressEscape();
     mac.otherScreens = {{{1440, 0}, {1000, 800}}};
     mac.pointer = {1500, 790};
-    openPanel();
-    EXPECT_EQ(text(panel().frame), "1440 400 320 400") << "the menu bar of the other screen";
-    press(icon());
-    mac.pointer = {1010, 890};
-    openPanel();
-    EXPECT_EQ(text(panel().frame), "870 476 320 400");
+    pressIcon();
+    EXPECT_EQ(text(panel().frame), "1440 300 320 500") << "the menu bar of the other screen";
+    pressEscape();
+    mac.pointer = {900, 890};
+    pressIcon();
+    EXPECT_EQ(text(panel().frame), "870 376 320 500");
 }
 
 TEST_F(MacWindows, ThePanelOpensAtTheTopRightForAHiddenIcon)
@@ -479,44 +372,54 @@ TEST_F(MacWindows, ThePanelOpensAtTheTopRightForAHiddenIcon)
     start();
     scene->openPanel();
     EXPECT_EQ(text(panel().frame), "1120 476 320 400");
+    mac.calls.clear();
     scene->openPanel();
-    EXPECT_EQ(calls().back(), "VoltmerePanel key and front") << "an open one comes to the front";
-    settle();
+    EXPECT_EQ(calls(), (Lines{"VoltmerePanel key and front"})) << "an open one comes to the front";
+    scene.reset();
+    EXPECT_EQ(mac.monitors.size(), 0U);
+    model->threshold = 5;
+}
+
+TEST_F(MacWindows, ThePanelStaysOnTheScreen)
+{
+    const auto corner = [](double x, double y, double height) {
+        const NSPoint point = panelCorner({{x, y}, {60, 24}}, {320, height}, mac.visibleScreen);
+        return std::pair(point.x, point.y);
+    };
+    EXPECT_EQ(corner(700, 876, 400), std::pair(570.0, 876.0));
+    EXPECT_EQ(corner(1380, 876, 400), std::pair(1120.0, 876.0));
+    EXPECT_EQ(corner(20, 876, 400), std::pair(0.0, 876.0));
+    EXPECT_EQ(corner(700, 876, 2000), std::pair(570.0, 876.0)) << "the upper rows matter more";
+    EXPECT_EQ(corner(700, 100, 400), std::pair(570.0, 440.0)) << "all of it is above the Dock";
 }
 
 TEST_F(MacWindows, TheKeyboardGoesBackAfterTheLastWindow)
 {
     start();
-    openPanel();
-    press(button(panel(), "Enable / test alert"));
+    pressIcon();
+    press(button("Enable / test alert"));
     EXPECT_TRUE(mac.isActive);
-    EXPECT_FALSE(isPanelOpen()) << "the alert has the keyboard";
-    mac.calls.clear();
+    EXPECT_FALSE(panel().visible) << "the alert has the keyboard";
     pressEscape();
     EXPECT_EQ(calls().back(), "NSApplication hide");
-    openPanel();
-    EXPECT_TRUE(isPanelOpen()) << "a hidden program's windows are shown again";
-    mac.calls.clear();
+    pressIcon();
+    EXPECT_TRUE(panel().visible) << "a hidden program's windows are shown again";
     pressEscape();
     EXPECT_EQ(calls().back(), "VoltmerePanel out") << "the program was not active";
-}
-
-TEST_F(MacWindows, AnOpenPanelEndsWithTheProgram)
-{
-    start();
-    openPanel();
-    scene.reset();
-    EXPECT_EQ(mac.monitors.size(), 0U);
-    model->threshold = 5;
-    settle();
+    model->showSnoozeAlert({}, false);
+    scene->openPanel();
+    pressEscape();
+    EXPECT_TRUE(mac.isActive) << "the alert is still open";
+    press(button("Cancel"));
+    EXPECT_FALSE(mac.isActive);
 }
 
 // The snooze alert
 
 TEST_F(MacWindows, TheAlertHasTheRowsOfItsDefinition)
 {
-    world.setLevels({{803, 12}});
-    start();
+    world.setClock(22, 58);
+    start({{803, 12}});
     NSView* const container = mac.alert.accessoryView;
     EXPECT_EQ(text(container.frame), "0 0 237 252");
     EXPECT_EQ(describe(container),
@@ -525,54 +428,49 @@ TEST_F(MacWindows, TheAlertHasTheRowsOfItsDefinition)
               "Battery at 12%. Please charge. regular 13 red\n"
               "Remind me again regular 13 label\n"
               "[In 20 minutes]\n[In 30 minutes]\n[In 1 hour]\n[In 2 hours]\n"
-              "At a time <11> : <00> [OK]");
-    NSStackView* const stack = (NSStackView*)container.subviews.firstObject;
+              "At a time <23> : <55> [OK]");
+    NSStackView* const stack = stackIn(container);
     EXPECT_EQ([stack constraints], (Lines{"top = superview top", "leading = superview leading"}));
     EXPECT_FALSE(stack.translatesAutoresizingMaskIntoConstraints);
-    EXPECT_TRUE(container.translatesAutoresizingMaskIntoConstraints) << "its frame places it";
     EXPECT_EQ(stack.spacing, 6);
     EXPECT_EQ(stack.alignment, NSLayoutAttributeCenterX);
-    std::vector<NSView*> rows;
-    for (NSView* const row in stack.arrangedSubviews) {
-        rows.push_back(row);
-    }
-    ASSERT_EQ(rows.size(), 9U);
-    for (std::size_t row = 0; row < rows.size(); ++row) {
+    NSUInteger row = 0;
+    for (NSView* const view in stack.arrangedSubviews) {
         if (row < 4) {
-            EXPECT_EQ(((NSTextField*)rows[row]).alignment, NSTextAlignmentCenter);
-            EXPECT_EQ([rows[row] constraints].front(), "height = 16");
+            EXPECT_EQ(((NSTextField*)view).alignment, NSTextAlignmentCenter);
+            EXPECT_EQ([view constraints].front(), "height = 16");
         } else {
-            EXPECT_EQ([rows[row] constraints], (Lines{"width = 237", "height = 28"}));
-            EXPECT_FALSE(rows[row].translatesAutoresizingMaskIntoConstraints);
+            EXPECT_EQ([view constraints], (Lines{"width = 237", "height = 28"}));
+            EXPECT_FALSE(view.translatesAutoresizingMaskIntoConstraints);
+            EXPECT_TRUE(row == 8 || ((NSButton*)view).controlSize == NSControlSizeLarge);
         }
-        if (row >= 4 && row < 8) {
-            EXPECT_EQ(((NSButton*)rows[row]).controlSize, NSControlSizeLarge);
-        }
+        ++row;
     }
+    EXPECT_EQ(row, 9U);
     EXPECT_EQ(text(mac.alert.messageText), "");
     EXPECT_EQ(mac.alert.alertStyle, NSAlertStyleWarning);
     EXPECT_EQ(drawing(mac.alert.icon), (Lines{"AppIcon.icns in 0 0 64 64"}));
     EXPECT_FALSE(mac.alert.icon.isTemplate);
+    EXPECT_EQ(mac.alert.buttons.count, 1U);
+    EXPECT_EQ(text(button("Cancel").keyEquivalent), "\x1b");
+    EXPECT_EQ(button("Cancel").keyEquivalentModifierMask, 0U);
 }
 
 TEST_F(MacWindows, TheRowForATimeIsLaidOutAsDefined)
 {
-    world.setLevels({{803, 12}});
-    world.setClock(22, 58);
-    start();
-    NSView* const row = popUp(alert(), 0).superview;
-    NSStackView* const stack = (NSStackView*)row;
-    EXPECT_EQ(describe(row), "At a time <23> : <55> [OK]");
+    start({{803, 12}});
+    NSStackView* const stack = (NSStackView*)popUp(alert(), 0).superview;
     EXPECT_EQ(stack.orientation, NSUserInterfaceLayoutOrientationHorizontal);
     EXPECT_EQ(stack.alignment, NSLayoutAttributeCenterY);
     EXPECT_EQ(stack.spacing, 6);
+    EXPECT_FALSE(stack.translatesAutoresizingMaskIntoConstraints);
     EXPECT_EQ([stack constraints],
               (Lines{"centreX = superview centreX", "centreY = superview centreY"}));
     std::vector<CGFloat> gaps;
     for (NSView* const view in stack.arrangedSubviews) {
-        gaps.push_back([stack customSpacingAfterView:view]);
+        gaps.push_back(view.gapAfter);
     }
-    EXPECT_EQ(gaps, (std::vector<CGFloat>{6, 3, 3, 6, 6}));
+    EXPECT_EQ(gaps, (std::vector<CGFloat>{0, 3, 3, 0, 0})) << "0 is the stack's own";
     EXPECT_EQ(popUp(alert(), 0).itemTitles.count, 24U);
     EXPECT_EQ(popUp(alert(), 1).itemTitles.count, 12U);
     for (const int index : {0, 1}) {
@@ -580,81 +478,57 @@ TEST_F(MacWindows, TheRowForATimeIsLaidOutAsDefined)
         EXPECT_EQ(summary(popUp(alert(), index)), "pop-up");
         EXPECT_FALSE(popUp(alert(), index).translatesAutoresizingMaskIntoConstraints);
     }
-    EXPECT_EQ([button(alert(), "OK") constraints], Lines());
-    EXPECT_EQ(button(alert(), "OK").controlSize, NSControlSizeRegular);
+    EXPECT_EQ([button("OK") constraints], Lines());
+    EXPECT_EQ(button("OK").controlSize, NSControlSizeRegular);
+    EXPECT_FALSE(button("OK").translatesAutoresizingMaskIntoConstraints);
 }
 
-TEST_F(MacWindows, TheAlertNamesEachLowDeviceInChineseToo)
+TEST_F(MacWindows, TheAlertNamesEachDevice)
 {
     mac.defaults["language"] = @"zh";
-    world.setLevels({{803, 12}, {805, 8}});
-    start();
-    const std::string shown = describe(mac.alert.accessoryView);
-    EXPECT_NE(
-        shown.find("外设电量提醒 bold 13 label\n鼠标12%、键盘8%，请及时充电。 regular 13 red\n"),
-        std::string::npos)
-        << shown;
+    start({{803, 12}, {805, 8}});
+    const std::string low =
+        "外设电量提醒 bold 13 label\n鼠标12%、键盘8%，请及时充电。 regular 13 red";
+    EXPECT_NE(describe(mac.alert.accessoryView).find(low), std::string::npos);
     EXPECT_EQ(text(mac.alert.buttons.firstObject.title), "取消");
-}
-
-TEST_F(MacWindows, TheTestButtonShowsTheAllGoodForm)
-{
-    world.setLevels({{803, 80}, {805, 64}});
-    start();
-    openPanel();
-    press(button(panel(), "Enable / test alert"));
-    const std::string shown = describe(mac.alert.accessoryView);
-    EXPECT_NE(shown.find("Peripheral battery bold 13 label\n"
-                         "All good: Mouse80%, Keyboard64% regular 13 label\n"),
-              std::string::npos)
-        << shown;
-}
-
-TEST_F(MacWindows, TheAlertIsShownInTheDefinedOrder)
-{
-    world.setLevels({{803, 12}});
-    start();
     pressEscape();
-    calls();
+    world.setLevels({{803, 80}, {805, 64}});
+    model->language = "en";
+    pressIcon();
+    press(button("Enable / test alert"));
+    const std::string good =
+        "Peripheral battery bold 13 label\nAll good: Mouse80%, Keyboard64% regular 13 label";
+    EXPECT_NE(describe(mac.alert.accessoryView).find(good), std::string::npos);
+}
+
+TEST_F(MacWindows, TheAlertIsShownInTheDefinedOrderAndBroughtToTheFrontAgain)
+{
+    start({{803, 12}});
+    pressEscape();
+    mac.calls.clear();
     model->checkNow();
     settle();
-    Lines order = calls();
-    std::erase_if(order, [](const std::string& call) {
-        return call.find("Button") != call.npos || call == "NSApplication unhide";
-    });
-    EXPECT_EQ(order,
+    EXPECT_EQ(calls({"Button", "unhide"}),
               (Lines{"NSAlert layout", "NSPanel center", "NSPanel level 3",
                      "NSApplication activate ignoring others", "NSPanel key and front",
                      "NSPanel front regardless", "NSPanel no first responder"}));
-    EXPECT_TRUE(alert().visible);
     EXPECT_FALSE(alert().hidesOnDeactivate);
-}
-
-TEST_F(MacWindows, EscapePressesCancelAndReturnPressesNothing)
-{
-    world.setLevels({{803, 12}});
-    start();
-    EXPECT_EQ(mac.alert.buttons.count, 1U);
-    EXPECT_EQ(text(mac.alert.buttons.firstObject.title), "Cancel");
-    EXPECT_EQ(text(mac.alert.buttons.firstObject.keyEquivalent), "\x1b");
-    EXPECT_EQ(mac.alert.buttons.firstObject.keyEquivalentModifierMask, 0U);
-    pressEscape();
-    EXPECT_FALSE(alert().visible);
-    advance(7300);
-    EXPECT_FALSE(alert().visible) << "nothing was snoozed";
+    NSAlert* const first = mac.alert;
+    mac.keyWindow = nil;
+    model->showSnoozeAlert({}, false);
+    EXPECT_EQ(calls(), (Lines{"NSPanel key and front"}));
+    EXPECT_EQ(mac.keyWindow, first.window);
+    EXPECT_EQ(mac.alert, first) << "it is not built again";
 }
 
 TEST_F(MacWindows, EachOptionHidesTheAlertAndBringsAFreshOne)
 {
-    const std::pair<const char*, double> options[]{{"In 20 minutes", 1200},
-                                                   {"In 30 minutes", 1800},
-                                                   {"In 1 hour", 3600},
-                                                   {"In 2 hours", 7200}};
-    world.setLevels({{803, 12}});
-    start();
-    for (const auto& [title, seconds] : options) {
+    start({{803, 12}});
+    for (const auto& [title, seconds] :
+         {std::pair("In 20 minutes", 1200), std::pair("In 30 minutes", 1800),
+          std::pair("In 1 hour", 3600), std::pair("In 2 hours", 7200)}) {
         NSAlert* const before = mac.alert;
-        press(button(alert(), title));
+        press(button(title));
         EXPECT_FALSE(before.window.visible);
         advance(seconds - 1);
         EXPECT_EQ(mac.alert, before);
@@ -662,17 +536,19 @@ TEST_F(MacWindows, EachOptionHidesTheAlertAndBringsAFreshOne)
         EXPECT_NE(mac.alert, before) << title;
         EXPECT_TRUE(alert().visible);
     }
+    pressEscape();
+    advance(9000);
+    EXPECT_FALSE(alert().visible) << "nothing was snoozed";
 }
 
 TEST_F(MacWindows, ATimeOfDayCanBeChosen)
 {
-    world.setLevels({{803, 12}});
-    start();
+    start({{803, 12}});
     choose(popUp(alert(), 0), 7);
     choose(popUp(alert(), 1), 9);
-    EXPECT_TRUE(alert().visible) << "nothing happens before it is confirmed";
     NSAlert* const before = mac.alert;
-    press(button(alert(), "OK"));
+    EXPECT_TRUE(before.window.visible) << "nothing happens before it is confirmed";
+    press(button("OK"));
     EXPECT_FALSE(before.window.visible);
     EXPECT_EQ(model->customHour, 7);
     EXPECT_EQ(model->customMinute, 45);
@@ -682,25 +558,10 @@ TEST_F(MacWindows, ATimeOfDayCanBeChosen)
     EXPECT_NE(mac.alert, before);
 }
 
-TEST_F(MacWindows, AVisibleAlertIsBroughtToTheFrontAndStays)
-{
-    world.setLevels({{803, 12}});
-    start();
-    NSAlert* const before = mac.alert;
-    mac.keyWindow = nil;
-    mac.calls.clear();
-    model->showSnoozeAlert({}, false);
-    EXPECT_EQ(calls(), (Lines{"NSPanel key and front"}));
-    EXPECT_EQ(mac.keyWindow, before.window);
-    EXPECT_EQ(mac.alert, before);
-    EXPECT_NE(describe(before.accessoryView).find("12%"), std::string::npos);
-}
-
 TEST_F(MacWindows, TheAlertWaitsForTheEndOfTheLaunch)
 {
     BatteryModel::launchSettled = false;
-    world.setLevels({{803, 12}});
-    start();
+    start({{803, 12}});
     advance(5);
     EXPECT_EQ(mac.alert, nil);
     BatteryModel::launchSettled = true;
@@ -709,68 +570,47 @@ TEST_F(MacWindows, TheAlertWaitsForTheEndOfTheLaunch)
     EXPECT_TRUE(alert().visible);
 }
 
-TEST_F(MacWindows, AnAlertWithoutAnAppIconHasAnEmptyOne)
+TEST_F(MacWindows, AnAlertDoesWithoutAnAppIconAndWithALongName)
 {
     mac.resources.erase("AppIcon.icns");
-    world.setLevels({{803, 12}});
-    start();
-    EXPECT_EQ(summary(mac.alert.icon), "") << "nil would show the application's own";
-    EXPECT_EQ(mac.alert.icon.size.width, 1);
-}
-
-TEST_F(MacWindows, ALongNameDoesNotPushTheRowsAway)
-{
     AlertContent content;
     content.title = {"", std::string(300, 'n'), " battery alert"};
-    const auto alert = frontEnd.alerts().present(content, {});
-    NSStackView* const stack = (NSStackView*)mac.alert.accessoryView.subviews.firstObject;
+    const auto shown = frontEnd.alerts().present(content, {});
+    EXPECT_EQ(text({{}, mac.alert.icon.size}), "0 0 1 1") << "nil would show the application's";
+    EXPECT_EQ(summary(mac.alert.icon), "");
     int limited = 0;
-    for (NSView* const row in stack.arrangedSubviews) {
-        limited += std::ranges::count([row constraints], "width <= 237");
+    for (NSView* const row in stackIn(mac.alert.accessoryView).arrangedSubviews) {
+        limited += static_cast<int>(std::ranges::count([row constraints], "width <= 237"));
     }
-    EXPECT_EQ(limited, 1);
+    EXPECT_EQ(limited, 1) << "the rows stay where they are";
 }
 
-TEST_F(MacWindows, AnAlertGoesWithItsOwnerEvenInItsOwnAction)
+TEST_F(MacWindows, AnAlertMayGoInTheActionOfItsButton)
 {
     std::unique_ptr<Alert> shown;
-    int chosen = -1;
+    Lines chosen;
     AlertContent content;
     content.options = {"one", "two"};
-    shown = frontEnd.alerts().present(content,
-                                      {.cancel = [] {},
-                                       .chooseOption =
-                                           [&](std::size_t option) {
-                                               shown.reset();
-                                               chosen = static_cast<int>(option);
-                                           },
-                                       .chooseTime = {}});
-    NSWindow* const window = alert();
-    EXPECT_TRUE(shown->isVisible());
-    press(button(window, "two"));
-    EXPECT_EQ(chosen, 1);
-    EXPECT_FALSE(window.visible);
-    settle();
-}
-
-TEST_F(MacWindows, ATimeWithoutASelectionIsNotChosen)
-{
-    AlertContent content;
+    content.confirmTitle = "OK";
     content.hour.add("00", 0, 5);
     content.minute.add("00", 0, 5);
-    content.confirmTitle = "OK";
-    int chosen = 0;
     AlertActions actions;
-    actions.chooseTime = [&](std::int64_t, std::int64_t) { ++chosen; };
-    const auto shown = frontEnd.alerts().present(content, actions);
-    press(button(alert(), "OK"));
-    EXPECT_EQ(chosen, 0);
-    choose(popUp(alert(), 0), 0);
-    press(button(alert(), "OK"));
-    EXPECT_EQ(chosen, 0);
-    choose(popUp(alert(), 1), 0);
-    press(button(alert(), "OK"));
-    EXPECT_EQ(chosen, 1);
+    actions.chooseTime = [&](std::int64_t, std::int64_t) { chosen.push_back("time"); };
+    actions.chooseOption = [&](std::size_t option) {
+        shown.reset();
+        chosen.push_back(std::to_string(option));
+    };
+    shown = frontEnd.alerts().present(content, actions);
+    NSWindow* const window = alert();
+    for (const int index : {0, 1}) {
+        press(button("OK"));
+        EXPECT_EQ(chosen, Lines()) << "a time without a selection is none";
+        choose(popUp(window, index), 0);
+    }
+    press(button("OK"));
+    press(button("two"));
+    EXPECT_EQ(chosen, (Lines{"time", "1"}));
+    EXPECT_FALSE(window.visible);
 }
 
 // Hovering
@@ -778,106 +618,77 @@ TEST_F(MacWindows, ATimeWithoutASelectionIsNotChosen)
 struct MacHovering : MacWindows {
     MacHovering()
     {
-        world.setLevels({{803, 12}});
-        start();
-        first = button(alert(), "In 20 minutes");
-        second = button(alert(), "In 30 minutes");
-        hour = popUp(alert(), 0);
-        minute = popUp(alert(), 1);
-        cancel = mac.alert.buttons.firstObject;
-        place(first, 0);
-        place(second, 1);
-        place(hour, 2);
-        place(minute, 3);
-        place(cancel, 4);
+        start({{803, 12}});
+        NSView* const controls[]{button("In 20 minutes"), button("In 30 minutes"),
+                                 popUp(alert(), 0), popUp(alert(), 1), button("Cancel")};
+        for (int index = 0; index < 5; ++index) {
+            place(controls[index], index);
+        }
     }
 
-    /// Controls of 28 points beside each other.
+    /// Puts a control of 28 points at one of several places beside each other.
     static void place(NSView* view, int index)
     {
-        for (NSView* above = view; above != nil; above = above.superview) {
+        for (NSView* above = view.superview; above != nil; above = above.superview) {
             above.frame = {{0, 0}, {300, 28}};
         }
         view.frame = NSMakeRect(50 * index, 0, 50, 28);
     }
 
-    static void point(int index)
+    static void pointAt(int index)
     {
         mac.pointer = {500.0 + 50 * index + 25, 300.0 + 14};
         advance(0.121);
     }
-
-    NSButton *first, *second, *cancel;
-    NSPopUpButton *hour, *minute;
 };
 
 TEST_F(MacHovering, TheControlUnderThePointerLightsUp)
 {
     mac.isTracking = true; // a menu is open
-    point(0);
-    EXPECT_TRUE(first.isHighlighted);
-    EXPECT_FALSE(second.isHighlighted);
-    point(1);
-    EXPECT_FALSE(first.isHighlighted);
-    EXPECT_TRUE(second.isHighlighted);
-    point(4);
-    EXPECT_TRUE(cancel.isHighlighted);
-    point(9);
-    EXPECT_FALSE(cancel.isHighlighted);
-    mac.isTracking = false;
+    pointAt(0);
+    EXPECT_TRUE(button("In 20 minutes").isHighlighted);
+    EXPECT_FALSE(button("In 30 minutes").isHighlighted);
+    pointAt(1);
+    EXPECT_FALSE(button("In 20 minutes").isHighlighted);
+    EXPECT_TRUE(button("In 30 minutes").isHighlighted);
+    pointAt(4);
+    EXPECT_TRUE(button("Cancel").isHighlighted);
+    mac.isHidden = true;
+    pointAt(9);
+    EXPECT_TRUE(button("Cancel").isHighlighted) << "behind a hidden window nothing changes";
+    mac.isHidden = mac.isTracking = false;
+    const std::size_t timers = mac.timers.size();
+    pressEscape();
+    EXPECT_EQ(mac.timers.size(), timers - 1) << "the poller has ended";
+    EXPECT_FALSE(button("Cancel").isHighlighted);
+    mac.pointer = {501, 301};
+    model->showSnoozeAlert(model->devices, true);
+    EXPECT_TRUE(button("Cancel").isHighlighted) << "before the first tick";
 }
 
 TEST_F(MacHovering, APopUpIsCoveredByARoundedOverlay)
 {
-    point(2);
+    NSView* const hour = popUp(alert(), 0);
+    pointAt(2);
     EXPECT_TRUE(hour.needsDisplay);
-    EXPECT_EQ(drawing((NSView*)hour),
+    EXPECT_EQ(drawing(hour),
               (Lines{"the view itself", "fill 0.5 0.5 49 27 rounded 6 6 label 0.2"}));
     hour.frame = NSMakeRect(100, 0, 50, 10);
-    EXPECT_EQ(drawing((NSView*)hour).back(), "fill 0.5 0.5 49 9 rounded 4 4 label 0.2");
-    point(3);
-    EXPECT_EQ(drawing((NSView*)hour), (Lines{"the view itself"}));
-    EXPECT_EQ(drawing((NSView*)minute).size(), 2U);
+    EXPECT_EQ(drawing(hour).back(), "fill 0.5 0.5 49 9 rounded 4 4 label 0.2");
+    pointAt(3);
+    EXPECT_EQ(drawing(hour), (Lines{"the view itself"}));
+    EXPECT_EQ(drawing((NSView*)popUp(alert(), 1)).size(), 2U);
 }
 
 TEST_F(MacHovering, AClickLeavesTheHoverLook)
 {
-    point(0);
-    [first mouseUp:made(NSEvent.class, "up")];
-    EXPECT_FALSE(alert().visible);
-    EXPECT_FALSE(first.isHighlighted) << "hidden with the alert";
-    model->showSnoozeAlert(model->devices, true);
-    NSButton* const again = button(alert(), "In 1 hour");
-    again.target = nil;
-    [again mouseUp:made(NSEvent.class, "up")];
-    EXPECT_FALSE(again.isHighlighted);
-    place(again, 0);
-    point(0);
-    [again mouseUp:made(NSEvent.class, "up")];
-    EXPECT_TRUE(again.isHighlighted) << "the pointer is still over it";
-}
-
-TEST_F(MacHovering, AHiddenAlertChangesNoMore)
-{
-    point(0);
-    mac.isHidden = true;
-    point(1);
-    EXPECT_TRUE(first.isHighlighted) << "what is lit stays";
-    mac.isHidden = false;
-    const std::size_t timers = mac.timers.size();
-    pressEscape();
-    EXPECT_EQ(mac.timers.size(), timers - 1) << "the poller has ended";
-    EXPECT_FALSE(first.isHighlighted);
-    EXPECT_FALSE(second.isHighlighted);
-}
-
-TEST_F(MacHovering, TheAlertIsLitBeforeTheFirstTick)
-{
-    pressEscape();
-    mac.pointer = {501, 301};
-    model->showSnoozeAlert(model->devices, true);
-    EXPECT_TRUE(mac.alert.buttons.firstObject.isHighlighted)
-        << "nothing is laid out here, so each control is at the corner";
+    NSButton* const clicked = button("In 20 minutes");
+    clicked.target = nil;
+    [clicked mouseUp:made(NSEvent.class, "up")];
+    EXPECT_FALSE(clicked.isHighlighted);
+    pointAt(0);
+    [clicked mouseUp:made(NSEvent.class, "up")];
+    EXPECT_TRUE(clicked.isHighlighted) << "the pointer is still over it";
 }
 
 } // namespace
