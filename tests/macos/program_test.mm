@@ -3,11 +3,8 @@
 
 #include "mac_test.h"
 #include "model/battery_model.h"
-#include "texts/l10n.h"
 
 #include "posix/temporary_directory.h"
-
-#include <fcntl.h>
 
 #define main voltmereMain
 #include "app/main.cpp"
@@ -16,32 +13,29 @@
 namespace voltmere {
 namespace {
 
+constexpr const char* mouseAt12 = R"(cat <<END
++-o AppleDeviceManagementHIDEventService
+    {
+      "BatteryPercent" = 12
+      "ProductID" = 803
+    }
+END)";
+
 struct MacProgram : MacTest {
     MacProgram()
         : MacTest(true)
     {
         mac.supportDirectory = directory.path();
         writeTool("system_profiler", "");
-        setLevel(12);
+        writeTool("ioreg", mouseAt12);
     }
 
     ~MacProgram() override { BatteryModel::launchSettled = false; }
 
     void writeTool(const std::string& name, const std::string& script)
     {
-        const std::filesystem::path path = directory / name;
-        std::ofstream(path) << "#!/bin/sh\n" << script << '\n';
-        std::filesystem::permissions(path, std::filesystem::perms::owner_all);
-    }
-
-    void setLevel(int level)
-    {
-        writeTool("ioreg",
-                  R"(cat <<END
-+-o AppleDeviceManagementHIDEventService
-    {
-      "BatteryPercent" = )" +
-                      std::to_string(level) + "\n      \"ProductID\" = 803\n    }\nEND");
+        std::ofstream(directory / name) << "#!/bin/sh\n" << script << '\n';
+        std::filesystem::permissions(directory / name, std::filesystem::perms::owner_all);
     }
 
     int call(std::vector<std::string> words) const
@@ -68,29 +62,6 @@ struct MacProgram : MacTest {
         return status;
     }
 
-    /// A click on "Quit" in the panel.
-    static void quit()
-    {
-        for (NSWindow* const window : mac.windows) {
-            for (NSView* const view : viewsIn(window.contentView)) {
-                if ([view isKindOfClass:NSButton.class] &&
-                    text(((NSButton*)view).title) == "Quit") {
-                    press((NSButton*)view);
-                }
-            }
-        }
-    }
-
-    static bool isPanelOpen()
-    {
-        for (NSWindow* const window : mac.windows) {
-            if (window.level == NSStatusWindowLevel) {
-                return window.visible;
-            }
-        }
-        return false;
-    }
-
     TemporaryDirectory directory;
     std::string output;
     std::string errors;
@@ -100,72 +71,54 @@ TEST_F(MacProgram, StartsInTheMenuBarAndEndsWithQuit)
 {
     mac.whileRunning = [] {
         EXPECT_TRUE(BatteryModel::launchSettled);
-        EXPECT_FALSE(isPanelOpen());
+        EXPECT_FALSE(panel().visible);
         EXPECT_FALSE(mac.isActive) << "nothing takes the keyboard at the start";
         settle();
         EXPECT_EQ(text(mac.statusItem.button.toolTip), "Cellsentry\nMagic Mouse 12%");
-        EXPECT_TRUE(mac.alert.window.visible);
+        EXPECT_TRUE(alert().visible);
         EXPECT_TRUE([NSApp.delegate applicationSupportsSecureRestorableState:NSApp]);
-        press(mac.statusItem.button);
-        EXPECT_TRUE(isPanelOpen());
-        settle();
-        quit();
+        pressIcon();
+        EXPECT_TRUE(panel().visible);
+        press(button("Quit"));
     };
     EXPECT_EQ(run({}), 0);
-    Lines asked = calls();
-    asked.resize(4);
+    Lines asked = calls({"image", "tool tip", "level"});
+    asked.resize(5);
+    const std::string category = "UNUserNotificationCenter categories LOW_BATTERY, "
+                                 "SNOOZE_20=In 20 minutes/0, SNOOZE_30=In 30 minutes/0, "
+                                 "SNOOZE_60=In 1 hour/0, SNOOZE_120=In 2 hours/0, "
+                                 "SNOOZE_CUSTOM=At a specific time…/4";
     EXPECT_EQ(asked,
               (Lines{"NSApplication accessory", "UNUserNotificationCenter authorise 6",
-                     "NSApplication run", "NSStatusBar item -1"}));
+                     "NSApplication run", "NSStatusBar item -1", category}));
     EXPECT_EQ(NSApp.delegate, nil);
     EXPECT_EQ(mac.statusItem, nil);
-}
-
-TEST_F(MacProgram, RegistersItsCategoryWhenItHasLaunchedAndAtEachLanguage)
-{
-    mac.whileRunning = [] {
-        settle();
-        const Lines asked = calls();
-        const std::string english = "UNUserNotificationCenter categories LOW_BATTERY, "
-                                    "SNOOZE_20=In 20 minutes/0, SNOOZE_30=In 30 minutes/0, "
-                                    "SNOOZE_60=In 1 hour/0, SNOOZE_120=In 2 hours/0, "
-                                    "SNOOZE_CUSTOM=At a specific time…/4";
-        EXPECT_EQ(std::count(asked.begin(), asked.end(), english), 1);
-        EXPECT_NE([UNUserNotificationCenter currentNotificationCenter].delegate, nil);
-        quit();
-    };
-    EXPECT_EQ(run({"--panel"}), 0);
 }
 
 TEST_F(MacProgram, AnswersWhatTheUserChoseInANotification)
 {
     mac.whileRunning = [] {
         settle();
-        UNUserNotificationCenter* const centre =
-            [UNUserNotificationCenter currentNotificationCenter];
-        __block int answers = 0;
-        for (const char* const action : {"SNOOZE_60", "SNOOZE_CUSTOM", "unknown"}) {
+        UNUserNotificationCenter* const centre = UNUserNotificationCenter.currentNotificationCenter;
+        const auto answers = std::make_shared<int>(0);
+        const auto asked = [&](const std::string& action) {
             mac.calls.clear();
-            mac.isActive = false;
             [centre.delegate userNotificationCenter:centre
                      didReceiveNotificationResponse:made(UNNotificationResponse.class, action)
-                              withCompletionHandler:^{ ++answers; }];
+                              withCompletionHandler:^{ ++*answers; }];
             settle();
-            const Lines asked = calls();
-            if (action == std::string("SNOOZE_60")) {
-                ASSERT_EQ(asked.size(), 1U);
-                EXPECT_EQ(asked[0].rfind("UNUserNotificationCenter add snooze-", 0), 0U);
-                EXPECT_NE(asked[0].find("|Magic Mouse battery alert|Snoozed reminder: please "
-                                        "charge your mouse.|sound||in 3600"),
-                          std::string::npos);
-            } else if (action == std::string("SNOOZE_CUSTOM")) {
-                EXPECT_EQ(asked, (Lines{"NSApplication activate ignoring others"}));
-            } else {
-                EXPECT_EQ(asked, Lines());
-            }
-        }
-        EXPECT_EQ(answers, 3);
-        quit();
+            return calls();
+        };
+        const Lines added = asked("SNOOZE_60");
+        ASSERT_EQ(added.size(), 1U);
+        EXPECT_EQ(added[0].rfind("UNUserNotificationCenter add snooze-", 0), 0U);
+        const std::string content = "|Magic Mouse battery alert|Snoozed reminder: please charge "
+                                    "your mouse.|sound||in 3600";
+        EXPECT_NE(added[0].find(content), std::string::npos);
+        EXPECT_EQ(asked("SNOOZE_CUSTOM"), (Lines{"NSApplication activate ignoring others"}));
+        EXPECT_EQ(asked("unknown"), Lines());
+        EXPECT_EQ(*answers, 3);
+        press(button("Quit"));
     };
     EXPECT_EQ(run({"--panel"}), 0);
 }
@@ -176,14 +129,7 @@ TEST_F(MacProgram, LogsAFailedLoginItemAndThenNotifies)
         settle();
         mac.calls.clear();
         mac.loginItemFailure = "Operation not permitted";
-        for (NSWindow* const window : mac.windows) {
-            for (NSView* const view : viewsIn(window.contentView)) {
-                if ([view isKindOfClass:NSButton.class] &&
-                    text(((NSButton*)view).title) == "Launch at login") {
-                    press((NSButton*)view);
-                }
-            }
-        }
+        press(button("Launch at login"));
         const Lines asked = calls();
         ASSERT_EQ(asked.size(), 3U);
         EXPECT_EQ(asked[0], "SMAppService register");
@@ -192,7 +138,7 @@ TEST_F(MacProgram, LogsAFailedLoginItemAndThenNotifies)
         EXPECT_NE(asked[2].find("|Launch at login|Operation not permitted|silent||at once"),
                   std::string::npos);
         settle();
-        quit();
+        press(button("Quit"));
     };
     EXPECT_EQ(run({"--panel"}), 0);
 }
@@ -201,32 +147,29 @@ TEST_F(MacProgram, OpensThePanelForASecondStartAndForFinder)
 {
     mac.whileRunning = [this] {
         settle();
-        EXPECT_FALSE(isPanelOpen());
         EXPECT_EQ(call({}), 0);
-        EXPECT_TRUE(isPanelOpen());
+        EXPECT_TRUE(panel().visible);
         settle();
-        press(mac.statusItem.button);
-        EXPECT_FALSE(isPanelOpen());
+        pressIcon();
+        EXPECT_FALSE(panel().visible);
         EXPECT_FALSE([NSApp.delegate applicationShouldHandleReopen:NSApp hasVisibleWindows:NO]);
-        EXPECT_TRUE(isPanelOpen());
+        EXPECT_TRUE(panel().visible);
         settle();
-        quit();
+        press(button("Quit"));
     };
     EXPECT_EQ(run({}), 0);
 }
 
-TEST_F(MacProgram, TheDemoLeavesTheRunningInstanceAndTheOutsideAlone)
+TEST_F(MacProgram, ADemoLeavesTheRunningInstanceAndTheOutsideAlone)
 {
     mac.whileRunning = [] {
         settle();
-        quit();
+        press(button("Quit"));
     };
-    EXPECT_EQ(run({"--panel", "--demo"}), 0);
+    EXPECT_EQ(run({"--panel", "--demo"}), 0) << errors;
     EXPECT_FALSE(std::filesystem::exists(directory / "org.voltmere.Voltmere"));
-    for (const std::string& call : calls()) {
-        EXPECT_EQ(call.find("UNUserNotificationCenter"), std::string::npos) << call;
-        EXPECT_EQ(call.find("NSUserDefaults"), std::string::npos) << call;
-    }
+    const Lines all = calls();
+    EXPECT_EQ(std::ranges::count(all, "UNUserNotificationCenter authorise 6"), 0);
 }
 
 TEST_F(MacProgram, SaysWhatIsMissingInASessionWithoutAScreen)
@@ -234,7 +177,15 @@ TEST_F(MacProgram, SaysWhatIsMissingInASessionWithoutAScreen)
     mac.isLoggedIn = false;
     EXPECT_EQ(run({}), exitStatus::cannotRun);
     EXPECT_EQ(errors, "voltmere: this session has no screen; log in at the Mac, or use --list\n");
+    NSApp = nil;
+    EXPECT_EQ(run({"--list"}), 0);
+    EXPECT_NE(output.find("Magic Mouse"), std::string::npos) << output;
+    EXPECT_EQ(run({"--diagnose"}), 0);
+    EXPECT_NE(output.find("macOS Version 14.5"), std::string::npos) << output;
+    EXPECT_EQ(run({"--unknown"}), exitStatus::wrongUsage);
+    EXPECT_NE(errors.find("--unknown"), std::string::npos) << errors;
     EXPECT_EQ(calls(), Lines());
+    EXPECT_EQ(NSApp, nil);
 }
 
 TEST_F(MacProgram, EndsAtOnceWhileAToolHangs)
@@ -243,25 +194,9 @@ TEST_F(MacProgram, EndsAtOnceWhileAToolHangs)
     mac.whileRunning = [] {
         drainMainQueue(); // the reading has only begun
         press(mac.statusItem.button);
-        EXPECT_TRUE(isPanelOpen());
-        quit();
+        press(button("Quit"));
     };
     EXPECT_EXIT(call({}), testing::ExitedWithCode(0), "");
-}
-
-TEST_F(MacProgram, TerminalCommandsNeedNoWindows)
-{
-    mac.isLoggedIn = false;
-    NSApp = nil;
-    EXPECT_EQ(run({"--list"}), 0);
-    EXPECT_NE(output.find("12"), std::string::npos) << output;
-    EXPECT_NE(output.find("Magic Mouse"), std::string::npos) << output;
-    EXPECT_EQ(run({"--unknown"}), exitStatus::wrongUsage);
-    EXPECT_NE(errors.find("--unknown"), std::string::npos) << errors;
-    EXPECT_EQ(run({"--diagnose"}), 0);
-    EXPECT_NE(output.find("macOS Version 14.5"), std::string::npos) << output;
-    EXPECT_EQ(calls(), Lines());
-    EXPECT_EQ(NSApp, nil);
 }
 
 TEST_F(MacProgram, DrawsItsPicturesInBothLanguagesLightAndDark)
@@ -275,18 +210,16 @@ TEST_F(MacProgram, DrawsItsPicturesInBothLanguagesLightAndDark)
     }
     EXPECT_EQ(pictures.size(), 2U * (1 + 2 * (1 + 5)));
     for (const auto& [name, picture] : pictures) {
-        EXPECT_EQ(picture.rfind("PNG ", 0), 0U) << name;
         const bool isDark = name.find("-dark.png") != std::string::npos;
-        EXPECT_NE(picture.find(isDark ? "on dark background" : "on light background"),
-                  std::string::npos)
-            << name << picture;
-        if (name.rfind("menu-bar", 0) != 0) {
-            const bool isChinese = name.find("-zh-") != std::string::npos;
-            EXPECT_NE(picture.find(isChinese ? "续航哨兵" : "Cellsentry"), std::string::npos)
-                << name;
+        const bool isChinese = name.find("-zh-") != std::string::npos;
+        const Lines all{"PNG ", isDark ? "on dark background" : "on light background",
+                        name.rfind("menu-bar", 0) == 0 ? "12% at 25 3 regular 13 red"
+                            : isChinese                ? "续航哨兵"
+                                                       : "Cellsentry"};
+        for (const std::string& part : all) {
+            EXPECT_NE(picture.find(part), std::string::npos) << name << '\n' << picture;
         }
     }
-    EXPECT_NE(pictures["menu-bar-light.png"].find("12% at 25 3 regular 13 red"), std::string::npos);
     EXPECT_NE(pictures["panel-en-dark.png"].find("Magic Mouse\n12%\n"), std::string::npos);
     EXPECT_EQ(mac.defaults.size(), 0U);
 }
@@ -299,49 +232,33 @@ TEST_F(MacProgram, SaysWhichPictureItCannotWrite)
     std::filesystem::create_directories(directory / "menu-bar-light.png");
     EXPECT_EQ(run({"--screenshots", directory.path()}), exitStatus::cannotRun);
     EXPECT_NE(errors.find("menu-bar-light.png"), std::string::npos) << errors;
-    EXPECT_EQ(std::count(errors.begin(), errors.end(), '\n'), 1) << "one line for all";
+    EXPECT_EQ(std::ranges::count(errors, '\n'), 1) << "one line for all";
 }
 
-// The status icon is made once in a process, so each of these has a process of its own.
-
-struct MacStatusIcon : MacTest {
-    void expect(const std::string& drawn)
-    {
-        GTEST_FLAG_SET(death_test_style, "threadsafe");
-        EXPECT_EXIT(
-            {
-                (void)NSApplication.sharedApplication;
-                NSImage* const icon = AppIconAsset::statusImage();
-                const bool isPlain = !icon.isTemplate && icon == AppIconAsset::statusImage();
-                std::fprintf(stderr, "%g %s", icon.size.height, drawing(icon).front().c_str());
-                std::_Exit(isPlain && icon.size.width == 20 ? 0 : 1);
-            },
-            testing::ExitedWithCode(0), "20 " + drawn + " in 0 0 20 20");
-        GTEST_FLAG_SET(death_test_style, "fast");
-    }
-};
-
-TEST_F(MacStatusIcon, IsThePng)
+TEST(MacStatusIcon, IsTheFirstOfItsSourcesThatIsThere)
 {
-    expect("StatusIcon.png");
-}
-
-TEST_F(MacStatusIcon, IsTheIcnsWithoutAPng)
-{
-    mac.resources = {"StatusIcon.icns", "AppIcon.icns"};
-    expect("StatusIcon.icns");
-}
-
-TEST_F(MacStatusIcon, IsTheAppIconWhereTheChosenOneIsMissingOrDamaged)
-{
-    mac.damagedResources = {"StatusIcon.png"};
-    expect("AppIcon.icns");
-}
-
-TEST_F(MacStatusIcon, IsTheApplicationsOwnAtLast)
-{
-    mac.resources.clear();
-    expect("own icon");
+    // It is made once in a process, so each of these has a process of its own.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto drawStatusIcon = [](const std::set<std::string>& resources,
+                                   const std::string& damaged) {
+        mac = Mac();
+        mac.resources = resources;
+        mac.damagedResources = {damaged};
+        (void)NSApplication.sharedApplication;
+        NSImage* const icon = AppIconAsset::statusImage();
+        std::fprintf(stderr, "%s of %s", drawing(icon).front().c_str(),
+                     text({{}, icon.size}).c_str());
+        std::_Exit(icon.isTemplate || icon != AppIconAsset::statusImage() ? 1 : 0);
+    };
+    const std::set<std::string> all{"StatusIcon.png", "StatusIcon.icns", "AppIcon.icns"};
+    EXPECT_EXIT(drawStatusIcon(all, ""), testing::ExitedWithCode(0),
+                "StatusIcon.png in 0 0 20 20 of 0 0 20 20");
+    EXPECT_EXIT(drawStatusIcon({"StatusIcon.icns", "AppIcon.icns"}, ""), testing::ExitedWithCode(0),
+                "StatusIcon.icns in");
+    EXPECT_EXIT(drawStatusIcon(all, "StatusIcon.png"), testing::ExitedWithCode(0),
+                "AppIcon.icns in");
+    EXPECT_EXIT(drawStatusIcon({}, ""), testing::ExitedWithCode(0), "own icon in");
+    GTEST_FLAG_SET(death_test_style, "fast");
 }
 
 } // namespace
