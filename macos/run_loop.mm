@@ -115,6 +115,10 @@ void MacRunLoop::stop(int status)
     stopped = true;
     exitStatus = status;
     // Both loops look only after an event, and a timer, which may be the caller, is none.
+    if (NSApp == nil) {
+        postToMain([] {});
+        return;
+    }
     [NSApp stop:nil];
     [NSApp postEvent:[NSEvent otherEventWithType:NSEventTypeApplicationDefined
                                         location:NSMakePoint(0, 0)
@@ -126,7 +130,6 @@ void MacRunLoop::stop(int status)
                                            data1:0
                                            data2:0]
              atStart:YES];
-    postToMain([] {});
 }
 
 std::unique_ptr<Timer> MacRunLoop::scheduleOnce(Seconds delay, Action action)

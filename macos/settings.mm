@@ -52,7 +52,7 @@ void UserDefaults::setBoolean(std::string_view key, bool value)
 std::string describeUserDefaults()
 {
     NSString* const bundle = NSBundle.mainBundle.bundleIdentifier;
-    const std::string domain = bundle == nil ? "voltmere" : utf8Text(bundle);
+    const std::string domain = bundle == nil ? "Voltmere" : utf8Text(bundle);
     const std::string unusable = unusableSettings(
         UserDefaults(), [](std::string_view key) { return storedObject(key) != nil; });
     return domain + (unusable.empty() ? "" : ": no usable value, so the default: " + unusable);

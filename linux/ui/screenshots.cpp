@@ -7,6 +7,7 @@
 #include "linux/ui/panel.h"
 #include "linux/ui/status_image.h"
 #include "linux/ui/theme.h"
+#include "linux/ui/views.h"
 #include "snooze/snooze_alert.h"
 #include "texts/l10n.h"
 
@@ -111,7 +112,7 @@ void drawAlerts(QtStudio& studio, const QString& suffix, Album& album)
         SnoozeAlertWindow alert(makeAlertContent(sample.devices, sample.isLow, preselected), {},
                                 studio.appearance);
         alert.adjustSize();
-        album.add("alert-" + sample.name + "-" + suffix, alert.grab().toImage());
+        album.add("alert-" + asQt(sample.name) + "-" + suffix, alert.grab().toImage());
     }
 }
 

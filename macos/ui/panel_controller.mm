@@ -152,8 +152,8 @@ using voltmere::MacApplication;
     __weak VoltmerePanel* const weakSelf = self;
     self.title = voltmere::cocoaText(voltmere::L10n::t("app.name")); // for screen readers
     _content = std::make_unique<ContentView>(*_model, _quit, [weakSelf] { [weakSelf fit]; });
-    self.contentView = voltmere::makeBackdrop(_content->view());
     [self fit];
+    self.contentView = voltmere::makeBackdrop(_content->view());
     [self setFrameTopLeftPoint:voltmere::panelCorner(icon, self.frame.size, visible)];
 
     // Other icons of the menu bar do not take the keyboard from the panel.
