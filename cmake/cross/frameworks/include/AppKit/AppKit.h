@@ -165,14 +165,7 @@ enum NSLayoutConstraintOrientation : NSInteger {
 
 // NSLayoutAttribute; macOS 10.7
 enum NSLayoutAttribute : NSInteger {
-    NSLayoutAttributeLeft = 1,
-    NSLayoutAttributeRight = 2,
-    NSLayoutAttributeTop = 3,
-    NSLayoutAttributeBottom = 4,
     NSLayoutAttributeLeading = 5,
-    NSLayoutAttributeTrailing = 6,
-    NSLayoutAttributeWidth = 7,
-    NSLayoutAttributeHeight = 8,
     NSLayoutAttributeCenterX = 9,
     NSLayoutAttributeCenterY = 10,
 };
@@ -275,9 +268,6 @@ enum NSApplicationActivationPolicy : NSInteger { NSApplicationActivationPolicyAc
 // - (void)windowDidResignKey:(NSNotification *)notification; macOS 10.0
 - (void)windowDidResignKey:(NSNotification*)notification;
 @end
-
-// NSNotificationName const NSApplicationDidChangeScreenParametersNotification; macOS 10.0
-extern "C" NSNotificationName const NSApplicationDidChangeScreenParametersNotification;
 
 @interface NSApplication : NSResponder
 // @property (class, readonly, strong) __kindof NSApplication *sharedApplication; macOS 10.0
@@ -452,11 +442,9 @@ enum : NSWindowCollectionBehavior {
 
 // NSVisualEffectView; macOS 10.10, NSVisualEffectMaterialPopover 10.11
 enum NSVisualEffectMaterial : NSInteger { NSVisualEffectMaterialPopover = 6 };
-enum NSVisualEffectBlendingMode : NSInteger { NSVisualEffectBlendingModeBehindWindow = 0 };
 enum NSVisualEffectState : NSInteger { NSVisualEffectStateActive = 1 };
 @interface NSVisualEffectView : NSView
 @property NSVisualEffectMaterial material;
-@property NSVisualEffectBlendingMode blendingMode;
 @property NSVisualEffectState state;
 @end
 
@@ -471,10 +459,7 @@ enum NSUserInterfaceLayoutOrientation : NSInteger {
     NSUserInterfaceLayoutOrientationVertical = 1,
 };
 // NSStackViewDistributionFill = 0; macOS 10.11
-enum NSStackViewDistribution : NSInteger {
-    NSStackViewDistributionGravityAreas = -1,
-    NSStackViewDistributionFill = 0,
-};
+enum NSStackViewDistribution : NSInteger { NSStackViewDistributionFill = 0 };
 
 // macOS 10.9
 @interface NSStackView : NSView
@@ -510,11 +495,8 @@ enum NSTextAlignment : NSInteger {
     NSTextAlignmentCenter = 1,
 #endif
 };
-// NSLineBreakMode; macOS 10.0
-enum NSLineBreakMode : NSUInteger {
-    NSLineBreakByTruncatingTail = 4,
-    NSLineBreakByTruncatingMiddle = 5,
-};
+// NSLineBreakByTruncatingMiddle = 5; macOS 10.0
+enum NSLineBreakMode : NSUInteger { NSLineBreakByTruncatingMiddle = 5 };
 
 @interface NSControl : NSView
 // macOS 10.0 where nothing else is said

@@ -58,10 +58,6 @@ static inline CGFloat NSMaxY(NSRect rect)
 {
     return rect.origin.y + rect.size.height;
 }
-static inline CGFloat NSWidth(NSRect rect)
-{
-    return rect.size.width;
-}
 static inline CGFloat NSHeight(NSRect rect)
 {
     return rect.size.height;
