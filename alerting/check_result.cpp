@@ -19,27 +19,6 @@ std::string statusText(const std::vector<BatteryDevice>& devices, std::int64_t t
                         namesWithLevels(low, L10n::t("listSeparator")));
 }
 
-namespace {
-
-std::vector<BatteryDevice> devicesToAlert(const std::vector<BatteryDevice>& devices,
-                                          const std::set<std::int64_t>& alertedIDs,
-                                          const CheckRules& rules)
-{
-    if (rules.alert) {
-        return lowDevices(devices, rules.threshold);
-    }
-    if (!rules.instantEnabled || !rules.allowInstantAlert) {
-        return {};
-    }
-    std::vector<BatteryDevice> newlyLow = lowDevices(devices, rules.threshold);
-    std::erase_if(newlyLow, [&alertedIDs](const BatteryDevice& device) {
-        return alertedIDs.contains(device.id);
-    });
-    return newlyLow;
-}
-
-} // namespace
-
 CheckVerdict evaluateCheck(const std::vector<BatteryDevice>& devices,
                            const std::set<std::int64_t>& alertedIDs, const CheckRules& rules)
 {
@@ -49,7 +28,13 @@ CheckVerdict evaluateCheck(const std::vector<BatteryDevice>& devices,
             alerted.erase(device.id);
         }
     }
-    std::vector<BatteryDevice> toAlert = devicesToAlert(devices, alerted, rules);
+    std::vector<BatteryDevice> toAlert = lowDevices(devices, rules.threshold);
+    if (!rules.alert) {
+        const bool allowed = rules.instantEnabled && rules.allowInstantAlert;
+        std::erase_if(toAlert, [&](const BatteryDevice& device) {
+            return !allowed || alerted.contains(device.id);
+        });
+    }
     for (const BatteryDevice& device : toAlert) {
         alerted.insert(device.id);
     }
@@ -65,10 +50,7 @@ std::string instantAlertLogLine(const std::vector<BatteryDevice>& devices)
 AlertPayload makeAlertPayload(const std::vector<BatteryDevice>& devices, std::int64_t threshold)
 {
     std::vector<BatteryDevice> low = lowDevices(devices, threshold);
-    if (low.empty()) {
-        return {devices, false};
-    }
-    return {std::move(low), true};
+    return low.empty() ? AlertPayload{devices, false} : AlertPayload{std::move(low), true};
 }
 
 } // namespace voltmere

@@ -38,21 +38,6 @@ void NotificationSetup::registerCategories(NotificationCentre& centre,
     centre.setCategories({std::move(category)});
 }
 
-namespace {
-
-NotificationRequest snoozedNotification(Seconds delay)
-{
-    NotificationRequest request;
-    request.identifier = "snooze-" + randomUuid();
-    request.content.title = L10n::t("notify.snoozeTitle");
-    request.content.body = L10n::t("notify.snoozeBody");
-    request.content.defaultSound = true;
-    request.delay = delay;
-    return request;
-}
-
-} // namespace
-
 NotificationDelegate::NotificationDelegate(RunLoop& runLoop, Application& application)
     : runLoop(runLoop)
     , application(application)
@@ -72,7 +57,12 @@ void NotificationDelegate::didReceive(NotificationCentre& centre,
         timedSnoozeActions.begin(), timedSnoozeActions.end(),
         [&](const TimedSnoozeAction& action) { return action.identifier == actionIdentifier; });
     if (timed != timedSnoozeActions.end()) {
-        centre.add(snoozedNotification(timed->option.delay));
+        centre.add({.identifier = "snooze-" + randomUuid(),
+                    .content = {.title = L10n::t("notify.snoozeTitle"),
+                                .body = L10n::t("notify.snoozeBody"),
+                                .defaultSound = true,
+                                .category = {}},
+                    .delay = timed->option.delay});
     } else if (actionIdentifier == customSnoozeAction) {
         runLoop.postToMain([this] { application.activate(); });
     }

@@ -7,31 +7,12 @@
 #include <cstddef>
 #include <initializer_list>
 #include <iterator>
+#include <map>
 #include <utility>
 
 namespace voltmere {
 
 namespace {
-
-/// The options, as indices into the table below.
-namespace opt {
-enum Id {
-    list,
-    json,
-    watch,
-    format,
-    diagnose,
-    verbose,
-    panel,
-    screenshots,
-    demo,
-    tools,
-    sysfs,
-    help,
-    version,
-    count
-};
-} // namespace opt
 
 struct OptionText {
     const char* name;
@@ -40,7 +21,7 @@ struct OptionText {
     const char* description;
 };
 
-constexpr std::array<OptionText, opt::count> texts{{
+constexpr std::array texts = std::to_array<OptionText>({
     {"list", nullptr, 0, "Take one reading, print it, and exit."},
     {"json", nullptr, 0, "Print the reading as one JSON object (with --list)."},
     {"watch", nullptr, 0, "Print one line now and after every change, until ended."},
@@ -54,30 +35,36 @@ constexpr std::array<OptionText, opt::count> texts{{
     {"sysfs", "dir", 0, "Read <dir> in place of /sys."},
     {"help", nullptr, 'h', "Print this help and exit."},
     {"version", nullptr, 'v', "Print the version and exit."},
-}};
+});
 
-std::string shown(opt::Id option)
-{
-    return std::string("--") + texts[option].name;
-}
-
-/// The options given, each with its last value, and the first word that is no option.
+/// The options given, by name and each with its last value, and the first word that is no option.
 struct Given {
-    const std::optional<std::string>& operator[](opt::Id option) const { return values[option]; }
+    bool has(const std::string& option) const { return values.contains(option); }
 
-    std::array<std::optional<std::string>, opt::count> values;
+    std::optional<std::string> operator[](const std::string& option) const
+    {
+        return has(option) ? std::optional(values.at(option)) : std::nullopt;
+    }
+
+    bool hasSeveral(std::initializer_list<const char*> options) const
+    {
+        return std::ranges::count_if(options, [this](auto option) { return has(option); }) > 1;
+    }
+
+    std::map<std::string, std::string> values;
     std::optional<std::string> otherWord;
 };
 
-int countOf(const Given& given, std::initializer_list<opt::Id> options)
-{
-    return static_cast<int>(std::count_if(options.begin(), options.end(), [&given](opt::Id option) {
-        return given[option].has_value();
-    }));
-}
-
 /// getopt_long returns a long option as its index plus this, which is above every character.
 constexpr int firstNumber = 256;
+
+std::string nameOf(int answer)
+{
+    if (answer >= firstNumber) {
+        return texts[static_cast<std::size_t>(answer - firstNumber)].name;
+    }
+    return std::ranges::find(texts, answer, &OptionText::letter)->name;
+}
 
 /// Why getopt_long refused `word`, according to its answer and `optopt`.
 UsageError explain(int answer, const std::string& word)
@@ -86,21 +73,9 @@ UsageError explain(int answer, const std::string& word)
         return {std::string("Unknown option '-") + static_cast<char>(optopt) + "'."};
     }
     if (optopt >= firstNumber && word.find('=') != std::string::npos) {
-        return {"'" + word + "': " + shown(static_cast<opt::Id>(optopt - firstNumber)) +
-                " takes no value."};
+        return {"'" + word + "': --" + nameOf(optopt) + " takes no value."};
     }
     return {answer == ':' ? word + " needs a value." : "Unknown option '" + word + "'."};
-}
-
-std::size_t indexOf(int answer)
-{
-    if (answer >= firstNumber) {
-        return static_cast<std::size_t>(answer - firstNumber);
-    }
-    const auto* const place =
-        std::find_if(texts.begin(), texts.end(),
-                     [answer](const OptionText& text) { return text.letter == answer; });
-    return static_cast<std::size_t>(place - texts.begin());
 }
 
 std::variant<Given, UsageError> readOptions(std::vector<std::string> words)
@@ -125,7 +100,6 @@ std::variant<Given, UsageError> readOptions(std::vector<std::string> words)
     };
     const int count = static_cast<int>(words.size());
     Given given;
-    opterr = 0;
     optind = 0; // starts anew
     int answer = 0;
     while ((answer = ::getopt_long(count, pointers.data(), letters.c_str(), table.data(),
@@ -133,7 +107,7 @@ std::variant<Given, UsageError> readOptions(std::vector<std::string> words)
         if (answer == ':' || answer == '?') {
             return explain(answer, wordAt(optind - 1));
         }
-        given.values[indexOf(answer)] = optarg == nullptr ? "" : optarg;
+        given.values[nameOf(answer)] = optarg == nullptr ? "" : optarg;
     }
     if (optind < count) {
         given.otherWord = wordAt(optind);
@@ -147,25 +121,24 @@ std::optional<UsageError> findConflict(const Given& given)
         return UsageError{"Unexpected argument '" + *given.otherWord + "'."};
     }
     for (const auto& [option, action] :
-         {std::pair(opt::json, opt::list), std::pair(opt::format, opt::watch),
-          std::pair(opt::verbose, opt::diagnose)}) {
-        if (given[option] && !given[action]) {
-            return UsageError{shown(option) + " goes with " + shown(action) + "."};
+         {std::pair("json", "list"), {"format", "watch"}, {"verbose", "diagnose"}}) {
+        if (given.has(option) && !given.has(action)) {
+            return UsageError{std::string("--") + option + " goes with --" + action + "."};
         }
     }
-    if (given[opt::format] && *given[opt::format] != "waybar") {
+    if (given["format"].value_or("waybar") != "waybar") {
         return UsageError{"--format knows only 'waybar'."};
     }
-    if (countOf(given, {opt::list, opt::watch, opt::diagnose, opt::panel, opt::screenshots}) > 1) {
+    if (given.hasSeveral({"list", "watch", "diagnose", "panel", "screenshots"})) {
         return UsageError{"Only one of --list, --watch, --diagnose, --panel and --screenshots can "
                           "be done at a time."};
     }
-    if (countOf(given, {opt::demo, opt::tools, opt::sysfs}) > 1) {
+    if (given.hasSeveral({"demo", "tools", "sysfs"})) {
         return UsageError{"Only one of --demo, --tools and --sysfs can say where to read."};
     }
-    for (const opt::Id option : {opt::tools, opt::sysfs, opt::screenshots}) {
-        if (given[option] && given[option]->empty()) {
-            return UsageError{shown(option) + " needs a directory."};
+    for (const char* const option : {"tools", "sysfs", "screenshots"}) {
+        if (given[option] == "") {
+            return UsageError{std::string("--") + option + " needs a directory."};
         }
     }
     return std::nullopt;
@@ -174,11 +147,13 @@ std::optional<UsageError> findConflict(const Given& given)
 CommandLine::Action chosenAction(const Given& given)
 {
     using Action = CommandLine::Action;
-    for (const auto& [option, action] :
-         {std::pair(opt::help, Action::showHelp), std::pair(opt::version, Action::showVersion),
-          std::pair(opt::screenshots, Action::screenshots), std::pair(opt::watch, Action::watch),
-          std::pair(opt::diagnose, Action::diagnose), std::pair(opt::list, Action::list)}) {
-        if (given[option]) {
+    for (const auto& [option, action] : {std::pair("help", Action::showHelp),
+                                         {"version", Action::showVersion},
+                                         {"screenshots", Action::screenshots},
+                                         {"watch", Action::watch},
+                                         {"diagnose", Action::diagnose},
+                                         {"list", Action::list}}) {
+        if (given.has(option)) {
             return action;
         }
     }
@@ -196,19 +171,19 @@ std::variant<CommandLine, UsageError> parseCommandLine(std::vector<std::string> 
     const auto& given = std::get<Given>(read);
     CommandLine commandLine;
     commandLine.action = chosenAction(given);
-    const bool asksForHelp = given[opt::help] || given[opt::version];
+    const bool asksForHelp = given.has("help") || given.has("version");
     if (const auto conflict = findConflict(given); conflict && !asksForHelp) {
         return *conflict;
     }
-    commandLine.json = given[opt::json].has_value();
-    commandLine.verbose = given[opt::verbose].has_value();
+    commandLine.json = given.has("json");
+    commandLine.verbose = given.has("verbose");
     commandLine.format =
-        given[opt::format] ? CommandLine::Format::waybar : CommandLine::Format::voltmere;
-    commandLine.openPanel = given[opt::panel].has_value();
-    commandLine.screenshotsDirectory = given[opt::screenshots].value_or("");
-    commandLine.demo = given[opt::demo].has_value();
-    commandLine.toolsDirectory = given[opt::tools];
-    commandLine.sysfsRoot = given[opt::sysfs];
+        given.has("format") ? CommandLine::Format::waybar : CommandLine::Format::voltmere;
+    commandLine.openPanel = given.has("panel");
+    commandLine.screenshotsDirectory = given["screenshots"].value_or("");
+    commandLine.demo = given.has("demo");
+    commandLine.toolsDirectory = given["tools"];
+    commandLine.sysfsRoot = given["sysfs"];
     return commandLine;
 }
 

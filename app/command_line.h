@@ -21,6 +21,8 @@ struct CommandLine {
     std::optional<std::string> toolsDirectory;
     std::optional<std::string> sysfsRoot;
     std::string screenshotsDirectory;
+
+    bool operator==(const CommandLine&) const = default;
 };
 
 /// The error in the user's command line.

@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <map>
 
 namespace voltmere {
 
@@ -40,24 +41,12 @@ std::string compact(const Json& json)
 
 std::string escapedMarkup(std::string_view text)
 {
+    static const std::map<char, std::string> forms{
+        {'<', "&lt;"}, {'>', "&gt;"}, {'&', "&amp;"}, {'"', "&quot;"}};
     std::string escaped;
     for (const char character : text) {
-        switch (character) {
-        case '<':
-            escaped += "&lt;";
-            break;
-        case '>':
-            escaped += "&gt;";
-            break;
-        case '&':
-            escaped += "&amp;";
-            break;
-        case '"':
-            escaped += "&quot;";
-            break;
-        default:
-            escaped += character;
-        }
+        const auto form = forms.find(character);
+        escaped += form == forms.end() ? std::string(1, character) : form->second;
     }
     return escaped;
 }

@@ -9,79 +9,45 @@ namespace voltmere {
 
 namespace {
 
-// Ports without effect. Each keeps its contract with its callers and does nothing.
-
-class NullLog : public SystemLog {
+/// The ports without effect. Each keeps its contract with its callers and does nothing.
+class NoDesktop : public Application,
+                  public AlertPresenter,
+                  public LoginItemService,
+                  public NotificationCentre,
+                  public SystemLog {
 public:
-    void write(std::string_view /*line*/) override { }
-};
-
-/// Reports that the program does not start at login, and changes nothing.
-class NullLoginItems : public LoginItemService {
-public:
-    Status status() const override { return Status::notRegistered; }
-    std::optional<std::string> registerItem() override { return std::nullopt; }
-    std::optional<std::string> unregisterItem() override { return std::nullopt; }
-};
-
-class NullNotifications : public NotificationCentre {
-public:
-    void requestAuthorisation(std::uint32_t /*options*/) override { }
-    void setDelegate(NotificationCentreDelegate* /*delegate*/) override { }
-    void setCategories(std::vector<NotificationCategory> /*categories*/) override { }
-    void add(NotificationRequest /*request*/) override { }
-};
-
-class NullAlerts : public AlertPresenter {
-public:
+    void activate() override { }
     std::unique_ptr<Alert> present(AlertContent /*content*/, AlertActions /*actions*/) override
     {
         return nullptr;
     }
+    Status status() const override { return Status::notRegistered; }
+    std::optional<std::string> registerItem() override { return std::nullopt; }
+    std::optional<std::string> unregisterItem() override { return std::nullopt; }
+    void requestAuthorisation(std::uint32_t /*options*/) override { }
+    void setDelegate(NotificationCentreDelegate* /*delegate*/) override { }
+    void setCategories(std::vector<NotificationCategory> /*categories*/) override { }
+    void add(NotificationRequest /*request*/) override { }
+    void write(std::string_view /*line*/) override { }
 };
 
-class NullApplication : public Application {
-public:
-    void activate() override { }
-};
+NoDesktop noDesktop; // it has no state
 
-NullApplication nullApplication;
-NullAlerts nullAlerts;
+template<typename Port>
+std::unique_ptr<Port> none()
+{
+    return std::make_unique<NoDesktop>();
+}
 
 bool actsOutside(const CommandLine& commandLine, Services::Reach reach)
 {
     return reach == Services::Reach::everything && !commandLine.demo;
 }
 
-std::unique_ptr<SystemLog> openModelLog(Services::Reach reach)
-{
-    if (reach == Services::Reach::settings) {
-        return std::make_unique<NullLog>();
-    }
-    return makeSystemLog();
-}
-
-std::unique_ptr<LoginItemService> openLoginItems(bool outside)
-{
-    if (!outside) {
-        return std::make_unique<NullLoginItems>();
-    }
-    return makeLoginItemService();
-}
-
-std::unique_ptr<NotificationCentre> openNotifications(bool outside, RunLoop& runLoop,
-                                                      const Clock& clock, SystemLog& log)
-{
-    if (!outside) {
-        return std::make_unique<NullNotifications>();
-    }
-    return makeNotificationCentre(runLoop, clock, log);
-}
-
 } // namespace
 
 Services::Services(const CommandLine& commandLine, Reach reach, MainLoop& mainLoop)
-    : Services(commandLine, reach, mainLoop, nullApplication, nullAlerts)
+    : Services(commandLine, reach, mainLoop, noDesktop, noDesktop)
 {
 }
 
@@ -91,22 +57,19 @@ Services::Services(const CommandLine& commandLine, Reach reach, MainLoop& mainLo
     , reach(reach)
     , mainLoop(mainLoop)
     , log(makeSystemLog())
-    , modelLog(openModelLog(reach))
+    , modelLog(reach == Reach::settings ? none<SystemLog>() : makeSystemLog())
     , languages(makePreferredLanguages())
     , defaults(openSettings(*log))
-    , loginItems(openLoginItems(actsOutside(commandLine, reach)))
+    , loginItems(actsOutside(commandLine, reach) ? makeLoginItemService()
+                                                 : none<LoginItemService>())
     , notificationDelegate(mainLoop, application)
-    , notifications(openNotifications(actsOutside(commandLine, reach), mainLoop, clock, *log))
+    , notifications(actsOutside(commandLine, reach) ? makeNotificationCentre(mainLoop, clock, *log)
+                                                    : none<NotificationCentre>())
     , alerts(alerts)
     , peripherals(commandLine, *log)
     , reader(std::make_shared<DeviceReader>([this] { return peripherals.choose(); }, clock))
 {
     L10n::usePreferredLanguages(languages.get());
-}
-
-Services::~Services()
-{
-    L10n::usePreferredLanguages(nullptr);
 }
 
 ModelServices Services::forModel()
@@ -125,11 +88,13 @@ std::unique_ptr<DefaultsStore> Services::openSettings(SystemLog& log) const
         reach == Reach::everything ? SettingsUse::readAndWrite : SettingsUse::readOnly, log);
 }
 
-void Services::endWhileBusy(int status) const
+int Services::runMainLoop() const
 {
+    const int status = mainLoop.run();
     if (mainLoop.isBusy()) {
         std::_Exit(status);
     }
+    return status;
 }
 
 } // namespace voltmere

@@ -29,18 +29,15 @@ public:
     Services(const CommandLine& commandLine, Reach reach, MainLoop& mainLoop,
              Application& application, AlertPresenter& alerts);
 
-    ~Services();
-    Services(const Services&) = delete;
-    Services& operator=(const Services&) = delete;
-
     ModelServices forModel();
 
     /// The settings as they are stored now. `log` gets a line for each fault of their file.
     std::unique_ptr<DefaultsStore> openSettings(SystemLog& log) const;
 
-    /// Ends the process with `status`, without destroying anything while a reading is under way.
-    /// Settings are saved when they are changed, so nothing is lost.
-    void endWhileBusy(int status) const;
+    /// Runs the main loop, and returns its exit status. Ends the process itself, without destroying
+    /// anything, while a reading is under way. Settings are saved when they are changed, so nothing
+    /// is lost.
+    int runMainLoop() const;
 
     const CommandLine commandLine;
     const Reach reach;

@@ -17,22 +17,19 @@ Studio::Studio(const CommandLine& commandLine, MainLoop& mainLoop)
 
 std::vector<AlertSample> alertSamples()
 {
-    // With an unknown kind of device the alert shows the device's name.
-    constexpr std::int64_t otherKind = 3;
-    const BatteryDevice mouse{803, "Magic Mouse", 12, "magicmouse", 0};
-    const BatteryDevice keyboard{805, "Magic Keyboard", 8, "keyboard", 1};
-    const std::vector<BatteryDevice> longNames{
-        {803, "Magic Mouse of the meeting room", 12, "magicmouse", otherKind},
-        {805, "Magic Keyboard of the meeting room", 8, "keyboard", otherKind},
-        {804, "Magic Trackpad of the meeting room", 3, "trackpad", otherKind}};
-    BatteryDevice fullMouse = mouse;
-    fullMouse.level = 80;
-    BatteryDevice fullKeyboard = keyboard;
-    fullKeyboard.level = 64;
-    return {{"one-low", {mouse}, true},
-            {"two-low", {mouse, keyboard}, true},
-            {"three-low-long-names", longNames, true},
-            {"all-good", {fullMouse, fullKeyboard}, false},
+    enum Kind : std::int64_t { mouse, keyboard, trackpad, other };
+    // The alert shows neither identifiers nor symbols, and the name of a device of another kind.
+    const auto device = [](Kind kind, std::int64_t level, const char* name = "Magic Mouse") {
+        return BatteryDevice{{}, name, level, {}, kind};
+    };
+    return {{"one-low", {device(mouse, 12)}, true},
+            {"two-low", {device(mouse, 12), device(keyboard, 8)}, true},
+            {"three-low-long-names",
+             {device(other, 12, "Magic Mouse of the meeting room"),
+              device(other, 8, "Magic Keyboard of the meeting room"),
+              device(other, 3, "Magic Trackpad of the meeting room")},
+             true},
+            {"all-good", {device(mouse, 80), device(keyboard, 64)}, false},
             {"no-device", {}, false}};
 }
 

@@ -7,8 +7,6 @@
 #include "model/settings.h"
 #include "texts/l10n.h"
 
-#include <utility>
-
 namespace voltmere {
 
 namespace {
@@ -20,7 +18,10 @@ public:
         : commandLine(commandLine)
         , services(commandLine, Services::Reach::settings, mainLoop)
         , model(services.forModel())
-        , change(model.objectWillChange.subscribe([this] { printSoon(); }))
+        , change(model.objectWillChange.subscribe([this] {
+            // The model announces a change before it makes it.
+            services.mainLoop.postToMain([this] { print(); });
+        }))
     {
         BatteryModel::launchSettled = true;
     }
@@ -30,23 +31,10 @@ public:
         MainLoop& mainLoop = services.mainLoop;
         // Otherwise the program notices a closed output at the next change only, maybe days later.
         const auto outputWatch = watchForClosedOutput([&mainLoop] { mainLoop.stop(0); });
-        const int status = mainLoop.run();
-        services.endWhileBusy(status);
-        return status;
+        return services.runMainLoop();
     }
 
 private:
-    /// Prints once per turn of the run loop, since the model announces a change before it makes it.
-    void printSoon()
-    {
-        if (!std::exchange(printsSoon, true)) {
-            services.mainLoop.postToMain([this] {
-                printsSoon = false;
-                print();
-            });
-        }
-    }
-
     /// Prints the last reading under the current settings, unless the line would be the same again.
     void print()
     {
@@ -72,7 +60,6 @@ private:
 
     const CommandLine commandLine;
     std::string lastLine;
-    bool printsSoon = false;
     Services services;
     BatteryModel model;
     Subscription change;

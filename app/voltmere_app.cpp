@@ -6,15 +6,7 @@
 
 namespace voltmere {
 
-AppDelegate::AppDelegate(const DefaultsStore& defaults, NotificationCentre& notifications,
-                         NotificationCentreDelegate& notificationDelegate)
-    : defaults(defaults)
-    , notifications(notifications)
-    , notificationDelegate(notificationDelegate)
-{
-}
-
-void AppDelegate::applicationDidFinishLaunching()
+void AppDelegate::applicationDidFinishLaunching() const
 {
     L10n::loadSetting(defaults);
     NotificationSetup::registerCategories(notifications, notificationDelegate);
@@ -26,7 +18,7 @@ VoltmereApp::VoltmereApp(const CommandLine& commandLine, MainLoop& mainLoop, Fro
     , services(commandLine, Services::Reach::everything, mainLoop, frontEnd.application(),
                frontEnd.alerts())
     , model(services.forModel())
-    , delegate(*services.defaults, *services.notifications, services.notificationDelegate)
+    , delegate{*services.defaults, *services.notifications, services.notificationDelegate}
     , opensPanel(commandLine.openPanel)
 {
 }
@@ -42,9 +34,7 @@ void VoltmereApp::start()
 
 int VoltmereApp::run()
 {
-    const int status = services.mainLoop.run();
-    services.endWhileBusy(status);
-    return status;
+    return services.runMainLoop();
 }
 
 } // namespace voltmere

@@ -10,16 +10,11 @@
 namespace voltmere {
 
 /// Finishes the start of the program.
-class AppDelegate {
-public:
-    AppDelegate(const DefaultsStore& defaults, NotificationCentre& notifications,
-                NotificationCentreDelegate& notificationDelegate);
-
+struct AppDelegate {
     /// Reads the language again, registers the notification categories, and lets snooze alerts
     /// appear.
-    void applicationDidFinishLaunching();
+    void applicationDidFinishLaunching() const;
 
-private:
     const DefaultsStore& defaults;
     NotificationCentre& notifications;
     NotificationCentreDelegate& notificationDelegate;

@@ -29,7 +29,6 @@ add_library(voltmere_ui STATIC
   linux/ui/panel.cpp
   linux/ui/panel_controller.cpp
   linux/ui/qt_start.cpp
-  linux/ui/redraw_scheduler.cpp
   linux/ui/screenshots.cpp
   linux/ui/status_image.cpp
   linux/ui/theme.cpp

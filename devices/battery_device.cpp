@@ -3,7 +3,6 @@
 #include "texts/plain_text.h"
 
 #include <algorithm>
-#include <iterator>
 
 namespace voltmere {
 
@@ -27,9 +26,8 @@ const std::map<std::int64_t, KnownDevice>& BatteryDevice::knownAppleDevices()
 std::vector<BatteryDevice> lowDevices(const std::vector<BatteryDevice>& devices,
                                       std::int64_t threshold)
 {
-    std::vector<BatteryDevice> low;
-    std::copy_if(devices.begin(), devices.end(), std::back_inserter(low),
-                 [threshold](const BatteryDevice& device) { return isLow(device, threshold); });
+    std::vector<BatteryDevice> low = devices;
+    std::erase_if(low, [threshold](const auto& device) { return !isLow(device, threshold); });
     return low;
 }
 

@@ -69,7 +69,6 @@ std::vector<EntryVerdict> judgeEntries(const std::vector<BatteryEntry>& entries,
 {
     std::set<std::int64_t> listedProducts;
     std::vector<EntryVerdict> verdicts;
-    verdicts.reserve(entries.size());
     for (const BatteryEntry& entry : entries) {
         verdicts.push_back(judge(entry, names, listedProducts));
     }
@@ -80,8 +79,7 @@ std::vector<BatteryDevice> listDevices(const std::vector<BatteryEntry>& entries,
                                        const NameMap& names)
 {
     std::vector<BatteryDevice> devices;
-    std::vector<EntryVerdict> verdicts = judgeEntries(entries, names);
-    for (EntryVerdict& verdict : verdicts) {
+    for (EntryVerdict& verdict : judgeEntries(entries, names)) {
         if (auto* device = std::get_if<BatteryDevice>(&verdict)) {
             devices.push_back(std::move(*device));
         }
@@ -92,10 +90,7 @@ std::vector<BatteryDevice> listDevices(const std::vector<BatteryEntry>& entries,
 
 void sortForDisplay(std::vector<BatteryDevice>& devices)
 {
-    std::stable_sort(devices.begin(), devices.end(),
-                     [](const BatteryDevice& left, const BatteryDevice& right) {
-                         return left.order < right.order;
-                     });
+    std::ranges::stable_sort(devices, {}, &BatteryDevice::order);
 }
 
 } // namespace voltmere

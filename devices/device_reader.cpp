@@ -31,8 +31,10 @@ BluetoothNameResolver::BluetoothNameResolver(const Clock& clock)
 NameMap BluetoothNameResolver::bluetoothNames(bool useCache, NameSource& source)
 {
     if (useCache) {
-        if (auto names = freshCache()) {
-            return *std::move(names);
+        const std::lock_guard lock(mutex);
+        // Setting the clock back makes the age negative; the cache then counts as fresh.
+        if (!nameCache.empty() && clock.now() - nameCacheDate < cacheLifetime) {
+            return nameCache;
         }
     }
     NameMap names = source.readNames();
@@ -40,19 +42,6 @@ NameMap BluetoothNameResolver::bluetoothNames(bool useCache, NameSource& source)
     nameCache = names;
     nameCacheDate = clock.now();
     return names;
-}
-
-std::optional<NameMap> BluetoothNameResolver::freshCache() const
-{
-    const std::lock_guard lock(mutex);
-    if (!nameCacheDate || nameCache.empty()) {
-        return std::nullopt;
-    }
-    // Setting the clock back makes the age negative; the cache then counts as fresh.
-    if (clock.now() - *nameCacheDate >= cacheLifetime) {
-        return std::nullopt;
-    }
-    return nameCache;
 }
 
 DeviceReader::DeviceReader(std::function<PeripheralSources()> chooseSources, const Clock& clock)

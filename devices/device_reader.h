@@ -7,7 +7,6 @@
 #include <chrono>
 #include <functional>
 #include <mutex>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -33,12 +32,10 @@ public:
     NameMap bluetoothNames(bool useCache, NameSource& source);
 
 private:
-    std::optional<NameMap> freshCache() const;
-
     const Clock& clock;
-    mutable std::mutex mutex;
+    std::mutex mutex;
     NameMap nameCache;
-    std::optional<Instant> nameCacheDate;
+    Instant nameCacheDate; ///< when the names were read
 };
 
 /// The pair of sources that one reading uses: levels and names come from the same side.

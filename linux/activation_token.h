@@ -16,12 +16,10 @@ inline QByteArray current()
     return qgetenv(variable);
 }
 
-/// Stores `token` for the next activation. An empty token changes nothing.
+/// Stores `token` for the next activation.
 inline void leave(const QByteArray& token)
 {
-    if (!token.isEmpty()) {
-        qputenv(variable, token);
-    }
+    qputenv(variable, token);
 }
 
 inline void drop()

@@ -13,8 +13,6 @@ namespace voltmere {
 /// The result of reading a small text file.
 struct TextFile {
     std::string text;
-    bool exists = false;
-    bool isLink = false;
     std::error_code error; ///< why the text could not be read; a missing file is no failure
 };
 

@@ -7,9 +7,8 @@
 #include <QDBusMessage>
 #include <QDBusObjectPath>
 #include <QMap>
+#include <QUuid>
 #include <QVariantMap>
-
-#include <atomic>
 
 namespace voltmere {
 
@@ -17,51 +16,10 @@ namespace {
 
 constexpr auto replySignature = "a{oa{sa{sv}}}";
 
-/// This reading's own connection to the system bus, since readings may overlap.
-class BusVisit {
-public:
-    BusVisit()
-        : name(QStringLiteral("voltmere-bluez-%1").arg(nextNumber++))
-        , bus(QDBusConnection::connectToBus(QDBusConnection::SystemBus, name))
-    {
-    }
-
-    ~BusVisit() { QDBusConnection::disconnectFromBus(name); }
-
-    BusVisit(const BusVisit&) = delete;
-    BusVisit& operator=(const BusVisit&) = delete;
-
-    QDBusMessage call(const QDBusMessage& message, std::chrono::milliseconds limit) const
-    {
-        return bus.call(message, QDBus::Block, static_cast<int>(limit.count()));
-    }
-
-private:
-    static std::atomic<int> nextNumber;
-
-    QString name;
-    QDBusConnection bus;
-};
-
-std::atomic<int> BusVisit::nextNumber{0};
-
 /// BlueZ gives a device without a name its address with hyphens as alias; that is not a name.
 bool standsForAddress(const QString& alias, QString address)
 {
     return alias.compare(address.replace(':', '-'), Qt::CaseInsensitive) == 0;
-}
-
-void addName(const BluezInterfaces& interfaces, NameMap& names)
-{
-    const QVariantMap device = interfaces.value(QStringLiteral("org.bluez.Device1"));
-    const QString address = device.value(QStringLiteral("Address")).toString();
-    QString name = device.value(QStringLiteral("Alias")).toString();
-    if (name.isEmpty() || standsForAddress(name, address)) {
-        name = device.value(QStringLiteral("Name")).toString();
-    }
-    if (!address.isEmpty() && !name.isEmpty()) {
-        names[address.toUpper().toStdString()] = name.toStdString();
-    }
 }
 
 } // namespace
@@ -73,18 +31,30 @@ BluezNameSource::BluezNameSource(std::chrono::milliseconds limit)
 
 NameMap BluezNameSource::readNames()
 {
-    QDBusMessage question = QDBusMessage::createMethodCall(
+    // A connection of this reading's own, since readings may overlap.
+    const QString name = QUuid::createUuid().toString();
+    const QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SystemBus, name);
+    const QDBusMessage question = QDBusMessage::createMethodCall(
         busNames::blueZ, QStringLiteral("/"), QStringLiteral("org.freedesktop.DBus.ObjectManager"),
         QStringLiteral("GetManagedObjects"));
-    question.setAutoStartService(false);
-    return namesInReply(BusVisit().call(question, limit));
+    const QDBusMessage reply = askBus(bus, question, limit);
+    QDBusConnection::disconnectFromBus(name);
+    return namesInReply(reply);
 }
 
 NameMap namesOf(const BluezObjects& objects)
 {
     NameMap names;
     for (const BluezInterfaces& interfaces : objects) {
-        addName(interfaces, names);
+        const QVariantMap device = interfaces.value(QStringLiteral("org.bluez.Device1"));
+        const QString address = device.value(QStringLiteral("Address")).toString();
+        QString name = device.value(QStringLiteral("Alias")).toString();
+        if (name.isEmpty() || standsForAddress(name, address)) {
+            name = device.value(QStringLiteral("Name")).toString();
+        }
+        if (!address.isEmpty() && !name.isEmpty()) {
+            names[address.toUpper().toStdString()] = name.toStdString();
+        }
     }
     return names;
 }

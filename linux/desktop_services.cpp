@@ -8,11 +8,13 @@
 #include <QDBusMessage>
 #include <QDBusReply>
 #include <QDBusVariant>
-#include <QStringList>
 
 #include <xcb/xcb.h>
 
+#include <algorithm>
+#include <chrono>
 #include <cstdint>
+#include <iterator>
 #include <string_view>
 
 namespace voltmere {
@@ -38,16 +40,7 @@ bool hasXTray()
 
 namespace {
 
-constexpr int limit = 1000; // milliseconds
-
-QDBusMessage ask(const QDBusConnection& bus, const QString& service, const QString& path,
-                 const QString& interface, const QString& method, const QVariantList& arguments)
-{
-    QDBusMessage call = QDBusMessage::createMethodCall(service, path, interface, method);
-    call.setArguments(arguments);
-    call.setAutoStartService(false);
-    return bus.call(call, QDBus::Block, limit);
-}
+constexpr std::chrono::milliseconds limit(1000);
 
 bool isRunning(const QDBusConnection& bus, const QString& service)
 {
@@ -65,9 +58,10 @@ std::string trayHost(const QDBusConnection& bus)
     if (!isRunning(bus, watcher)) {
         return xTrayOr("none: neither a StatusNotifier nor an XEmbed tray");
     }
-    const QDBusReply<QDBusVariant> reply =
-        ask(bus, watcher, busNames::statusNotifierWatcherPath, busNames::properties, "Get",
-            {watcher, "IsStatusNotifierHostRegistered"});
+    QDBusMessage question = QDBusMessage::createMethodCall(
+        watcher, busNames::statusNotifierWatcherPath, busNames::properties, "Get");
+    question << watcher << "IsStatusNotifierHostRegistered";
+    const QDBusReply<QDBusVariant> reply = askBus(bus, question, limit);
     return reply.isValid() && reply.value().variant().toBool()
         ? "StatusNotifier host registered"
         : xTrayOr("none: a StatusNotifier watcher without a host, and no XEmbed tray");
@@ -80,58 +74,53 @@ std::string notificationService(const QDBusConnection& bus)
         return "not running (it may be started on demand)";
     }
     const QDBusMessage reply =
-        ask(bus, service, busNames::notificationsPath, service, "GetServerInformation", {});
-    if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().size() < 3) {
+        askBus(bus,
+               QDBusMessage::createMethodCall(service, busNames::notificationsPath, service,
+                                              "GetServerInformation"),
+               limit);
+    if (reply.arguments().size() < 3) {
         return "running, but it does not say what it is";
     }
     return (reply.arguments().at(0).toString() + ' ' + reply.arguments().at(2).toString())
         .toStdString();
 }
 
-std::string presence(bool present, const char* otherwise)
+std::string presence(const QDBusConnection& bus, const QString& service, const char* otherwise)
 {
-    return present ? "present" : otherwise;
+    return isRunning(bus, service) ? "present" : otherwise;
 }
 
-void addSession(const QDBusConnection& bus, std::vector<Finding>& findings)
+std::vector<Finding> onSessionBus(const QDBusConnection& bus)
 {
     if (!bus.isConnected()) {
-        findings.insert(findings.end(),
-                        {{"session bus",
-                          "missing: no notifications, no StatusNotifier tray, dark or light is "
-                          "taken from Qt, and a second start runs a second time"},
-                         {"tray", xTrayOr("none: no XEmbed tray")}});
-        return;
+        return {{"session bus",
+                 "missing: no notifications, no StatusNotifier tray, dark or light is taken from "
+                 "Qt, and a second start runs a second time"},
+                {"tray", xTrayOr("none: no XEmbed tray")}};
     }
-    findings.insert(findings.end(),
-                    {{"session bus", "present"},
-                     {"tray", trayHost(bus)},
-                     {"notifications", notificationService(bus)},
-                     {"settings portal",
-                      presence(isRunning(bus, busNames::desktopPortal),
-                               "not running: dark or light is taken from Qt")},
-                     {"running instance", presence(isRunning(bus, applicationId), "none")}});
+    return {{"session bus", "present"},
+            {"tray", trayHost(bus)},
+            {"notifications", notificationService(bus)},
+            {"settings portal",
+             presence(bus, busNames::desktopPortal, "not running: dark or light is taken from Qt")},
+            {"running instance", presence(bus, applicationId, "none")}};
 }
 
-void addSystem(const QDBusConnection& bus, std::vector<Finding>& findings)
+std::vector<Finding> onSystemBus(const QDBusConnection& bus)
 {
     if (!bus.isConnected()) {
-        findings.push_back({"system bus", "missing: no Bluetooth names"});
-        return;
+        return {{"system bus", "missing: no Bluetooth names"}};
     }
-    findings.insert(
-        findings.end(),
-        {{"system bus", "present"},
-         {"BlueZ", presence(isRunning(bus, busNames::blueZ), "not running: no Bluetooth names")}});
+    return {{"system bus", "present"},
+            {"BlueZ", presence(bus, busNames::blueZ, "not running: no Bluetooth names")}};
 }
 
 } // namespace
 
 std::vector<Finding> describeDesktopServices()
 {
-    std::vector<Finding> findings;
-    addSession(QDBusConnection::sessionBus(), findings);
-    addSystem(QDBusConnection::systemBus(), findings);
+    std::vector<Finding> findings = onSessionBus(QDBusConnection::sessionBus());
+    std::ranges::move(onSystemBus(QDBusConnection::systemBus()), std::back_inserter(findings));
     return findings;
 }
 

@@ -1,6 +1,7 @@
 #include "linux/environment.h"
 
 #include <algorithm>
+#include <sstream>
 #include <string_view>
 
 namespace voltmere {
@@ -32,6 +33,14 @@ bool isUntranslated(std::string_view tag)
 
 } // namespace
 
+std::filesystem::path userDirectory(const char* variable, const char* fallback)
+{
+    const std::filesystem::path chosen(environmentVariable(variable));
+    return chosen.is_absolute()
+        ? chosen
+        : "/" / std::filesystem::path(environmentVariable("HOME")) / fallback;
+}
+
 std::vector<std::string> EnvironmentLanguages::tags() const
 {
     const std::string locale = messageLocale();
@@ -39,12 +48,9 @@ std::vector<std::string> EnvironmentLanguages::tags() const
     if (isUntranslated(locale)) {
         return tags;
     }
-    const std::string languages = environmentVariable("LANGUAGE");
-    std::string_view list = languages;
-    while (!list.empty()) {
-        const std::size_t end = std::min(list.find(':'), list.size());
-        const std::string tag = tagOf(list.substr(0, end));
-        list.remove_prefix(std::min(end + 1, list.size()));
+    std::istringstream list(environmentVariable("LANGUAGE"));
+    for (std::string language; std::getline(list, language, ':');) {
+        const std::string tag = tagOf(language);
         if (isUntranslated(tag)) {
             return tags;
         }

@@ -3,6 +3,7 @@
 #include "ports/desktop.h"
 
 #include <cstdlib>
+#include <filesystem>
 #include <string>
 
 namespace voltmere {
@@ -13,6 +14,10 @@ inline std::string environmentVariable(const char* name)
     const char* const value = std::getenv(name);
     return value == nullptr ? std::string() : std::string(value);
 }
+
+/// The directory of the user's files of one kind: the value of `variable`, or `fallback` in the
+/// home directory where that holds no absolute path. Source: XDG Base Directory Specification 0.8.
+std::filesystem::path userDirectory(const char* variable, const char* fallback);
 
 /// The languages that the environment asks for, ranked as the C library ranks them for messages:
 /// the locale is the first of LC_ALL, LC_MESSAGES and LANG that is set; unless it is the C locale,

@@ -1,7 +1,6 @@
 #include "linux/json_file.h"
 
 #include "linux/atomic_file.h"
-#include "linux/environment.h"
 
 #include <nlohmann/json.hpp>
 
@@ -11,6 +10,16 @@
 #include <optional>
 #include <system_error>
 #include <utility>
+
+/// Converts a plain value to JSON, alone and in records and lists.
+template<>
+struct nlohmann::adl_serializer<voltmere::JsonValue> {
+    template<typename Json>
+    static void to_json(Json& json, const voltmere::JsonValue& value)
+    {
+        std::visit([&json](const auto& plain) { json = plain; }, value);
+    }
+};
 
 namespace voltmere {
 
@@ -68,29 +77,6 @@ JsonEntry entryOf(const Json& json)
         }
     }
     return records;
-}
-
-Json jsonOf(const JsonValue& value)
-{
-    return std::visit([](const auto& plain) { return Json(plain); }, value);
-}
-
-Json jsonOf(const JsonRecord& record)
-{
-    Json object = Json::object();
-    for (const auto& [key, value] : record) {
-        object[key] = jsonOf(value);
-    }
-    return object;
-}
-
-Json jsonOf(const std::vector<JsonRecord>& records)
-{
-    Json list = Json::array();
-    for (const JsonRecord& record : records) {
-        list.push_back(jsonOf(record));
-    }
-    return list;
 }
 
 std::string textOf(const Json& json)
@@ -167,7 +153,7 @@ void JsonFile::set(std::string_view key, const JsonEntry& entry)
         return;
     }
     const std::string before = textOf(object);
-    object[std::string(key)] = std::visit([](const auto& value) { return jsonOf(value); }, entry);
+    object[std::string(key)] = std::visit([](const auto& value) { return Json(value); }, entry);
     const std::string after = textOf(object);
     if (after == before) {
         return;
@@ -198,15 +184,6 @@ bool JsonFile::handle(const JsonContent& found)
     }
     log.report(line, found.problem);
     return keptAs.has_value();
-}
-
-fs::path userFile(const char* variable, const char* fallback, const char* name)
-{
-    fs::path directory = environmentVariable(variable);
-    if (!directory.is_absolute()) {
-        directory = fs::path("/") / environmentVariable("HOME") / fallback;
-    }
-    return directory / "voltmere" / name;
 }
 
 } // namespace voltmere

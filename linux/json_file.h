@@ -62,9 +62,4 @@ private:
     OnceLog log;
 };
 
-/// The path of one of the program's files for the user: "voltmere/`name`" in the directory of the
-/// environment's `variable`, or in `fallback` of the home directory where `variable` holds no
-/// absolute path. Source: XDG Base Directory Specification 0.8.
-std::filesystem::path userFile(const char* variable, const char* fallback, const char* name);
-
 } // namespace voltmere

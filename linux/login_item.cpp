@@ -99,7 +99,7 @@ std::optional<std::string> removeFile(const fs::path& path)
 } // namespace
 
 LoginItem::LoginItem(const fs::path& directory, std::string program)
-    : entry(directory.empty() ? fs::path() : directory / (std::string(applicationId) + ".desktop"))
+    : entry(directory / (std::string(applicationId) + ".desktop"))
     , program(std::move(program))
 {
 }
@@ -114,9 +114,6 @@ LoginItemService::Status LoginItem::status() const
 
 std::optional<std::string> LoginItem::registerItem()
 {
-    if (entry.empty()) {
-        return "There is no place for a start-up entry: neither XDG_CONFIG_HOME nor HOME is set";
-    }
     if (!canBeWritten(program)) {
         return failureAt(entry, "the path of this program cannot be written there");
     }
@@ -143,11 +140,7 @@ std::optional<std::string> LoginItem::unregisterItem()
 
 fs::path autostartDirectory()
 {
-    if (const fs::path chosen(environmentVariable("XDG_CONFIG_HOME")); chosen.is_absolute()) {
-        return chosen / "autostart";
-    }
-    const fs::path home(environmentVariable("HOME"));
-    return home.is_absolute() ? home / ".config" / "autostart" : fs::path();
+    return userDirectory("XDG_CONFIG_HOME", ".config") / "autostart";
 }
 
 std::string runningProgram()

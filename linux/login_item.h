@@ -18,8 +18,7 @@ namespace voltmere {
 /// Source: Desktop Application Autostart Specification 0.5.
 class LoginItem : public LoginItemService {
 public:
-    /// `directory` holds the user's entries; empty where it is unknown. `program` is the
-    /// absolute path of the file to start.
+    /// `directory` holds the user's entries. `program` is the absolute path of the file to start.
     LoginItem(const std::filesystem::path& directory, std::string program);
 
     /// Either `enabled` or `notRegistered`.
@@ -32,8 +31,7 @@ private:
     std::string program;
 };
 
-/// The directory of this user's start-up entries in $XDG_CONFIG_HOME, or else in ~/.config. Empty
-/// where neither is an absolute path. Source: XDG Base Directory Specification 0.8.
+/// The directory of this user's start-up entries.
 std::filesystem::path autostartDirectory();
 
 /// The file that starts this program: the running executable, or the AppImage that holds it, which

@@ -2,11 +2,11 @@
 
 #include "linux/activation_token.h"
 #include "linux/bus_call.h"
+#include "linux/environment.h"
 #include "ports/desktop.h"
 #include "texts/l10n.h"
 #include "texts/plain_text.h"
 
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingReply>
 #include <QPointer>
@@ -97,21 +97,17 @@ QDBusMessage methodCall(const QString& daemon, const char* method)
 
 } // namespace
 
-DesktopNotifications::DesktopNotifications(const QDBusConnection& bus, std::string icon,
+DesktopNotifications::DesktopNotifications(const QDBusConnection& bus,
                                            const std::filesystem::path& delayedFile,
                                            RunLoop& runLoop, const Clock& clock, SystemLog& log)
-    : busName(bus.name())
-    , icon(std::move(icon))
+    : bus(bus)
     , file(delayedFile, "delayed notifications", SettingsUse::readAndWrite, log)
     , runLoop(runLoop)
     , clock(clock)
     , log(log)
 {
-    const JsonContent content = file.load();
-    const auto found = content.entries.find(delayedKey);
-    const auto* const records = found == content.entries.end()
-        ? nullptr
-        : std::get_if<std::vector<JsonRecord>>(&found->second);
+    JsonContent content = file.load();
+    const auto* const records = std::get_if<std::vector<JsonRecord>>(&content.entries[delayedKey]);
     for (const JsonRecord& record : records == nullptr ? std::vector<JsonRecord>() : *records) {
         Delayed& entry = delayed.emplace_back(
             Delayed{requestOf(record), Seconds(valueOf(record, "due", 0.0)), nullptr});
@@ -177,7 +173,7 @@ void DesktopNotifications::askDaemon(const NotificationRequest& request, std::ui
     const bool sound = request.content.defaultSound && (options & presentation::sound) != 0;
     // This starts the daemon if the bus can. Qt does not tell the sender of a reply, so the program
     // asks the bus.
-    callBus(bus(), methodCall(service, "GetCapabilities"), this,
+    callBus(bus, methodCall(service, "GetCapabilities"), this,
             [this, request, sound](const QDBusMessage& reply) {
                 const QDBusPendingReply<QStringList> capabilities(reply);
                 if (capabilities.isError()) {
@@ -187,7 +183,7 @@ void DesktopNotifications::askDaemon(const NotificationRequest& request, std::ui
                 QDBusMessage question = QDBusMessage::createMethodCall(
                     busNames::bus, busNames::busPath, busNames::bus, "GetNameOwner");
                 question << service;
-                callBus(bus(), question, this,
+                callBus(bus, question, this,
                         [this, request, sound,
                          capabilities = capabilities.value()](const QDBusMessage& ownerReply) {
                             const QDBusPendingReply<QString> owner(ownerReply);
@@ -220,28 +216,26 @@ void DesktopNotifications::show(const NotificationRequest& request, bool sound,
     }
     const QString body = shownText(request.content.body);
     QDBusMessage call = methodCall(daemon, "Notify");
-    call << shownText(L10n::t("app.name")) << replacesNothing << QString::fromStdString(icon)
+    call << shownText(L10n::t("app.name")) << replacesNothing << QString(applicationId)
          << shownText(request.content.title)
          << (capabilities.contains("body-markup") ? body.toHtmlEscaped() : body)
          << (capabilities.contains("actions") ? actionWords(actions) : QStringList())
          << hints(sound) << daemonsOwnDuration;
 
-    const auto entry = shown.insert(shown.end(), Shown{daemon, actions, 0, {}});
     if (!std::exchange(listening, true)) {
         // With a sender named here, Qt would wait for the bus to resolve it, and would end the
         // program where the bus has ended. The slot checks the sender instead.
         for (const char* const name : {"ActivationToken", "ActionInvoked", "NotificationClosed"}) {
-            bus().connect({}, path, service, name, this, SLOT(takeSignal(QDBusMessage)));
+            bus.connect({}, path, service, name, this, SLOT(takeSignal(QDBusMessage)));
         }
     }
-    callBus(bus(), call, this, [this, entry](const QDBusMessage& reply) {
+    callBus(bus, call, this, [this, daemon, actions](const QDBusMessage& reply) {
         const QDBusPendingReply<uint> id(reply);
         if (id.isError()) {
             log.report("the notification service did not show a notification",
                        id.error().message().toStdString());
-            shown.erase(entry);
         } else {
-            entry->id = id.value();
+            shown.push_back({daemon, actions, id.value(), {}});
         }
     });
 }
@@ -252,7 +246,7 @@ void DesktopNotifications::takeSignal(const QDBusMessage& signal)
     const uint id = arguments.value(0).toUInt();
     const QString word = arguments.value(1).toString();
     const auto found = std::find_if(shown.begin(), shown.end(), [&](const Shown& entry) {
-        return id != 0 && entry.id == id && entry.daemon == signal.service();
+        return entry.id == id && entry.daemon == signal.service();
     });
     if (found == shown.end()) {
         return;
@@ -273,10 +267,12 @@ void DesktopNotifications::takeSignal(const QDBusMessage& signal)
     // notification that is already gone does no harm.
     QDBusMessage close = methodCall(entry.daemon, "CloseNotification");
     close << entry.id;
-    bus().send(close);
+    bus.send(close);
     for (const NotificationAction& action : entry.offered) {
         if (action.identifier == word.toStdString()) {
-            activationToken::leave(action.foreground ? entry.activationToken : QByteArray());
+            if (action.foreground) {
+                activationToken::leave(entry.activationToken);
+            }
             tell(action.identifier);
         }
     }
@@ -292,14 +288,9 @@ void DesktopNotifications::tell(const std::string& action)
     }
 }
 
-QDBusConnection DesktopNotifications::bus() const
-{
-    return QDBusConnection(busName);
-}
-
 std::filesystem::path delayedNotificationsPath()
 {
-    return userFile("XDG_STATE_HOME", ".local/state", "notifications.json");
+    return userDirectory("XDG_STATE_HOME", ".local/state") / "voltmere" / "notifications.json";
 }
 
 } // namespace voltmere

@@ -6,6 +6,7 @@
 #include "ports/time.h"
 
 #include <QByteArray>
+#include <QDBusConnection>
 #include <QObject>
 #include <QString>
 
@@ -16,7 +17,6 @@
 #include <utility>
 #include <vector>
 
-class QDBusConnection;
 class QDBusMessage;
 
 namespace voltmere {
@@ -37,11 +37,10 @@ class DesktopNotifications : public QObject, public NotificationCentre {
     Q_OBJECT
 
 public:
-    /// Takes up the delayed notifications of `delayedFile`. `icon` is the program's icon in the
-    /// theme. `runLoop`, `clock` and `log` must outlive this object.
-    DesktopNotifications(const QDBusConnection& bus, std::string icon,
-                         const std::filesystem::path& delayedFile, RunLoop& runLoop,
-                         const Clock& clock, SystemLog& log);
+    /// Takes up the delayed notifications of `delayedFile`. `runLoop`, `clock` and `log` must
+    /// outlive this object.
+    DesktopNotifications(const QDBusConnection& bus, const std::filesystem::path& delayedFile,
+                         RunLoop& runLoop, const Clock& clock, SystemLog& log);
 
     /// Does nothing: these desktops obey what the user has set for the program without telling it.
     void requestAuthorisation(std::uint32_t /*options*/) override { }
@@ -63,11 +62,11 @@ private:
         std::unique_ptr<Timer> timer;
     };
 
-    /// A notification on the screen, or on its way there.
+    /// A notification on the screen.
     struct Shown {
         QString daemon; ///< its unique name on the bus
         std::vector<NotificationAction> offered;
-        uint id = 0; ///< the daemon's number for it; 0 until the daemon has told
+        uint id; ///< the daemon's number for it
         QByteArray activationToken;
     };
 
@@ -79,10 +78,8 @@ private:
     void show(const NotificationRequest& request, bool sound, const QString& daemon,
               const QStringList& capabilities);
     void tell(const std::string& action);
-    QDBusConnection bus() const;
 
-    const QString busName;
-    const std::string icon;
+    QDBusConnection bus;
     JsonFile file;
     RunLoop& runLoop;
     const Clock& clock;

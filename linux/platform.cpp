@@ -26,17 +26,6 @@
 
 namespace voltmere {
 
-namespace {
-
-/// A program that is not installed has no icon in the theme; every theme has the second name
-/// (Icon Naming Specification 0.8.90, "Status icons").
-std::string applicationIcon()
-{
-    return terminalProgram().parent_path().filename() == "bin" ? applicationId : "battery-low";
-}
-
-} // namespace
-
 std::unique_ptr<MainLoop> makeMainLoop()
 {
     return std::make_unique<QtRunLoop>();
@@ -74,7 +63,7 @@ std::unique_ptr<LoginItemService> makeLoginItemService()
 std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& runLoop, const Clock& clock,
                                                            SystemLog& log)
 {
-    return std::make_unique<DesktopNotifications>(QDBusConnection::sessionBus(), applicationIcon(),
+    return std::make_unique<DesktopNotifications>(QDBusConnection::sessionBus(),
                                                   delayedNotificationsPath(), runLoop, clock, log);
 }
 

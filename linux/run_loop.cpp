@@ -46,16 +46,11 @@ public:
         QObject::connect(&notifier, &QSocketNotifier::activated, &notifier, [this] { fire(); });
     }
 
-    BootTimer(const BootTimer&) = delete;
-    BootTimer& operator=(const BootTimer&) = delete;
-
-    ~BootTimer() override { notifier.setEnabled(false); }
-
 private:
     void fire()
     {
         // After a sleep the count is above one: the periods that passed meanwhile count as one.
-        std::uint64_t expirations = 0;
+        std::uint64_t expirations{};
         if (::read(descriptor.get(), &expirations, sizeof expirations) != sizeof expirations) {
             return;
         }

@@ -1,9 +1,11 @@
 #include "linux/settings.h"
 
+#include "linux/environment.h"
 #include "model/settings.h"
 
 #include <cstdint>
 #include <system_error>
+#include <utility>
 
 namespace voltmere {
 
@@ -15,7 +17,7 @@ void take(const JsonContent& content, MemoryDefaults& defaults)
 {
     for (const auto& [key, entry] : content.entries) {
         if (const auto* value = std::get_if<JsonValue>(&entry)) {
-            defaults.set(key, *value);
+            defaults.MemoryDefaults::set(key, *value);
         }
     }
 }
@@ -67,21 +69,15 @@ JsonSettings::JsonSettings(const fs::path& path, SettingsUse use, SystemLog& log
     take(file.load(), *this);
 }
 
-void JsonSettings::setInteger(std::string_view key, std::int64_t value)
+void JsonSettings::set(std::string_view key, Value value)
 {
-    set(key, value);
-    file.set(key, JsonValue(value));
-}
-
-void JsonSettings::setBoolean(std::string_view key, bool value)
-{
-    set(key, value);
-    file.set(key, JsonValue(value));
+    file.set(key, value);
+    MemoryDefaults::set(key, std::move(value));
 }
 
 fs::path settingsPath()
 {
-    return userFile("XDG_CONFIG_HOME", ".config", "settings.json");
+    return userDirectory("XDG_CONFIG_HOME", ".config") / "voltmere" / "settings.json";
 }
 
 std::string describeSettingsFile(const fs::path& path)

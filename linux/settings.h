@@ -17,8 +17,7 @@ public:
     /// `log` must outlive this object.
     JsonSettings(const std::filesystem::path& path, SettingsUse use, SystemLog& log);
 
-    void setInteger(std::string_view key, std::int64_t value) override;
-    void setBoolean(std::string_view key, bool value) override;
+    void set(std::string_view key, Value value) override;
 
 private:
     JsonFile file;

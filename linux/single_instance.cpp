@@ -1,13 +1,12 @@
 #include "linux/single_instance.h"
 
 #include "linux/activation_token.h"
+#include "linux/bus_call.h"
 #include "ports/desktop.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
-
-#include <utility>
 
 namespace voltmere {
 
@@ -20,72 +19,40 @@ const QString interfaceName = QStringLiteral("org.freedesktop.Application");
 const QString activationTokenKey = QStringLiteral("activation-token");
 
 /// A running instance with a busy main thread must not delay the start that asks it.
-constexpr int activationLimit = 150; // milliseconds
+constexpr std::chrono::milliseconds activationLimit(150);
 
 } // namespace
 
-BusInstance::BusInstance(SystemLog& log)
-    : log(log)
-{
-}
-
-SingleInstance::Role BusInstance::start()
+bool BusInstance::isLaterStart(SystemLog& log)
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         log.write("Voltmere: there is no session bus: no notifications, and a second start runs a "
                   "second time");
-        return Role::alone;
+        return false;
     }
-    new ApplicationAdaptor(*this); // belongs to this object, as adaptors do
-    bus.registerObject(objectPath, this, QDBusConnection::ExportAdaptors);
+    bus.registerObject(objectPath, this, QDBusConnection::ExportAllSlots);
     if (bus.registerService(applicationId)) {
-        return Role::first;
+        return false;
     }
     QDBusMessage activate =
         QDBusMessage::createMethodCall(applicationId, objectPath, interfaceName, "Activate");
     activate << QVariantMap{{activationTokenKey, activationToken::current()}};
-    const QDBusMessage reply = bus.call(activate, QDBus::Block, activationLimit);
-    if (reply.type() != QDBusMessage::ErrorMessage) {
-        return Role::later;
+    if (askBus(bus, activate, activationLimit).type() != QDBusMessage::ErrorMessage) {
+        return true;
     }
     // It is busy, or has ended meanwhile, or the bus gives this name to nobody.
-    if (bus.registerService(applicationId)) {
-        return Role::first;
-    }
-    return bus.interface()->isServiceRegistered(applicationId) ? Role::later : Role::alone;
+    return !bus.registerService(applicationId) &&
+        bus.interface()->isServiceRegistered(applicationId);
 }
 
-void BusInstance::onActivation(std::function<void()> action)
+void BusInstance::Activate(const QVariantMap& platformData)
 {
-    open = std::move(action);
-}
-
-ApplicationAdaptor::ApplicationAdaptor(BusInstance& instance)
-    : QDBusAbstractAdaptor(&instance)
-    , instance(instance)
-{
-}
-
-void ApplicationAdaptor::Activate(const QVariantMap& platformData)
-{
-    if (instance.open) {
+    if (open) {
         activationToken::leave(platformData.value(activationTokenKey).toByteArray());
-        instance.open();
+        open();
         activationToken::drop();
     }
-}
-
-void ApplicationAdaptor::Open(const QStringList& /*uris*/, const QVariantMap& platformData)
-{
-    Activate(platformData);
-}
-
-void ApplicationAdaptor::ActivateAction(const QString& /*action*/,
-                                        const QVariantList& /*parameter*/,
-                                        const QVariantMap& /*platformData*/)
-{
-    // The program's desktop entry offers no actions.
 }
 
 } // namespace voltmere

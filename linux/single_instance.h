@@ -1,53 +1,36 @@
 #pragma once
 
-#include "ports/desktop.h"
 #include "ports/log.h"
 
-#include <QDBusAbstractAdaptor>
 #include <QObject>
 #include <QVariantMap>
 
 #include <functional>
+#include <utility>
 
 namespace voltmere {
 
 /// One instance over the session bus: the first holds the name `applicationId`, and a later
 /// start asks it to open its panel. The bus frees the name when its process ends, however
 /// that happens. Source: Desktop Entry Specification, "D-Bus Activation"
-/// (org.freedesktop.Application).
-class BusInstance : public QObject, public SingleInstance {
-public:
-    /// `log` must outlive this object.
-    explicit BusInstance(SystemLog& log);
-
-    /// Takes the name, or asks the process that holds it. Waits a few milliseconds for the bus.
-    Role start() override;
-
-    void onActivation(std::function<void()> action) override;
-
-private:
-    friend class ApplicationAdaptor;
-
-    SystemLog& log;
-    std::function<void()> open;
-};
-
-/// The object on the bus that later starts call.
-class ApplicationAdaptor : public QDBusAbstractAdaptor {
+/// (org.freedesktop.Application), of which a program without files and actions needs one method.
+class BusInstance : public QObject {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
-    explicit ApplicationAdaptor(BusInstance& instance);
+    /// Takes the name, or asks the process that holds it. Returns whether another process runs the
+    /// program. Waits a few milliseconds for the bus; without a bus there is a line in the log.
+    bool isLaterStart(SystemLog& log);
+
+    /// Calls `action` whenever a later start asks for the panel.
+    void onActivation(std::function<void()> action) { open = std::move(action); }
 
 public slots:
     void Activate(const QVariantMap& platformData);
-    void Open(const QStringList& uris, const QVariantMap& platformData);
-    void ActivateAction(const QString& action, const QVariantList& parameter,
-                        const QVariantMap& platformData);
 
 private:
-    BusInstance& instance;
+    std::function<void()> open;
 };
 
 } // namespace voltmere

@@ -1,13 +1,12 @@
 #include "linux/sysfs_battery_source.h"
 
-#include "posix/file_descriptor.h"
-
-#include <fcntl.h>
+#include "linux/atomic_file.h"
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <charconv>
+#include <map>
+#include <sstream>
 #include <string_view>
 #include <utility>
 
@@ -15,24 +14,10 @@ namespace voltmere {
 
 namespace {
 
-/// The value of one `KEY=value` line of a uevent.
-std::optional<std::string> ueventValue(std::string_view uevent, std::string_view key)
-{
-    while (!uevent.empty()) {
-        const std::size_t end = std::min(uevent.find('\n'), uevent.size());
-        const std::string_view line = uevent.substr(0, end);
-        if (line.starts_with(key) && line.substr(key.size()).starts_with('=')) {
-            return std::string(line.substr(key.size() + 1));
-        }
-        uevent.remove_prefix(std::min(end + 1, uevent.size()));
-    }
-    return std::nullopt;
-}
-
 /// A number without a sign that fits 63 bits.
 std::optional<std::int64_t> wholeNumber(std::string_view text, int base)
 {
-    std::uint64_t number = 0;
+    std::uint64_t number{};
     const auto [after, error] =
         std::from_chars(text.data(), text.data() + text.size(), number, base);
     if (error != std::errc{} || after != text.data() + text.size() || number > INT64_MAX) {
@@ -45,9 +30,8 @@ std::optional<std::int64_t> wholeNumber(std::string_view text, int base)
 void takeHidId(std::string_view text, HidUevent& device)
 {
     const std::size_t first = text.find(':');
-    const std::size_t second =
-        first == std::string_view::npos ? std::string_view::npos : text.find(':', first + 1);
-    if (second == std::string_view::npos) {
+    const std::size_t second = text.rfind(':');
+    if (first == second) {
         return;
     }
     const auto vendor = wholeNumber(text.substr(first + 1, second - first - 1), 16);
@@ -58,19 +42,24 @@ void takeHidId(std::string_view text, HidUevent& device)
     }
 }
 
-std::optional<std::string> nonEmpty(std::optional<std::string> text)
-{
-    return text && !text->empty() ? std::move(text) : std::nullopt;
-}
-
 } // namespace
 
 HidUevent parseHidUevent(std::string_view text)
 {
+    std::map<std::string, std::string> values;
+    std::istringstream lines{std::string(text)};
+    for (std::string line; std::getline(lines, line);) {
+        if (const std::size_t end = line.find('='); end != std::string::npos) {
+            values.emplace(line.substr(0, end), line.substr(end + 1));
+        }
+    }
+    const auto nonEmpty = [&values](const char* key) {
+        return values[key].empty() ? std::nullopt : std::optional(values[key]);
+    };
     HidUevent device;
-    takeHidId(ueventValue(text, "HID_ID").value_or(""), device);
-    device.name = nonEmpty(ueventValue(text, "HID_NAME"));
-    device.address = nonEmpty(ueventValue(text, "HID_UNIQ"));
+    takeHidId(values["HID_ID"], device);
+    device.name = nonEmpty("HID_NAME");
+    device.address = nonEmpty("HID_UNIQ");
     return device;
 }
 
@@ -93,28 +82,6 @@ constexpr std::string_view entryMark = "-battery";
 /// the latter over Bluetooth too.
 constexpr std::array<std::int64_t, 2> appleVendors{0x004C, 0x05AC};
 
-/// One attribute file as text; nothing when it cannot be read. An attribute is at most a page.
-std::optional<std::string> readAttribute(const fs::path& path)
-{
-    const FileDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
-    if (!file) {
-        return std::nullopt;
-    }
-    std::array<char, 4096> buffer{};
-    std::size_t size = 0;
-    while (size < buffer.size()) {
-        const ssize_t count = ::read(file.get(), buffer.data() + size, buffer.size() - size);
-        if (count > 0) {
-            size += static_cast<std::size_t>(count);
-        } else if (count == 0) {
-            break;
-        } else if (errno != EINTR) {
-            return std::nullopt;
-        }
-    }
-    return std::string(buffer.data(), size);
-}
-
 /// The address in a directory name: hid-<address>-battery, with -<report> behind it on newer
 /// kernels.
 std::string addressInName(std::string_view name)
@@ -127,7 +94,7 @@ BatteryEntry readEntry(const fs::path& directory)
 {
     BatteryEntry entry;
     entry.origin = directory.filename().string();
-    HidUevent device = parseHidUevent(readAttribute(directory / "device" / "uevent").value_or(""));
+    HidUevent device = parseHidUevent(readTextFile(directory / "device" / "uevent").text);
     if (!device.product) {
         entry.rejection = "its HID_ID cannot be read";
         return entry;
@@ -137,7 +104,7 @@ BatteryEntry readEntry(const fs::path& directory)
         entry.rejection = "another maker's device";
         return entry;
     }
-    entry.level = parseCapacity(readAttribute(directory / "capacity").value_or(""));
+    entry.level = parseCapacity(readTextFile(directory / "capacity").text);
     entry.address = std::move(device.address).value_or(addressInName(entry.origin));
     entry.givenName = std::move(device.name);
     return entry;

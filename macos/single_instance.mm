@@ -1,6 +1,7 @@
 #include "macos/single_instance.h"
 
 #include "macos/text.h"
+#include "ports/desktop.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -9,33 +10,10 @@
 #include <cstring>
 #include <system_error>
 #include <thread>
-#include <utility>
 
 namespace voltmere {
 
-namespace {
-
-NSNotificationName const openPanelName = @"org.voltmere.Voltmere.openPanel";
-
-void askForPanel()
-{
-    // The system holds back what it delivers to a program that is not active, as ours mostly is,
-    // unless the sender says otherwise.
-    [NSDistributedNotificationCenter.defaultCenter postNotificationName:openPanelName
-                                                                 object:nil
-                                                               userInfo:nil
-                                                     deliverImmediately:YES];
-    // The request leaves the process on a thread of the system.
-    std::this_thread::sleep_for(std::chrono::milliseconds(100));
-}
-
-} // namespace
-
-LockedInstance::LockedInstance(std::filesystem::path lockFile, SystemLog& log)
-    : lockFile(std::move(lockFile))
-    , log(log)
-{
-}
+static NSNotificationName const openPanelName = @"org.voltmere.Voltmere.openPanel";
 
 LockedInstance::~LockedInstance()
 {
@@ -44,21 +22,27 @@ LockedInstance::~LockedInstance()
     }
 }
 
-SingleInstance::Role LockedInstance::start()
+bool LockedInstance::isLaterStart(const std::filesystem::path& file, SystemLog& log)
 {
     std::error_code ignored;
-    std::filesystem::create_directories(lockFile.parent_path(), ignored);
-    lock = FileDescriptor(::open(lockFile.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    std::filesystem::create_directories(file.parent_path(), ignored);
+    lock = FileDescriptor(::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
     if (lock && ::flock(lock.get(), LOCK_EX | LOCK_NB) == 0) {
-        return Role::first;
+        return false;
     }
-    if (lock && errno == EWOULDBLOCK) {
-        askForPanel();
-        return Role::later;
+    if (!lock || errno != EWOULDBLOCK) {
+        log.write("Voltmere: " + file.string() + " cannot be locked (" + std::strerror(errno) +
+                  "), so a second start runs a second time");
+        return false;
     }
-    log.write("Voltmere: " + lockFile.string() + " cannot be locked (" + std::strerror(errno) +
-              "), so a second start runs a second time");
-    return Role::alone;
+    // Unless told otherwise, the system holds a notification back from a program that is not active.
+    [NSDistributedNotificationCenter.defaultCenter postNotificationName:openPanelName
+                                                                 object:nil
+                                                               userInfo:nil
+                                                     deliverImmediately:YES];
+    // It leaves the process on a thread of the system.
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    return true;
 }
 
 void LockedInstance::onActivation(std::function<void()> action)

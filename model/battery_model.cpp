@@ -18,25 +18,11 @@ constexpr Seconds tickInterval{60};
 /// The delay before a snooze alert tries again while the program is still launching.
 constexpr Seconds launchRetryDelay{1.2};
 
-void notifyLaunchFailure(NotificationCentre& centre, const std::string& description)
-{
-    NotificationRequest request;
-    request.identifier = "launch-fail-" + randomUuid();
-    request.content.title = L10n::t("panel.launchAtLogin");
-    request.content.body = description;
-    centre.add(std::move(request));
-}
-
 } // namespace
 
 bool BatteryModel::launchSettled = false;
 
 BatteryModel::BatteryModel(ModelServices given)
-    : BatteryModel(std::move(given), given.calendar.localTime(given.clock.now()))
-{
-}
-
-BatteryModel::BatteryModel(ModelServices&& given, const LocalTime& present)
     : devices(objectWillChange, {})
     , threshold(objectWillChange, stored(given.defaults, settings::threshold), [this] { save(); })
     , checkHour(objectWillChange, stored(given.defaults, settings::checkHour),
@@ -48,22 +34,25 @@ BatteryModel::BatteryModel(ModelServices&& given, const LocalTime& present)
     , instantEnabled(objectWillChange, stored(given.defaults, settings::instantEnabled),
                      [this] { save(); })
     , lastChecked(objectWillChange, std::nullopt)
-    , status(objectWillChange, "等待检查")
+    , status(objectWillChange, {})
     , language(objectWillChange, L10n::storedSetting(given.defaults), [this] { languageChanged(); })
-    , launchAtLogin(objectWillChange, false,
+    , launchAtLogin(objectWillChange, {},
                     [this] {
                         if (!syncingLaunchAtLogin) {
                             applyLaunchAtLogin(launchAtLogin);
                         }
                     })
-    , customHour(objectWillChange, present.hour)
-    , customMinute(objectWillChange, present.minute)
+    , customHour(objectWillChange, {})
+    , customMinute(objectWillChange, {})
     , services(std::move(given))
 {
+    const LocalTime present = services.calendar.localTime(services.clock.now());
+    customHour = present.hour;
+    customMinute = present.minute;
     L10n::setting = language;
     refreshLaunchAtLogin();
     status = L10n::t("status.waiting");
-    requestNotifications();
+    services.notifications.requestAuthorisation(authorisation::alert | authorisation::sound);
     checkNow();
     scheduleTimer();
 }
@@ -88,19 +77,9 @@ void BatteryModel::languageChanged()
     save();
     L10n::setting = language;
     NotificationSetup::registerCategories(services.notifications, services.notificationDelegate);
-    refreshStatusText();
-}
-
-void BatteryModel::refreshStatusText()
-{
     if (!devices->empty()) {
         status = statusText(devices, threshold);
     }
-}
-
-void BatteryModel::requestNotifications()
-{
-    services.notifications.requestAuthorisation(authorisation::alert | authorisation::sound);
 }
 
 void BatteryModel::refreshLaunchAtLogin()
@@ -120,7 +99,12 @@ void BatteryModel::applyLaunchAtLogin(bool wanted)
         wanted ? services.loginItems.registerItem() : services.loginItems.unregisterItem();
     if (failure) {
         services.log.write("Voltmere: 设置开机启动失败 " + *failure);
-        notifyLaunchFailure(services.notifications, *failure);
+        services.notifications.add({.identifier = "launch-fail-" + randomUuid(),
+                                    .content = {.title = L10n::t("panel.launchAtLogin"),
+                                                .body = *failure,
+                                                .defaultSound = false,
+                                                .category = {}},
+                                    .delay = std::nullopt});
     }
     refreshLaunchAtLogin();
 }
@@ -142,8 +126,7 @@ void BatteryModel::tick()
         checkNow();
         return;
     }
-    ++pollTicks;
-    if (pollTicks < pollsPerRefresh) {
+    if (++pollTicks < pollsPerRefresh) {
         return;
     }
     pollTicks = 0;
@@ -177,11 +160,7 @@ void BatteryModel::applyCheckResult(DeviceList reading, bool alert, bool allowIn
 {
     lastChecked = services.clock.now();
     devices = std::move(reading);
-    if (devices->empty()) {
-        status = statusText(devices, threshold);
-        return;
-    }
-    refreshStatusText();
+    status = statusText(devices, threshold);
 
     CheckVerdict verdict = evaluateCheck(devices, alertedIDs,
                                          {.threshold = threshold,

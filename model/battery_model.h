@@ -92,9 +92,6 @@ public:
     void scheduleCustomTime();
 
 private:
-    /// `present` is the start's own time of day.
-    BatteryModel(ModelServices&& given, const LocalTime& present);
-
     void save();
     void saveAndReschedule();
     void scheduleTimer();
@@ -108,8 +105,6 @@ private:
 
     void readInBackground(ReadingPurpose purpose);
     void applyCheckResult(DeviceList reading, bool alert, bool allowInstantAlert);
-    void refreshStatusText();
-    void requestNotifications();
     void languageChanged();
     void applyLaunchAtLogin(bool wanted);
     void dismissSnoozeAlert();
@@ -134,7 +129,7 @@ private:
     int pollTicks = 0;
     std::set<std::int64_t> alertedIDs;
     std::unique_ptr<Alert> activeAlert;
-    std::shared_ptr<const bool> alive = std::make_shared<const bool>(true);
+    std::shared_ptr<const bool> alive = std::make_shared<const bool>();
 };
 
 } // namespace voltmere

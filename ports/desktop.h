@@ -145,22 +145,4 @@ public:
     virtual std::unique_ptr<Alert> present(AlertContent content, AlertActions actions) = 0;
 };
 
-/// Ensures that the program runs once for each user session.
-class SingleInstance {
-public:
-    enum class Role {
-        first, ///< no other process runs the program
-        later, ///< another process runs it, and was asked to open its panel
-        alone, ///< the system gives the program's processes no way to find each other
-    };
-
-    virtual ~SingleInstance() = default;
-
-    /// Becomes the one instance, or asks the running instance to open its panel.
-    virtual Role start() = 0;
-
-    /// Calls `action` whenever a later start asks for the panel.
-    virtual void onActivation(std::function<void()> action) = 0;
-};
-
 } // namespace voltmere

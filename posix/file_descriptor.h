@@ -27,19 +27,16 @@ public:
         return *this;
     }
 
-    ~FileDescriptor() { reset(); }
+    ~FileDescriptor()
+    {
+        if (descriptor >= 0) {
+            ::close(descriptor);
+        }
+    }
 
     int get() const { return descriptor; }
 
     explicit operator bool() const { return descriptor >= 0; }
-
-    void reset()
-    {
-        if (descriptor >= 0) {
-            ::close(descriptor);
-            descriptor = -1;
-        }
-    }
 
 private:
     int descriptor = -1;

@@ -18,7 +18,7 @@ public:
     void setInteger(std::string_view key, std::int64_t value) override;
     void setBoolean(std::string_view key, bool value) override;
 
-    void set(std::string_view key, Value value);
+    virtual void set(std::string_view key, Value value);
 
 private:
     template<typename Type>

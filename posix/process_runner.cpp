@@ -68,12 +68,11 @@ public:
     {
         ::posix_spawn_file_actions_init(&actions);
         ::posix_spawnattr_init(&attributes);
-        sigset_t none;
-        sigset_t all;
-        sigemptyset(&none);
-        sigfillset(&all);
-        ::posix_spawnattr_setsigmask(&attributes, &none);
-        ::posix_spawnattr_setsigdefault(&attributes, &all);
+        sigset_t signals;
+        sigfillset(&signals);
+        ::posix_spawnattr_setsigdefault(&attributes, &signals);
+        sigemptyset(&signals);
+        ::posix_spawnattr_setsigmask(&attributes, &signals);
         int flags = POSIX_SPAWN_SETPGROUP | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF;
 #ifdef POSIX_SPAWN_CLOEXEC_DEFAULT
         flags |= POSIX_SPAWN_CLOEXEC_DEFAULT;
@@ -205,11 +204,6 @@ void PosixProcessRunner::reportFailure(const std::string& executable, int error)
 }
 
 bool PosixProcessRunner::isExecutable(const std::string& path) const
-{
-    return isExecutableFile(path);
-}
-
-bool isExecutableFile(const std::string& path)
 {
     struct stat status { };
     return ::stat(path.c_str(), &status) == 0 && S_ISREG(status.st_mode) &&

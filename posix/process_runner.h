@@ -33,7 +33,4 @@ private:
     OnceLog log;
 };
 
-/// Whether `path` names a regular file that this user may execute.
-bool isExecutableFile(const std::string& path);
-
 } // namespace voltmere

@@ -6,11 +6,10 @@
 #include "snooze/snooze_alert.h"
 
 #include <QAccessible>
-#include <QCloseEvent>
+#include <QEvent>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QPointer>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -67,24 +66,17 @@ NamedText withoutName(const std::string& text)
     return {text, {}, {}};
 }
 
-HoverPopUpButton* makePopUp(const PopUp<std::int64_t>& content, const QFont& font)
-{
-    auto* const popUp = new HoverPopUpButton;
-    popUp->setFont(font);
-    popUp->present(content);
-    return popUp;
-}
+/// Takes a window off the screen. A window that its own control closes is still on the call stack,
+/// so the event loop deletes it.
+struct TakeOffScreen {
+    void operator()(SnoozeAlertWindow* window) const
+    {
+        window->hide();
+        window->deleteLater();
+    }
+};
 
-HoverButton* makeConfirmButton(const QString& title, const QFont& font)
-{
-    auto* const button = new HoverButton(title);
-    button->setFont(font);
-    button->setFixedWidth(QFontMetrics(font).horizontalAdvance(title) + 2 * confirmPadding);
-    return button;
-}
-
-/// Holds the window while it is on screen. A window that its own control closes is still on the
-/// call stack, so the event loop deletes it.
+/// Holds the window while it is on screen.
 class WindowAlert : public Alert {
 public:
     explicit WindowAlert(SnoozeAlertWindow* window)
@@ -92,67 +84,15 @@ public:
     {
     }
 
-    WindowAlert(const WindowAlert&) = delete;
-    WindowAlert& operator=(const WindowAlert&) = delete;
-
-    ~WindowAlert() override { takeOffScreen(); }
-
-    bool isVisible() const override { return window != nullptr && window->isVisible(); }
-
-    void bringToFront() override
-    {
-        if (window != nullptr) {
-            window->bringToFront();
-        }
-    }
-
-    void orderOut() override { takeOffScreen(); }
+    bool isVisible() const override { return window && window->isVisible(); }
+    void bringToFront() override { window->bringToFront(); }
+    void orderOut() override { window.reset(); }
 
 private:
-    void takeOffScreen()
-    {
-        if (window != nullptr) {
-            window->orderOut();
-            window->deleteLater();
-            window.clear();
-        }
-    }
-
-    QPointer<SnoozeAlertWindow> window;
+    std::unique_ptr<SnoozeAlertWindow, TakeOffScreen> window;
 };
 
 } // namespace
-
-CustomTimeRow::CustomTimeRow(const AlertContent& content, int width, int height, const QFont& font)
-    : hour(makePopUp(content.hour, font))
-    , minute(makePopUp(content.minute, font))
-    , confirm(makeConfirmButton(asQt(content.confirmTitle), font))
-{
-    auto* const caption = makeAlertLabel(withoutName(content.customTimeCaption), font, this);
-    auto* const colon = makeAlertLabel(withoutName(":"), font, this);
-    auto* const row = new QHBoxLayout(this);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(0);
-    row->addStretch();
-    row->addWidget(caption);
-    row->addSpacing(alertGeometry::spacing);
-    row->addWidget(hour);
-    row->addSpacing(colonSpacing);
-    row->addWidget(colon);
-    row->addSpacing(colonSpacing);
-    row->addWidget(minute);
-    row->addSpacing(alertGeometry::spacing);
-    row->addWidget(confirm);
-    row->addStretch();
-    hour->setName(asQt(content.hour.name));
-    minute->setName(asQt(content.minute.name));
-    for (QWidget* control : {static_cast<QWidget*>(hour), static_cast<QWidget*>(minute),
-                             static_cast<QWidget*>(confirm)}) {
-        control->setFixedHeight(height);
-    }
-    // In some styles the pop-ups are so wide that the row would cut them.
-    setFixedSize(std::max(width, row->minimumSize().width()), height);
-}
 
 SnoozeAlertWindow::SnoozeAlertWindow(const AlertContent& content, AlertActions givenActions,
                                      const Appearance& appearance)
@@ -169,7 +109,7 @@ SnoozeAlertWindow::SnoozeAlertWindow(const AlertContent& content, AlertActions g
     setAccessibleDescription(asQt(content.detail));
     QFont alertFont = font();
     alertFont.setPixelSize(fontSize);
-    setFont(alertFont);
+    setFont(alertFont); // and of its controls, since they are made as its children
 
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(margin, margin, margin, margin);
@@ -180,10 +120,9 @@ SnoozeAlertWindow::SnoozeAlertWindow(const AlertContent& content, AlertActions g
             iconSide, [picture = *image](const QColor&) { return picture; }, this);
         column->addWidget(icon, 0, Qt::AlignHCenter);
     }
-    HighlightButton* const cancel = makeCancelButton(asQt(content.cancelTitle));
     column->addWidget(makeAccessory(content), 0, Qt::AlignHCenter);
-    column->addWidget(cancel, 0, Qt::AlignHCenter);
-    setTabOrder(hoverItems.back().view, cancel);
+    column->addWidget(makeButton(asQt(content.cancelTitle), [this] { reject(); }), 0,
+                      Qt::AlignHCenter);
     colourDetail();
 }
 
@@ -194,18 +133,9 @@ void SnoozeAlertWindow::present(const Pointer& pointer, RunLoop& runLoop)
     // The window appears while a person may be typing: no control must take the next key.
     setFocus();
     bringToFront();
-    hoverPoller = std::make_unique<HoverPoller>(this, hoverItems, pointer, runLoop);
+    hoverPoller = std::make_unique<HoverPoller>(hoverItems, pointer, runLoop);
     QAccessibleEvent event(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&event);
-}
-
-void SnoozeAlertWindow::orderOut()
-{
-    if (hoverPoller) {
-        hoverPoller->stop();
-        hoverPoller.reset();
-    }
-    hide();
 }
 
 void SnoozeAlertWindow::bringToFront()
@@ -216,24 +146,12 @@ void SnoozeAlertWindow::bringToFront()
     activateWindow();
 }
 
-void SnoozeAlertWindow::reject()
-{
-    const auto cancel = actions.cancel;
-    cancel();
-}
-
 void SnoozeAlertWindow::changeEvent(QEvent* event)
 {
     QDialog::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && detail != nullptr) {
+    if (event->type() == QEvent::PaletteChange) {
         colourDetail();
     }
-}
-
-void SnoozeAlertWindow::closeEvent(QCloseEvent* event)
-{
-    reject();
-    event->accept();
 }
 
 QWidget* SnoozeAlertWindow::makeAccessory(const AlertContent& content)
@@ -244,71 +162,71 @@ QWidget* SnoozeAlertWindow::makeAccessory(const AlertContent& content)
     stack->setSpacing(alertGeometry::spacing);
     const auto addRow = [stack](QWidget* row) { stack->addWidget(row, 0, Qt::AlignHCenter); };
 
-    detail = makeLabel(withoutName(content.detail), font());
-    addRow(makeLabel(withoutName(content.applicationName), font()));
-    addRow(makeLabel(content.title, headlineFont(font())));
+    detail = makeAlertLabel(withoutName(content.detail), font(), this);
+    addRow(makeAlertLabel(withoutName(content.applicationName), font(), this));
+    addRow(makeAlertLabel(content.title, headlineFont(font()), this));
     addRow(detail);
-    addRow(makeLabel(withoutName(content.prompt), font()));
+    addRow(makeAlertLabel(withoutName(content.prompt), font(), this));
     for (std::size_t option = 0; option < content.options.size(); ++option) {
-        addRow(optionRow(asQt(content.options[option]), alertGeometry::width,
-                         alertGeometry::rowHeight,
-                         [choose = actions.chooseOption, option] { choose(option); }));
+        addRow(makeButton(asQt(content.options[option]),
+                          [this, option] { actions.chooseOption(option); }));
     }
-    addRow(customTimeRow(content, alertGeometry::width, alertGeometry::rowHeight));
+    addRow(customTimeRow(content));
     container->setMinimumWidth(alertGeometry::width);
     return container;
 }
 
-QLabel* SnoozeAlertWindow::makeLabel(const NamedText& text, const QFont& labelFont)
+QWidget* SnoozeAlertWindow::customTimeRow(const AlertContent& content)
 {
-    return makeAlertLabel(text, labelFont, this);
+    auto* const view = new QWidget(this);
+    auto* const caption = makeAlertLabel(withoutName(content.customTimeCaption), font(), view);
+    auto* const colon = makeAlertLabel(withoutName(":"), font(), view);
+    auto* const hour = makePopUp(content.hour, view);
+    auto* const minute = makePopUp(content.minute, view);
+    auto* const confirm = makeButton(
+        asQt(content.confirmTitle),
+        [this, hour, minute, hours = content.hour.values, minutes = content.minute.values] {
+            actions.chooseTime(hours.at(hour->choice()), minutes.at(minute->choice()));
+        });
+    confirm->setFixedWidth(confirm->fontMetrics().horizontalAdvance(confirm->text()) +
+                           2 * confirmPadding);
+
+    auto* const row = new QHBoxLayout(view);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(0);
+    row->addStretch();
+    row->addWidget(caption);
+    row->addSpacing(alertGeometry::spacing);
+    row->addWidget(hour);
+    row->addSpacing(colonSpacing);
+    row->addWidget(colon);
+    row->addSpacing(colonSpacing);
+    row->addWidget(minute);
+    row->addSpacing(alertGeometry::spacing);
+    row->addWidget(confirm);
+    row->addStretch();
+    // In some styles the pop-ups are so wide that the row would cut them.
+    view->setFixedSize(std::max(alertGeometry::width, row->minimumSize().width()),
+                       alertGeometry::rowHeight);
+    return view;
 }
 
-QWidget* SnoozeAlertWindow::optionRow(const QString& title, int width, int height,
-                                      std::function<void()> action)
+HoverPopUpButton* SnoozeAlertWindow::makePopUp(const PopUp<std::int64_t>& content, QWidget* row)
 {
-    auto* const button = new HoverButton(title);
-    button->setTarget(keepTarget(std::move(action)));
-    button->setFont(font());
-    button->setFixedSize(width, height);
-    addHoverItem(button, button);
+    auto* const popUp = new HoverPopUpButton(row);
+    popUp->present(content);
+    popUp->setFixedHeight(alertGeometry::rowHeight);
+    hoverItems.push_back({popUp, popUp});
+    return popUp;
+}
+
+HoverButton* SnoozeAlertWindow::makeButton(const QString& title, std::function<void()> action)
+{
+    auto* const button = new HoverButton(title, this);
+    button->setFixedSize(alertGeometry::width, alertGeometry::rowHeight);
+    connect(button, &QPushButton::clicked, this, std::move(action));
+    hoverItems.push_back({button, button});
     return button;
-}
-
-QWidget* SnoozeAlertWindow::customTimeRow(const AlertContent& content, int width, int height)
-{
-    auto* const row = new CustomTimeRow(content, width, height, font());
-    const auto target = keepTarget([row, choose = actions.chooseTime, hours = content.hour.values,
-                                    minutes = content.minute.values] {
-        choose(hours.at(row->hourPopUp()->choice()), minutes.at(row->minutePopUp()->choice()));
-    });
-    row->confirmButton()->setTarget(target);
-    addHoverItem(row->hourPopUp(), row->hourPopUp());
-    addHoverItem(row->minutePopUp(), row->minutePopUp());
-    addHoverItem(row->confirmButton(), row->confirmButton());
-    return row;
-}
-
-HighlightButton* SnoozeAlertWindow::makeCancelButton(const QString& title)
-{
-    auto* const cancel = new HighlightButton(title);
-    cancel->setFont(font());
-    cancel->setFixedSize(alertGeometry::width, alertGeometry::rowHeight);
-    cancel->setTarget(keepTarget([this] { reject(); }));
-    nativeHover = std::make_unique<NativeButtonHover>(cancel);
-    addHoverItem(cancel, nativeHover.get());
-    return cancel;
-}
-
-std::shared_ptr<ActionTarget> SnoozeAlertWindow::keepTarget(std::function<void()> action)
-{
-    rowTargets.push_back(std::make_shared<ActionTarget>(std::move(action)));
-    return rowTargets.back();
-}
-
-void SnoozeAlertWindow::addHoverItem(QWidget* view, HoverHighlighting* hover)
-{
-    hoverItems.push_back({view, hover});
 }
 
 void SnoozeAlertWindow::colourDetail()

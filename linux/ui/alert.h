@@ -5,31 +5,14 @@
 #include "ports/time.h"
 
 #include <QDialog>
-#include <QFont>
 #include <QLabel>
 #include <QWidget>
 
-#include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
 namespace voltmere {
-
-/// The row that offers a clock time: a caption, an hour, a minute, and a button.
-class CustomTimeRow : public QWidget {
-public:
-    /// `width` and `height` in points. The row is wider where its controls need more.
-    CustomTimeRow(const AlertContent& content, int width, int height, const QFont& font);
-
-    HoverPopUpButton* hourPopUp() const { return hour; }
-    HoverPopUpButton* minutePopUp() const { return minute; }
-    HoverButton* confirmButton() const { return confirm; }
-
-private:
-    HoverPopUpButton* hour;
-    HoverPopUpButton* minute;
-    HoverButton* confirm;
-};
 
 /// The snooze alert on screen: the application's icon, the low devices, four fixed choices, a row
 /// for a clock time, and Cancel. It stays on top and is not modal. Escape and the window's close
@@ -42,34 +25,25 @@ public:
     /// Puts the window on screen, centred, in front and with the keyboard.
     void present(const Pointer& pointer, RunLoop& runLoop);
 
-    /// Takes the window off the screen and stops the hover poller.
-    void orderOut();
-
     void bringToFront();
 
-    void reject() override;
+    void reject() override { actions.cancel(); }
 
 protected:
     void changeEvent(QEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
 
 private:
     QWidget* makeAccessory(const AlertContent& content);
-    QLabel* makeLabel(const NamedText& text, const QFont& labelFont);
-    QWidget* optionRow(const QString& title, int width, int height, std::function<void()> action);
-    QWidget* customTimeRow(const AlertContent& content, int width, int height);
-    HighlightButton* makeCancelButton(const QString& title);
-    std::shared_ptr<ActionTarget> keepTarget(std::function<void()> action);
-    void addHoverItem(QWidget* view, HoverHighlighting* hover);
+    QWidget* customTimeRow(const AlertContent& content);
+    HoverPopUpButton* makePopUp(const PopUp<std::int64_t>& content, QWidget* row);
+    HoverButton* makeButton(const QString& title, std::function<void()> action);
     void colourDetail();
 
     AlertActions actions;
     const Appearance& appearance;
     QLabel* detail = nullptr;
     bool detailIsRed;
-    std::vector<std::shared_ptr<ActionTarget>> rowTargets; ///< the controls hold them weakly
     std::vector<HoverPoller::Item> hoverItems;
-    std::unique_ptr<NativeButtonHover> nativeHover;
     std::unique_ptr<HoverPoller> hoverPoller;
 };
 

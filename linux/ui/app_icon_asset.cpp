@@ -2,10 +2,10 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QPixmap>
 #include <QSvgRenderer>
 
 #include <memory>
-#include <utility>
 
 namespace voltmere {
 
@@ -16,9 +16,6 @@ constexpr const char* programsPictures = ":/voltmere";
 
 std::optional<DrawnImage> svgImage(const QString& file, int side)
 {
-    if (!QFile::exists(file)) {
-        return std::nullopt;
-    }
     const auto picture = std::make_shared<QSvgRenderer>(file);
     if (!picture->isValid()) {
         return std::nullopt;
@@ -29,35 +26,25 @@ std::optional<DrawnImage> svgImage(const QString& file, int side)
                       }};
 }
 
-/// `denser`, which may be null, is for screens with more than one pixel to a point.
-std::optional<DrawnImage> pngImage(const QImage& image, const QImage& denser, int side)
-{
-    if (image.isNull()) {
-        return std::nullopt;
-    }
-    return DrawnImage{.size = {side, side},
-                      .draw = [image, denser](QPainter& painter, const QRectF& destination) {
-                          const bool isDense = pixelWidth(painter, destination) > image.width();
-                          painter.drawImage(destination,
-                                            isDense && !denser.isNull() ? denser : image);
-                      }};
-}
-
+/// A null icon draws nothing.
 DrawnImage iconImage(const QIcon& icon, int side)
 {
     return {.size = {side, side}, .draw = [icon](QPainter& painter, const QRectF& destination) {
-                const int pixels = pixelWidth(painter, destination);
-                painter.drawImage(destination, icon.pixmap(QSize(pixels, pixels), 1.0).toImage());
+                const qreal ratio = pixelWidth(painter, destination) / destination.width();
+                painter.drawImage(destination,
+                                  icon.pixmap(destination.size().toSize(), ratio).toImage());
             }};
 }
 
 std::optional<DrawnImage> statusIcon(const QString& directory)
 {
     const QString png = directory + "/StatusIcon.png";
-    if (QFile::exists(png)) {
-        return pngImage(QImage(png), QImage(directory + "/StatusIcon@2x.png"), statusImageSide);
+    if (!QFile::exists(png)) {
+        return svgImage(directory + "/StatusIcon.svg", statusImageSide);
     }
-    return svgImage(directory + "/StatusIcon.svg", statusImageSide);
+    QIcon icon(QPixmap{png});
+    icon.addPixmap(QPixmap(directory + "/StatusIcon@2x.png"));
+    return icon.isNull() ? std::nullopt : std::optional(iconImage(icon, statusImageSide));
 }
 
 } // namespace
@@ -77,18 +64,16 @@ QIcon AppIconAsset::windowIcon()
 {
     constexpr int side = 48; // pixels; desktops scale it as needed
     const auto image = appImage(side);
-    return image ? QIcon(image->pixmap(1.0)) : QIcon();
+    return image ? QIcon(QPixmap::fromImage(image->rendered(1.0))) : QIcon();
 }
 
 DrawnImage AppIconAsset::statusImageFrom(const QString& directory, const QIcon& applicationIcon)
 {
-    if (auto image = statusIcon(directory)) {
-        return *std::move(image);
+    auto image = statusIcon(directory);
+    if (!image) {
+        image = appImageFrom(directory, statusImageSide);
     }
-    if (auto image = appImageFrom(directory, statusImageSide)) {
-        return *std::move(image);
-    }
-    return iconImage(applicationIcon, statusImageSide);
+    return image.value_or(iconImage(applicationIcon, statusImageSide));
 }
 
 std::optional<DrawnImage> AppIconAsset::appImageFrom(const QString& directory, int side)

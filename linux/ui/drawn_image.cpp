@@ -1,6 +1,6 @@
 #include "linux/ui/drawn_image.h"
 
-#include <QFile>
+#include <QPainterPath>
 #include <QSvgRenderer>
 #include <QTransform>
 #include <QtMath>
@@ -35,27 +35,26 @@ QImage DrawnImage::rendered(qreal devicePixelRatio) const
     return image;
 }
 
-QPixmap DrawnImage::pixmap(qreal devicePixelRatio) const
-{
-    return QPixmap::fromImage(rendered(devicePixelRatio));
-}
-
 int pixelWidth(const QPainter& painter, const QRectF& destination)
 {
     return qCeil(painter.deviceTransform().mapRect(destination).width());
 }
 
-std::optional<DrawnImage> symbolImage(const QString& name, int side, const QColor& colour)
+void fillRounded(QPainter& painter, const QRectF& place, qreal radius, const QColor& colour)
 {
-    const QString file = ":/voltmere/symbols/" + name + ".svg";
-    if (!QFile::exists(file)) {
-        return std::nullopt;
-    }
-    const auto draw = [file, colour](QPainter& painter, const QRectF& destination) {
-        painter.drawImage(destination,
-                          tintedBitmap(file, pixelWidth(painter, destination), colour));
-    };
-    return DrawnImage{.size = {side, side}, .draw = draw};
+    QPainterPath path;
+    path.addRoundedRect(place, radius, radius);
+    painter.fillPath(path, colour);
+}
+
+DrawnImage symbolImage(const QString& name, int side, const QColor& colour)
+{
+    return {.size = {side, side},
+            .draw = [file = ":/voltmere/symbols/" + name + ".svg",
+                     colour](QPainter& painter, const QRectF& destination) {
+                painter.drawImage(destination,
+                                  tintedBitmap(file, pixelWidth(painter, destination), colour));
+            }};
 }
 
 } // namespace voltmere

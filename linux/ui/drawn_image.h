@@ -3,13 +3,11 @@
 #include <QColor>
 #include <QImage>
 #include <QPainter>
-#include <QPixmap>
 #include <QRectF>
 #include <QSize>
 #include <QString>
 
 #include <functional>
-#include <optional>
 
 namespace voltmere {
 
@@ -20,20 +18,19 @@ struct DrawnImage {
 
     QSize size; ///< points
     Drawing draw;
-    bool isTemplate = false; ///< whether a menu bar may replace its colours with its own
 
     /// The image on a transparent background, with `devicePixelRatio` pixels for each point.
     QImage rendered(qreal devicePixelRatio) const;
-
-    /// The same for widgets.
-    QPixmap pixmap(qreal devicePixelRatio) const;
 };
 
 /// How many pixels of the painter's device `destination` is wide, rounded up.
 int pixelWidth(const QPainter& painter, const QRectF& destination);
 
+/// Fills `place`, whose corners are round.
+void fillRounded(QPainter& painter, const QRectF& place, qreal radius, const QColor& colour);
+
 /// The symbol of that name, such as "magicmouse", in one colour, as a square of `side` points.
-/// Nothing for an unknown name.
-std::optional<DrawnImage> symbolImage(const QString& name, int side, const QColor& colour);
+/// Empty for an unknown name.
+DrawnImage symbolImage(const QString& name, int side, const QColor& colour);
 
 } // namespace voltmere

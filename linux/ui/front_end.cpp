@@ -50,7 +50,7 @@ constexpr int pictureCacheLimit = 256; // KiB
 /// tray has come.
 class QtScene : public Scene {
 public:
-    QtScene(BatteryModel& model, PortalAppearance& appearance, MainLoop& mainLoop, SystemLog& log)
+    QtScene(BatteryModel& model, const Appearance& appearance, MainLoop& mainLoop, SystemLog& log)
         : model(model)
         , appearance(appearance)
         , mainLoop(mainLoop)
@@ -59,15 +59,7 @@ public:
         , trayDeadline(mainLoop.scheduleOnce(longestTrayStart, [this] { giveUpOnTray(); }))
         , trayWatch([this] { showIcon(); })
     {
-        QPixmapCache::setCacheLimit(pictureCacheLimit);
-        followAppearance();
-        appearance.onChange([this] { followAppearance(); });
     }
-
-    ~QtScene() override { appearance.onChange({}); }
-
-    QtScene(const QtScene&) = delete;
-    QtScene& operator=(const QtScene&) = delete;
 
     void openPanel() override { panel.open(icon ? icon->place() : QRect()); }
 
@@ -93,27 +85,17 @@ private:
                                  .quit = [this] { quit(); }});
     }
 
-    void followAppearance() const
-    {
-        applyPalette(appearance.bestMatch());
-        // The palette may have changed before the scheme was known, but the red still differs.
-        for (QWidget* const window : QApplication::topLevelWidgets()) {
-            QEvent change(QEvent::PaletteChange);
-            QApplication::sendEvent(window, &change);
-        }
-    }
-
     std::unique_ptr<QWidget> makePanel()
     {
         auto view = std::make_unique<ContentView>(model, appearance, [this] { quit(); });
         if (panel.isOrdinaryWindow()) {
-            return std::make_unique<NoTrayPanel>(model, std::move(view));
+            view->addNoTrayNotice();
         }
         return view;
     }
 
     BatteryModel& model;
-    PortalAppearance& appearance;
+    const Appearance& appearance;
     MainLoop& mainLoop;
     SystemLog& log;
     PanelController panel;
@@ -129,11 +111,23 @@ QtFrontEnd::QtFrontEnd(MainLoop& mainLoop, SystemLog& log)
     , log(log)
     , presenter(appearance, pointer, mainLoop)
 {
+    QPixmapCache::setCacheLimit(pictureCacheLimit);
+    appearance.onChange([this] { followAppearance(); });
 }
 
 std::unique_ptr<Scene> QtFrontEnd::show(BatteryModel& model)
 {
     return std::make_unique<QtScene>(model, appearance, mainLoop, log);
+}
+
+void QtFrontEnd::followAppearance() const
+{
+    applyPalette(appearance.bestMatch());
+    // The palette may have changed before the scheme was known, but the red still differs.
+    for (QWidget* const window : QApplication::topLevelWidgets()) {
+        QEvent change(QEvent::PaletteChange);
+        QApplication::sendEvent(window, &change);
+    }
 }
 
 } // namespace voltmere

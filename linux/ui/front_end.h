@@ -30,6 +30,8 @@ public:
     std::unique_ptr<Scene> show(BatteryModel& model) override;
 
 private:
+    void followAppearance() const;
+
     MainLoop& mainLoop;
     SystemLog& log;
     PortalAppearance appearance;

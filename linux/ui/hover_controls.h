@@ -4,35 +4,12 @@
 #include "ports/desktop.h"
 #include "ports/time.h"
 
-#include <QPointer>
 #include <QPushButton>
 
-#include <functional>
 #include <memory>
-#include <utility>
 #include <vector>
 
 namespace voltmere {
-
-/// The action of a control. The control holds it weakly; the code that connects them keeps it
-/// alive.
-class ActionTarget : public std::enable_shared_from_this<ActionTarget> {
-public:
-    explicit ActionTarget(std::function<void()> action)
-        : action(std::move(action))
-    {
-    }
-
-    /// Runs the action, and stays alive meanwhile even if the action drops the last owner.
-    void fire() const
-    {
-        const auto self = shared_from_this();
-        action();
-    }
-
-private:
-    const std::function<void()> action;
-};
 
 /// A control that lights up under the pointer.
 class HoverHighlighting {
@@ -42,35 +19,18 @@ public:
     virtual void setHovering(bool hovering) = 0;
 };
 
-/// A push button that can look pressed without a press. It is never the window's default: the
-/// Return key presses it only while it has the focus.
-class HighlightButton : public QPushButton {
+/// A push button that looks pressed while the pointer is over it. It is never the window's default:
+/// the Return key presses it only while it has the focus.
+class HoverButton : public QPushButton, public HoverHighlighting {
 public:
-    explicit HighlightButton(const QString& title);
+    HoverButton(const QString& title, QWidget* parent);
 
-    /// Calls the target on each click, while it exists.
-    void setTarget(const std::weak_ptr<ActionTarget>& target);
-
-    void setHighlighted(bool on);
-    bool isHighlighted() const { return highlighted; }
+    void setHovering(bool hovering) override;
+    bool isHovering() const { return hovering; }
 
 protected:
     void initStyleOption(QStyleOptionButton* option) const override;
     void keyPressEvent(QKeyEvent* event) override;
-
-private:
-    bool highlighted = false;
-};
-
-/// A push button with the pressed look while the pointer is over it.
-class HoverButton : public HighlightButton, public HoverHighlighting {
-public:
-    using HighlightButton::HighlightButton;
-
-    void setHovering(bool hovering) override;
-
-protected:
-    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     bool hovering = false;
@@ -80,7 +40,7 @@ private:
 /// points wide, or wider where its widest title needs more.
 class HoverPopUpButton : public SettingPicker, public HoverHighlighting {
 public:
-    explicit HoverPopUpButton(QWidget* parent = nullptr);
+    using SettingPicker::SettingPicker;
 
     void setHovering(bool hovering) override;
 
@@ -96,44 +56,24 @@ private:
     bool hovering = false;
 };
 
-/// Lights up another control's button, while that button exists.
-class NativeButtonHover : public HoverHighlighting {
-public:
-    explicit NativeButtonHover(HighlightButton* button);
-
-    void setHovering(bool hovering) override;
-
-private:
-    QPointer<HighlightButton> button;
-};
-
-/// Tells the controls of a window, about eight times a second, whether the pointer is over them.
-/// Where the desktop hides the pointer there is no timer; the controls use their own enter and
-/// leave events.
-class HoverPoller : public QObject {
+/// Tells controls, about eight times a second, whether the pointer is over them. Where the desktop
+/// hides the pointer, the events that Qt had for each control count.
+class HoverPoller {
 public:
     static constexpr Seconds interval{0.12};
 
-    /// A control and the object that lights up for it, often the same. Both must outlive the
-    /// poller.
+    /// One control, as both of its classes. It must outlive the poller.
     struct Item {
         QWidget* view;
         HoverHighlighting* hover;
     };
 
     /// Starts at once.
-    HoverPoller(QWidget* window, std::vector<Item> items, const Pointer& pointer, RunLoop& runLoop);
-
-    /// Ends the polling for good and removes every highlight.
-    void stop();
-
-protected:
-    bool eventFilter(QObject* watched, QEvent* event) override;
+    HoverPoller(std::vector<Item> items, const Pointer& pointer, RunLoop& runLoop);
 
 private:
     void refresh();
 
-    QPointer<QWidget> window;
     std::vector<Item> items;
     const Pointer& pointer;
     std::unique_ptr<Timer> timer;

@@ -2,7 +2,6 @@
 // each command that needs windows.
 
 #include "app/command_line.h"
-#include "app/version.h"
 #include "app/voltmere_app.h"
 #include "linux/run_loop.h"
 #include "linux/single_instance.h"
@@ -22,8 +21,8 @@ int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setDesktopFileName(voltmere::applicationId);
     const auto log = voltmere::makeSystemLog();
-    voltmere::BusInstance instance(*log);
-    if (!commandLine.demo && instance.start() == voltmere::SingleInstance::Role::later) {
+    voltmere::BusInstance instance;
+    if (!commandLine.demo && instance.isLaterStart(*log)) {
         return 0;
     }
     voltmere::QtRunLoop mainLoop;
@@ -47,7 +46,6 @@ int drawScreenshots(const CommandLine& commandLine, int argc, char** argv)
 int main(int argc, char* argv[])
 {
     QCoreApplication::setApplicationName("voltmere");
-    QCoreApplication::setApplicationVersion(voltmere::version);
     const auto parsed = voltmere::parseCommandLine(std::vector<std::string>(argv, argv + argc));
     const auto& commandLine = std::get<CommandLine>(parsed);
     return commandLine.action == CommandLine::Action::screenshots

@@ -3,7 +3,10 @@
 #include "linux/ui/app_icon_asset.h"
 #include "linux/ui/theme.h"
 #include "linux/ui/views.h"
+#include "texts/l10n.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QCheckBox>
 #include <QEvent>
 #include <QHBoxLayout>
@@ -126,18 +129,26 @@ private:
     std::vector<Row> rows; ///< one for each of `shown`
 };
 
+/// Makes the panel a window for assistive technology. A screen reader stays silent when a mere
+/// container opens.
+QAccessibleInterface* makePanelInterface(const QString& /*className*/, QObject* object)
+{
+    auto* const panel = dynamic_cast<ContentView*>(object);
+    return panel == nullptr ? nullptr : new QAccessibleWidget(panel, QAccessible::Window);
+}
+
 } // namespace
 
 ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
-                         std::function<void()> quit, QWidget* parent)
-    : QWidget(parent)
-    , model(model)
+                         std::function<void()> quit)
+    : model(model)
     , appearance(appearance)
     , content(panelContent(model))
+    , column(new QVBoxLayout(this))
     , redrawScheduler(model.objectWillChange, [this] { redraw(); })
 {
     constexpr int padding = panelGeometry::padding;
-    auto* const column = new QVBoxLayout(this);
+    QAccessible::installFactory(&makePanelInterface); // once, however often it is asked
     column->setContentsMargins(padding, padding, padding, padding);
     column->setSpacing(panelGeometry::itemSpacing);
     column->addStrut(panelGeometry::width - 2 * padding);
@@ -152,7 +163,6 @@ ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
     auto* const warnBelow = makeText("thresholdLabel", &Content::warnBelow);
     auto* const threshold = makePicker("threshold", &Content::threshold, model.threshold);
     threshold->setMinimumWidth(panelGeometry::thresholdWidth);
-    threshold->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     column->addLayout(makeRow(
         {warnBelow, threshold, makeText("thresholdSuffix", &Content::warnSuffix),
          makeToggle("instantAlert", &Content::instantAlert, model.instantEnabled), stretch}));
@@ -163,8 +173,11 @@ ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
                  makeText("timeSeparator", &Content::timeSeparator),
                  makePicker("checkMinute", &Content::checkMinute, model.checkMinute)}));
     column->addWidget(makeStatus());
-    column->addWidget(makeButton("testAlert", &Content::testAlert, [this] { showAlertNow(); }), 0,
-                      Qt::AlignLeft);
+    const auto showAlert = [&model] {
+        const AlertPayload payload = model.alertPayload();
+        model.showSnoozeAlert(payload.devices, payload.isLow);
+    };
+    column->addWidget(makeButton("testAlert", &Content::testAlert, showAlert), 0, Qt::AlignLeft);
     column->addWidget(makeToggle("launchAtLogin", &Content::launchAtLogin, model.launchAtLogin));
     column->addWidget(new Divider(this));
     column->addLayout(makeRow({makeButton("quit", &Content::quit, std::move(quit)), stretch,
@@ -173,6 +186,16 @@ ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
     redraw();
     // No control has the keyboard until Tab, so that no key changes a setting by accident.
     setFocus();
+}
+
+void ContentView::addNoTrayNotice()
+{
+    auto* const notice = new WrappingLabel(this);
+    notice->setObjectName("noTray");
+    column->addSpacing(panelGeometry::padding - panelGeometry::itemSpacing);
+    column->addWidget(notice);
+    updates.emplace_back([notice] { notice->setText(asQt(L10n::own("panel.noTray"))); });
+    redraw();
 }
 
 void ContentView::showEvent(QShowEvent* event)
@@ -187,7 +210,7 @@ void ContentView::showEvent(QShowEvent* event)
 void ContentView::keyPressEvent(QKeyEvent* event)
 {
     if (event->matches(QKeySequence::Cancel)) {
-        window()->close();
+        close();
         return;
     }
     QWidget::keyPressEvent(event);
@@ -207,9 +230,9 @@ QWidget* ContentView::makeHeader()
     auto* const name = makeText("applicationName", &PanelContent::applicationName);
     name->setFont(headlineFont(font()));
     QHBoxLayout* const row = makeRow({stretch, name, stretch});
-    if (auto image = AppIconAsset::appImage(panelGeometry::iconSide)) {
+    if (const auto image = AppIconAsset::appImage(panelGeometry::iconSide)) {
         auto* const icon = new PictureView(
-            panelGeometry::iconSide, [image](const QColor&) { return image; }, header);
+            panelGeometry::iconSide, [picture = *image](const QColor&) { return picture; }, header);
         icon->setObjectName("applicationIcon");
         row->insertWidget(1, icon);
     }
@@ -220,15 +243,16 @@ QWidget* ContentView::makeHeader()
 QWidget* ContentView::makeDevices()
 {
     auto* const list = new DeviceList(content.emptySymbol, this);
-    onRedraw([this, list] { list->present(content, systemRed(appearance.bestMatch())); });
+    updates.emplace_back(
+        [this, list] { list->present(content, systemRed(appearance.bestMatch())); });
     return list;
 }
 
-QWidget* ContentView::makeStatus()
+QLabel* ContentView::makeStatus()
 {
     auto* const line = new WrappingLabel(this);
     line->setObjectName("status");
-    onRedraw([this, line] {
+    updates.emplace_back([this, line] {
         line->setText(asQt(content.status));
         setTextColour(*line,
                       content.statusIsRed ? systemRed(appearance.bestMatch())
@@ -241,7 +265,7 @@ QWidget* ContentView::makeStatus()
 QLabel* ContentView::makeText(const char* objectName, std::string PanelContent::*text)
 {
     auto* const label = makePlainLabel(objectName, this);
-    onRedraw([this, label, text] {
+    updates.emplace_back([this, label, text] {
         label->setText(asQt(content.*text));
         label->setVisible(!label->text().isEmpty());
     });
@@ -253,8 +277,8 @@ QPushButton* ContentView::makeButton(const char* objectName, std::string PanelCo
 {
     auto* const button = new QPushButton(this);
     button->setObjectName(objectName);
-    connect(button, &QPushButton::clicked, this, [action = std::move(action)] { action(); });
-    onRedraw([this, button, title] {
+    connect(button, &QPushButton::clicked, this, std::move(action));
+    updates.emplace_back([this, button, title] {
         button->setText(asQt(content.*title));
         // Some styles leave hardly any room beside a long text.
         button->setMinimumWidth(button->fontMetrics().horizontalAdvance(button->text()) +
@@ -274,7 +298,7 @@ QCheckBox* ContentView::makeToggle(const char* objectName, Toggle PanelContent::
             setting = checked;
         }
     });
-    onRedraw([this, box, toggle] {
+    updates.emplace_back([this, box, toggle] {
         box->setText(asQt((content.*toggle).title));
         box->setChecked((content.*toggle).isOn);
     });
@@ -290,22 +314,8 @@ SettingPicker* ContentView::makePicker(const char* objectName, PopUp<Value> Pane
     picker->onChoice([this, popUp, &setting](std::size_t choice) {
         setting = (content.*popUp).values.at(choice);
     });
-    onRedraw([this, picker, popUp] {
-        picker->present(content.*popUp);
-        picker->setName(asQt((content.*popUp).name));
-    });
+    updates.emplace_back([this, picker, popUp] { picker->present(content.*popUp); });
     return picker;
-}
-
-void ContentView::showAlertNow()
-{
-    const AlertPayload payload = model.alertPayload();
-    model.showSnoozeAlert(payload.devices, payload.isLow);
-}
-
-void ContentView::onRedraw(std::function<void()> update)
-{
-    updates.push_back(std::move(update));
 }
 
 void ContentView::redraw()

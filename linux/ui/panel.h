@@ -14,6 +14,7 @@
 class QCheckBox;
 class QLabel;
 class QPushButton;
+class QVBoxLayout;
 
 namespace voltmere {
 
@@ -28,8 +29,10 @@ class SettingPicker;
 class ContentView : public QWidget {
 public:
     /// `quit` ends the program. The model and the appearance must outlive the view.
-    ContentView(BatteryModel& model, const Appearance& appearance, std::function<void()> quit,
-                QWidget* parent = nullptr);
+    ContentView(BatteryModel& model, const Appearance& appearance, std::function<void()> quit);
+
+    /// Says below the rows that the desktop has no tray, and how to open the panel again.
+    void addNoTrayNotice();
 
 protected:
     void showEvent(QShowEvent* event) override;
@@ -39,7 +42,7 @@ protected:
 private:
     QWidget* makeHeader();
     QWidget* makeDevices();
-    QWidget* makeStatus();
+    QLabel* makeStatus();
     QLabel* makeText(const char* objectName, std::string PanelContent::*text);
     QPushButton* makeButton(const char* objectName, std::string PanelContent::*title,
                             std::function<void()> action);
@@ -48,17 +51,14 @@ private:
     template<typename Value>
     SettingPicker* makePicker(const char* objectName, PopUp<Value> PanelContent::*popUp,
                               Published<Value>& setting);
-    void showAlertNow();
-
-    /// `update` brings one control in line with `content`.
-    void onRedraw(std::function<void()> update);
     void redraw();
 
     BatteryModel& model;
     const Appearance& appearance;
     PanelContent content; ///< as it is shown
     bool hasAppeared = false;
-    std::vector<std::function<void()>> updates;
+    QVBoxLayout* column;
+    std::vector<std::function<void()>> updates; ///< each brings one control in line with `content`
     RedrawScheduler redrawScheduler;
 };
 

@@ -1,8 +1,5 @@
 #pragma once
 
-#include "linux/ui/redraw_scheduler.h"
-#include "model/battery_model.h"
-
 #include <QObject>
 #include <QPoint>
 #include <QPointer>
@@ -15,8 +12,6 @@
 #include <memory>
 #include <optional>
 
-class QLabel;
-
 namespace voltmere {
 
 /// Where a panel of `size` opens for the icon or pointer at `anchor`: centred below it, or above
@@ -24,31 +19,13 @@ namespace voltmere {
 /// of one screen.
 QPoint placePanel(const QRect& anchor, const QSize& size, const QRect& workArea);
 
-/// The panel as an ordinary window, on a desktop without a tray: below its content it says how to
-/// open it again.
-class NoTrayPanel : public QWidget {
-public:
-    NoTrayPanel(BatteryModel& model, std::unique_ptr<QWidget> content);
-
-protected:
-    /// Passes a change of colours that reached only this window on to the content.
-    void changeEvent(QEvent* event) override;
-
-private:
-    void redraw();
-
-    QWidget* content;
-    QLabel* notice;
-    RedrawScheduler redrawScheduler;
-};
-
 /// Opens and closes the settings panel. The panel is built when it opens and destroyed when it
 /// closes: on Escape, when it loses the keyboard, and when the icon is clicked again.
 class PanelController : public QObject {
 public:
     using Uptime = std::chrono::steady_clock::time_point;
 
-    /// `makePanel` builds the panel's content as a top-level widget, not yet shown.
+    /// `makePanel` builds the panel as a top-level widget, not yet shown.
     explicit PanelController(std::function<std::unique_ptr<QWidget>()> makePanel,
                              std::function<Uptime()> uptime = &std::chrono::steady_clock::now);
     ~PanelController() override;

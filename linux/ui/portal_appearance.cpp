@@ -1,6 +1,7 @@
 #include "linux/ui/portal_appearance.h"
 
 #include "linux/bus_call.h"
+#include "linux/ui/theme.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -24,13 +25,6 @@ const QString schemeKey = QStringLiteral("color-scheme");
 constexpr uint prefersDark = 1;
 constexpr uint prefersLight = 2;
 
-ColourScheme schemeOf(const QPalette& palette)
-{
-    const int text = palette.color(QPalette::WindowText).lightness();
-    return text > palette.color(QPalette::Window).lightness() ? ColourScheme::dark
-                                                              : ColourScheme::light;
-}
-
 /// The value inside however many variants the portal wrapped it in: "Read" uses two.
 QVariant unwrapped(QVariant value)
 {
@@ -43,7 +37,7 @@ QVariant unwrapped(QVariant value)
 } // namespace
 
 PortalAppearance::PortalAppearance()
-    : startingScheme(schemeOf(QGuiApplication::palette()))
+    : startingScheme(isDark(QGuiApplication::palette()) ? ColourScheme::dark : ColourScheme::light)
 {
     // Qt connects a signal by the names of its types, and its bus library registers this type only
     // with the first message.
@@ -51,7 +45,15 @@ PortalAppearance::PortalAppearance()
     QDBusConnection::sessionBus().connect(
         busNames::desktopPortal, portalPath, settingsInterface, QStringLiteral("SettingChanged"),
         {appearanceSpace}, QString(), this, SLOT(settingChanged(QString, QString, QDBusVariant)));
-    ask();
+    QDBusMessage call = QDBusMessage::createMethodCall(busNames::desktopPortal, portalPath,
+                                                       settingsInterface, QStringLiteral("Read"));
+    call << appearanceSpace << schemeKey;
+    callBus(QDBusConnection::sessionBus(), call, this, [this](const QDBusMessage& message) {
+        const QDBusPendingReply<QDBusVariant> reply(message);
+        if (reply.isValid()) {
+            take(reply.value().variant());
+        }
+    });
 }
 
 std::optional<ColourScheme> PortalAppearance::bestMatch() const
@@ -62,19 +64,6 @@ std::optional<ColourScheme> PortalAppearance::bestMatch() const
 void PortalAppearance::onChange(std::function<void()> action)
 {
     changed = std::move(action);
-}
-
-void PortalAppearance::ask()
-{
-    QDBusMessage call = QDBusMessage::createMethodCall(busNames::desktopPortal, portalPath,
-                                                       settingsInterface, QStringLiteral("Read"));
-    call << appearanceSpace << schemeKey;
-    callBus(QDBusConnection::sessionBus(), call, this, [this](const QDBusMessage& message) {
-        const QDBusPendingReply<QDBusVariant> reply(message);
-        if (reply.isValid()) {
-            take(reply.value().variant());
-        }
-    });
 }
 
 void PortalAppearance::settingChanged(const QString& space, const QString& key,

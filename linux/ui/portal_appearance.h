@@ -25,7 +25,6 @@ private slots:
     void settingChanged(const QString& space, const QString& key, const QDBusVariant& value);
 
 private:
-    void ask();
     void take(const QVariant& value);
 
     const ColourScheme startingScheme;

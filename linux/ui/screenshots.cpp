@@ -17,6 +17,7 @@
 #include <QPainter>
 
 #include <cstdio>
+#include <map>
 #include <utility>
 
 namespace voltmere {
@@ -37,12 +38,6 @@ class QtStudio : public Studio {
 public:
     using Studio::Studio;
 
-    void setAppearance(ColourScheme scheme)
-    {
-        appearance.scheme = scheme;
-        applyPalette(scheme);
-    }
-
     ChosenAppearance appearance;
 };
 
@@ -59,60 +54,34 @@ QImage onBar(const QImage& picture, ColourScheme scheme)
     return bar;
 }
 
-/// Writes pictures into one directory until one cannot be written.
-class Album {
-public:
-    explicit Album(const QDir& directory)
-        : directory(directory)
-    {
-    }
+using Pictures = std::map<QString, QImage>; ///< by the name of their file
 
-    void add(const QString& name, const QImage& picture)
-    {
-        if (!complete) {
-            return;
-        }
-        const QString path = directory.filePath(name + ".png");
-        if (!picture.save(path)) {
-            std::fprintf(stderr,
-                         "voltmere: cannot write %s; check that the directory is writable\n",
-                         qPrintable(path));
-            complete = false;
-        }
-    }
-
-    bool complete = true;
-
-private:
-    QDir directory;
-};
-
-void drawIcons(QtStudio& studio, const QString& suffix, Album& album)
+void drawIcons(QtStudio& studio, const QString& suffix, Pictures& pictures)
 {
     const ColourScheme scheme = studio.appearance.scheme;
     const BatteryModel& model = studio.model;
     const DrawnImage wide = StatusImage::make(model.devices, model.threshold, scheme);
-    album.add("menu-bar-" + suffix, onBar(wide.rendered(qApp->devicePixelRatio()), scheme));
+    pictures["menu-bar-" + suffix] = onBar(wide.rendered(qApp->devicePixelRatio()), scheme);
     constexpr QSize largestTray(64, 64);
     const QIcon tray = makeTrayIcon(iconLevel(model.devices, model.threshold));
-    album.add("tray-" + suffix, onBar(tray.pixmap(largestTray, 1.0).toImage(), scheme));
+    pictures["tray-" + suffix] = onBar(tray.pixmap(largestTray, 1.0).toImage(), scheme);
 }
 
-void drawPanel(QtStudio& studio, const QString& suffix, Album& album)
+void drawPanel(QtStudio& studio, const QString& suffix, Pictures& pictures)
 {
     ContentView panel(studio.model, studio.appearance, [] {});
     panel.adjustSize();
-    album.add("panel-" + suffix, panel.grab().toImage());
+    pictures["panel-" + suffix] = panel.grab().toImage();
 }
 
-void drawAlerts(QtStudio& studio, const QString& suffix, Album& album)
+void drawAlerts(QtStudio& studio, const QString& suffix, Pictures& pictures)
 {
     constexpr ClockTime preselected{15, 35};
     for (const AlertSample& sample : alertSamples()) {
         SnoozeAlertWindow alert(makeAlertContent(sample.devices, sample.isLow, preselected), {},
                                 studio.appearance);
         alert.adjustSize();
-        album.add("alert-" + asQt(sample.name) + "-" + suffix, alert.grab().toImage());
+        pictures["alert-" + asQt(sample.name) + "-" + suffix] = alert.grab().toImage();
     }
 }
 
@@ -120,7 +89,7 @@ void drawAlerts(QtStudio& studio, const QString& suffix, Album& album)
 
 int drawScreenshots(const CommandLine& commandLine)
 {
-    QDir directory(QFile::decodeName(commandLine.screenshotsDirectory.c_str()));
+    const QDir directory(QFile::decodeName(commandLine.screenshotsDirectory.c_str()));
     if (!directory.mkpath(".")) {
         std::fprintf(stderr, "voltmere: cannot make the directory %s\n",
                      commandLine.screenshotsDirectory.c_str());
@@ -128,21 +97,29 @@ int drawScreenshots(const CommandLine& commandLine)
     }
     QtRunLoop mainLoop;
     QtStudio studio(commandLine, mainLoop);
-    Album album(directory);
+    Pictures pictures;
     for (const auto& [scheme, name] : {std::pair(ColourScheme::light, QString("light")),
                                        std::pair(ColourScheme::dark, QString("dark"))}) {
-        studio.setAppearance(scheme);
-        drawIcons(studio, name, album);
+        studio.appearance.scheme = scheme;
+        applyPalette(scheme);
+        drawIcons(studio, name, pictures);
         for (const AppLanguage language : {AppLanguage::zh, AppLanguage::en}) {
-            const std::string_view raw = rawValue(language);
-            studio.model.language = std::string(raw);
-            const QString suffix =
-                QString::fromUtf8(raw.data(), qsizetype(raw.size())) + "-" + name;
-            drawPanel(studio, suffix, album);
-            drawAlerts(studio, suffix, album);
+            studio.model.language = std::string(rawValue(language));
+            const QString suffix = asQt(studio.model.language) + "-" + name;
+            drawPanel(studio, suffix, pictures);
+            drawAlerts(studio, suffix, pictures);
         }
     }
-    return album.complete ? 0 : exitStatus::cannotRun;
+    for (const auto& [name, picture] : pictures) {
+        const QString path = directory.filePath(name + ".png");
+        if (!picture.save(path)) {
+            std::fprintf(stderr,
+                         "voltmere: cannot write %s; check that the directory is writable\n",
+                         qPrintable(path));
+            return exitStatus::cannotRun;
+        }
+    }
+    return 0;
 }
 
 } // namespace voltmere

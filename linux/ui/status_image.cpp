@@ -58,7 +58,7 @@ std::map<QString, QPainterPath> readDrawing()
     file.open(QIODevice::ReadOnly);
     QXmlStreamReader xml(&file);
     while (!xml.atEnd()) {
-        if (xml.readNext() == QXmlStreamReader::StartElement && xml.name() == u"path") {
+        if (xml.readNext() == QXmlStreamReader::StartElement) {
             paths.emplace(xml.attributes().value("id").toString(),
                           pathFrom(xml.attributes().value("d").toString()));
         }
@@ -214,19 +214,18 @@ PlateColours coloursFor(bool low)
 
 /// The places of the parts, in whole pixels.
 struct TrayLayout {
-    QRect plate;
     QRect number;
     QRect bar;
 };
 
 TrayLayout layoutFor(int side)
 {
-    const int margin = std::max(1, side / 16);
+    const int margin = side / 16;
     const int barHeight = std::max(2, side / 10);
-    const int barInset = std::max(2, side / 8);
-    const int barTop = side - barHeight - std::max(1, side / 12);
-    const int numberTop = std::max(1, side / 11);
-    return {QRect(0, 0, side, side), QRect(0, numberTop, side, barTop - margin - numberTop),
+    const int barInset = side / 8;
+    const int barTop = side - barHeight - side / 12;
+    const int numberTop = side / 11;
+    return {QRect(0, numberTop, side, barTop - margin - numberTop),
             QRect(barInset, barTop, side - 2 * barInset, barHeight)};
 }
 
@@ -242,21 +241,16 @@ void drawBar(QPainter& painter, const QRect& bar, std::int64_t level, const QCol
 {
     const qreal radius = bar.height() / 2.0;
     const QColor track(255, 255, 255, 72);
-    painter.setBrush(track);
-    painter.drawRoundedRect(bar, radius, radius);
+    fillRounded(painter, bar, radius, track);
     painter.setClipRect(filledPart(bar, level));
-    painter.setBrush(colour);
-    painter.drawRoundedRect(bar, radius, radius);
+    fillRounded(painter, bar, radius, colour);
 }
 
 void drawLevel(QPainter& painter, const IconLevel& level, int side)
 {
     const TrayLayout layout = layoutFor(side);
     const PlateColours colours = coloursFor(level.low);
-    const qreal cornerRadius = side * 0.19;
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colours.plate);
-    painter.drawRoundedRect(layout.plate, cornerRadius, cornerRadius);
+    fillRounded(painter, QRectF(0, 0, side, side), side * 0.19, colours.plate);
     painter.fillPath(numberOutline(level.percent, layout.number), Qt::white);
     drawBar(painter, layout.bar, level.percent, colours.bar);
 }

@@ -7,79 +7,31 @@ namespace voltmere {
 
 namespace {
 
-/// The colours of a scheme.
-struct Colours {
-    QColor window;
-    QColor button;
-    QColor base;
-    QColor text;
-    QColor disabledText;
-    QColor placeholder;
-    QColor accent;
-    QColor disabledAccent;
-    QColor link;
-};
-
 constexpr qreal secondaryWeight = 0.62;
 constexpr qreal dividerWeight = 0.15;
 constexpr qreal title3Scale = 15.0 / 13.0;
 
-Colours lightColours()
-{
-    return {.window = QColor(0xF6, 0xF6, 0xF6),
-            .button = QColor(0xFC, 0xFC, 0xFC),
-            .base = QColor(0xFF, 0xFF, 0xFF),
-            .text = QColor(0x1D, 0x1D, 0x1F),
-            .disabledText = QColor(0x9A, 0x9A, 0x9E),
-            .placeholder = QColor(0x70, 0x70, 0x75),
-            .accent = QColor(0x0A, 0x66, 0xD6),
-            .disabledAccent = QColor(0xB4, 0xB4, 0xB8),
-            .link = QColor(0x06, 0x5A, 0xC4)};
-}
+struct Colour {
+    QPalette::ColorGroup group;
+    QPalette::ColorRole role;
+    QRgb light;
+    QRgb dark;
+};
 
-Colours darkColours()
-{
-    return {.window = QColor(0x2A, 0x2A, 0x2C),
-            .button = QColor(0x3C, 0x3C, 0x3F),
-            .base = QColor(0x4E, 0x4E, 0x53),
-            .text = QColor(0xF2, 0xF2, 0xF4),
-            .disabledText = QColor(0x80, 0x80, 0x85),
-            .placeholder = QColor(0xC0, 0xC0, 0xC5),
-            .accent = QColor(0x1A, 0x6F, 0xDC),
-            .disabledAccent = QColor(0x55, 0x55, 0x59),
-            .link = QColor(0x6A, 0xB0, 0xFF)};
-}
-
-QPalette makePalette(const Colours& colours)
-{
-    QPalette palette(colours.button, colours.window);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
-                            QPalette::BrightText, QPalette::ToolTipText}) {
-        palette.setColor(role, colours.text);
-    }
-    for (const auto role :
-         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::HighlightedText}) {
-        palette.setColor(QPalette::Disabled, role, colours.disabledText);
-    }
-    palette.setColor(QPalette::Base, colours.base);
-    palette.setColor(QPalette::AlternateBase, colours.window);
-    palette.setColor(QPalette::ToolTipBase, colours.base);
-    palette.setColor(QPalette::PlaceholderText, colours.placeholder);
-    palette.setColor(QPalette::Highlight, colours.accent);
-    palette.setColor(QPalette::Disabled, QPalette::Highlight, colours.disabledAccent);
-    for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-        palette.setColor(group, QPalette::HighlightedText, Qt::white);
-    }
-    palette.setColor(QPalette::Link, colours.link);
-    palette.setColor(QPalette::LinkVisited, colours.link);
-    return palette;
-}
-
-bool isDark(const QPalette& palette)
-{
-    return palette.color(QPalette::Active, QPalette::WindowText).lightness() >
-        palette.color(QPalette::Active, QPalette::Window).lightness();
-}
+/// Qt derives the other colours from those of the window and of a button.
+constexpr Colour colours[]{
+    {QPalette::All, QPalette::WindowText, 0x1D1D1F, 0xF2F2F4},
+    {QPalette::All, QPalette::Text, 0x1D1D1F, 0xF2F2F4},
+    {QPalette::All, QPalette::ButtonText, 0x1D1D1F, 0xF2F2F4},
+    {QPalette::All, QPalette::ToolTipText, 0x1D1D1F, 0xF2F2F4},
+    {QPalette::Disabled, QPalette::WindowText, 0x9A9A9E, 0x808085},
+    {QPalette::Disabled, QPalette::Text, 0x9A9A9E, 0x808085},
+    {QPalette::Disabled, QPalette::ButtonText, 0x9A9A9E, 0x808085},
+    {QPalette::All, QPalette::Base, 0xFFFFFF, 0x4E4E53},
+    {QPalette::All, QPalette::ToolTipBase, 0xFFFFFF, 0x4E4E53},
+    {QPalette::All, QPalette::Highlight, 0x0A66D6, 0x1A6FDC},
+    {QPalette::All, QPalette::HighlightedText, 0xFFFFFF, 0xFFFFFF},
+};
 
 /// The mix of text and background colour with `weight` of the text's, as in an active window: the
 /// caller asks before the window becomes active, and some themes have pale texts until then.
@@ -101,15 +53,26 @@ QColor systemRed(std::optional<ColourScheme> scheme)
     return scheme == ColourScheme::dark ? QColor(0xFF, 0x45, 0x3A) : QColor(0xFF, 0x3B, 0x30);
 }
 
-QPalette paletteFor(std::optional<ColourScheme> scheme)
+bool isDark(const QPalette& palette)
 {
-    return makePalette(scheme == ColourScheme::dark ? darkColours() : lightColours());
+    return palette.color(QPalette::Active, QPalette::WindowText).lightness() >
+        palette.color(QPalette::Active, QPalette::Window).lightness();
+}
+
+QPalette paletteFor(ColourScheme scheme)
+{
+    const bool dark = scheme == ColourScheme::dark;
+    QPalette palette(QColor(dark ? 0x3C3C3F : 0xFCFCFC), QColor(dark ? 0x2A2A2C : 0xF6F6F6));
+    for (const Colour& colour : colours) {
+        palette.setColor(colour.group, colour.role, dark ? colour.dark : colour.light);
+    }
+    return palette;
 }
 
 void applyPalette(std::optional<ColourScheme> scheme)
 {
     if (scheme && (scheme == ColourScheme::dark) != isDark(QApplication::palette())) {
-        QApplication::setPalette(paletteFor(scheme));
+        QApplication::setPalette(paletteFor(*scheme));
     }
 }
 

@@ -16,8 +16,11 @@ namespace voltmere {
 /// scheme.
 QColor systemRed(std::optional<ColourScheme> scheme);
 
-/// The program's own colours for a light or a dark desktop; light where the desktop has no scheme.
-QPalette paletteFor(std::optional<ColourScheme> scheme);
+/// Whether the windows of `palette` are dark.
+bool isDark(const QPalette& palette);
+
+/// The program's own colours for a light or a dark desktop.
+QPalette paletteFor(ColourScheme scheme);
 
 /// Gives the application the colours of `scheme` where its own are of another scheme: Qt without a
 /// theme for the desktop is always light. Colours of the desktop that fit the scheme stay.

@@ -57,19 +57,16 @@ void listenToRoot(xcb_connection_t* connection)
 TrayHostWatcher::TrayHostWatcher(std::function<void()> available)
     : available(std::move(available))
 {
-    watchSelection();
-    watchBus();
-}
-
-void TrayHostWatcher::watchBus()
-{
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) {
-        return;
+    if (xcb_connection_t* const connection = xConnection()) {
+        traySelection = internAtom(connection, xTraySelection);
+        managerMessage = internAtom(connection, "MANAGER");
+        qGuiApp->installNativeEventFilter(this);
+        listenToRoot(connection);
     }
+    QDBusConnection bus = QDBusConnection::sessionBus();
     bus.connect(busNames::statusNotifierWatcher, busNames::statusNotifierWatcherPath,
                 busNames::statusNotifierWatcher, QStringLiteral("StatusNotifierHostRegistered"),
-                this, SLOT(hostRegistered()));
+                this, SLOT(report()));
     auto* service = new QDBusServiceWatcher(busNames::statusNotifierWatcher, bus,
                                             QDBusServiceWatcher::WatchForRegistration, this);
     connect(service, &QDBusServiceWatcher::serviceRegistered, this, &TrayHostWatcher::askBus);
@@ -92,22 +89,6 @@ void TrayHostWatcher::askBus()
     });
 }
 
-void TrayHostWatcher::watchSelection()
-{
-    xcb_connection_t* const connection = xConnection();
-    if (connection == nullptr) {
-        return;
-    }
-    traySelection = internAtom(connection, xTraySelection);
-    managerMessage = internAtom(connection, "MANAGER");
-    qGuiApp->installNativeEventFilter(this);
-    listenToRoot(connection);
-    if (!QDBusConnection::sessionBus().isConnected() && selectionHasOwner()) {
-        QMetaObject::invokeMethod(
-            this, [this] { report(); }, Qt::QueuedConnection);
-    }
-}
-
 bool TrayHostWatcher::selectionHasOwner() const
 {
     xcb_connection_t* const connection = xConnection();
@@ -119,12 +100,9 @@ bool TrayHostWatcher::selectionHasOwner() const
     return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
-bool TrayHostWatcher::nativeEventFilter(const QByteArray& eventType, void* message,
+bool TrayHostWatcher::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
                                         qintptr* /*result*/)
 {
-    if (eventType != "xcb_generic_event_t") {
-        return false;
-    }
     const auto* event = static_cast<const xcb_generic_event_t*>(message);
     if ((event->response_type & 0x7FU) == XCB_CLIENT_MESSAGE) {
         const auto* client = static_cast<const xcb_client_message_event_t*>(message);
@@ -133,11 +111,6 @@ bool TrayHostWatcher::nativeEventFilter(const QByteArray& eventType, void* messa
         }
     }
     return false;
-}
-
-void TrayHostWatcher::hostRegistered()
-{
-    report();
 }
 
 void TrayHostWatcher::report()

@@ -24,20 +24,17 @@ public:
     explicit TrayHostWatcher(std::function<void()> available);
 
 private slots:
-    void hostRegistered();
+    void report();
 
 private:
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
-    void watchBus();
     void askBus();
-    void watchSelection();
     bool selectionHasOwner() const;
-    void report();
 
     std::function<void()> available;
-    std::uint32_t traySelection = 0; ///< X atom; 0 off X11
-    std::uint32_t managerMessage = 0;
+    std::uint32_t traySelection{}; ///< X atom; 0 off X11
+    std::uint32_t managerMessage{};
 };
 
 } // namespace voltmere

@@ -137,9 +137,8 @@ PictureView::PictureView(int side, Picture picture, QWidget* parent)
 
 void PictureView::paintEvent(QPaintEvent* /*event*/)
 {
-    if (const auto image = picture(palette().color(foregroundRole()))) {
-        QPainter(this).drawImage(rect(), image->rendered(devicePixelRatioF()));
-    }
+    const DrawnImage image = picture(palette().color(foregroundRole()));
+    QPainter(this).drawImage(rect(), image.rendered(devicePixelRatioF()));
 }
 
 namespace {

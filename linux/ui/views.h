@@ -76,10 +76,10 @@ protected:
 };
 
 /// Shows a square image at the resolution of its screen, in the text's colour where the image has
-/// no colours of its own. Stays empty without an image.
+/// no colours of its own.
 class PictureView : public QWidget {
 public:
-    using Picture = std::function<std::optional<DrawnImage>(const QColor& textColour)>;
+    using Picture = std::function<DrawnImage(const QColor& textColour)>;
 
     /// `side` is in points.
     PictureView(int side, Picture picture, QWidget* parent);
@@ -97,17 +97,16 @@ class SettingPicker : public QComboBox {
 public:
     explicit SettingPicker(QWidget* parent);
 
-    /// Takes the titles and the selection of `popUp`, which must keep its number of choices.
+    /// Takes the titles, the selection and the name of `popUp`, which must keep its number of
+    /// choices. Assistive technology gets the name as accessible name and, since Qt on Linux
+    /// reports the selection as a picker's name, by a hidden label that belongs to the picker,
+    /// which must already be among its siblings.
     template<typename Value>
     void present(const PopUp<Value>& popUp)
     {
         present(popUp.titles, popUp.selected);
+        setName(asQt(popUp.name));
     }
-
-    /// Tells assistive technology the picker's purpose: by its accessible name and, since Qt on
-    /// Linux reports the selection as a picker's name, by a hidden label that belongs to it. The
-    /// picker must already be among its siblings.
-    void setName(const QString& name);
 
     /// The selected choice, counted from 0. There must be one.
     std::size_t choice() const { return static_cast<std::size_t>(currentIndex()); }
@@ -117,6 +116,7 @@ public:
 
 private:
     void present(const std::vector<std::string>& titles, std::optional<std::size_t> selected);
+    void setName(const QString& name);
 
     QLabel* label = nullptr;
 };

@@ -132,9 +132,9 @@ int runWindows(const CommandLine& commandLine)
 {
     @autoreleasepool {
         const bool draws = commandLine.action == CommandLine::Action::screenshots;
-        const auto log = makeSystemLog();
-        LockedInstance instance(instanceLockPath(), *log);
-        if (!draws && !commandLine.demo && instance.start() == SingleInstance::Role::later) {
+        LockedInstance instance;
+        if (!draws && !commandLine.demo &&
+            instance.isLaterStart(instanceLockPath(), *makeSystemLog())) {
             return 0;
         }
         if (!hasWindowServer()) {

@@ -6,7 +6,6 @@
 #include <gmock/gmock.h>
 
 #include <cstdint>
-#include <limits>
 #include <ostream>
 #include <tuple>
 
@@ -23,11 +22,13 @@ constexpr std::int64_t trackpadID = 804;
 using Devices = std::vector<BatteryDevice>;
 using IDs = std::set<std::int64_t>;
 
+const IDs nobody;
+const IDs theMouse{mouseID};
+
 constexpr CheckRules fullCheck{20, true, true, true};
-constexpr CheckRules quietRefresh{20, false, true, true};
+constexpr CheckRules refresh{20, false, true, true};
 constexpr CheckRules panelRefresh{20, false, false, true};
-constexpr CheckRules quietRefreshInstantOff{20, false, true, false};
-constexpr CheckRules fullCheckInstantOff{20, true, true, false};
+constexpr CheckRules instantOff{20, false, true, false};
 
 /// One reading: what was known, what is read, and what must come of it.
 struct Transition {
@@ -59,58 +60,16 @@ TEST_P(CheckResultStateTest, FollowsTheTable)
 }
 
 const Transition stateTable[]{
-    {"FullCheckAlertsOfALowDevice", {}, {mouse(10)}, fullCheck, {mouseID}, {mouse(10)}, false},
-    {"QuietRefreshAlertsOfANewlyLowDeviceAndLogs",
-     {},
-     {mouse(10)},
-     quietRefresh,
-     {mouseID},
-     {mouse(10)},
-     true},
-    {"FullCheckReleasesAChargedDevice", {mouseID}, {mouse(21)}, fullCheck, {}, {}, false},
-    {"QuietRefreshReleasesAChargedDevice", {mouseID}, {mouse(21)}, quietRefresh, {}, {}, false},
-    {"PanelRefreshReleasesAChargedDevice", {mouseID}, {mouse(21)}, panelRefresh, {}, {}, false},
-    {"InstantOffStillReleasesAChargedDevice",
-     {mouseID},
-     {mouse(21)},
-     quietRefreshInstantOff,
-     {},
-     {},
-     false},
-    {"FullCheckAlertsAgainOfADeviceStillLow",
-     {mouseID},
-     {mouse(10)},
-     fullCheck,
-     {mouseID},
-     {mouse(10)},
-     false},
-    {"QuietRefreshKeepsSilentAboutADeviceStillLow",
-     {mouseID},
-     {mouse(10)},
-     quietRefresh,
-     {mouseID},
-     {},
-     false},
-    {"EmptyReadingKeepsAnAlertedDevice", {mouseID}, {}, quietRefresh, {mouseID}, {}, false},
-    {"EmptyFullCheckKeepsAnAlertedDevice", {mouseID}, {}, fullCheck, {mouseID}, {}, false},
-    {"EmptyReadingKeepsTheSetEmpty", {}, {}, fullCheck, {}, {}, false},
-    {"MissingDeviceKeepsItsState", {mouseID}, {keyboard(80)}, quietRefresh, {mouseID}, {}, false},
-    {"MissingDeviceIsNotAlertedByAFullCheck",
-     {mouseID},
-     {keyboard(80)},
-     fullCheck,
-     {mouseID},
-     {},
-     false},
-    {"DeviceAtTheThresholdIsLow", {}, {mouse(20)}, quietRefresh, {mouseID}, {mouse(20)}, true},
-    {"DeviceAtTheThresholdIsNotReleased",
-     {mouseID},
-     {mouse(20)},
-     quietRefresh,
-     {mouseID},
-     {},
-     false},
-    {"DeviceOneAboveTheThresholdIsNotLow", {}, {mouse(21)}, fullCheck, {}, {}, false},
+    {"FullCheckAlertsOfALowDevice", nobody, {mouse(10)}, fullCheck, theMouse, {mouse(10)}, false},
+    {"RefreshAlertsOfANewlyLowAndLogs", nobody, {mouse(10)}, refresh, theMouse, {mouse(10)}, true},
+    {"FullCheckAlertsAgain", theMouse, {mouse(10)}, fullCheck, theMouse, {mouse(10)}, false},
+    {"RefreshIsSilentAboutOneStillLow", theMouse, {mouse(10)}, refresh, theMouse, {}, false},
+    {"EmptyRefreshKeepsAnAlertedDevice", theMouse, {}, refresh, theMouse, {}, false},
+    {"EmptyFullCheckKeepsAnAlertedDevice", theMouse, {}, fullCheck, theMouse, {}, false},
+    {"MissingDeviceKeepsItsState", theMouse, {keyboard(80)}, fullCheck, theMouse, {}, false},
+    {"DeviceAtTheThresholdIsLow", nobody, {mouse(20)}, refresh, theMouse, {mouse(20)}, true},
+    {"DeviceAtTheThresholdIsNotReleased", theMouse, {mouse(20)}, refresh, theMouse, {}, false},
+    {"DeviceOneAboveTheThresholdIsNotLow", nobody, {mouse(21)}, fullCheck, nobody, {}, false},
     {"FullCheckListsAllLowDevicesOldAndNew",
      {keyboardID},
      {mouse(5), keyboard(9), trackpad(60)},
@@ -118,49 +77,22 @@ const Transition stateTable[]{
      {mouseID, keyboardID},
      {mouse(5), keyboard(9)},
      false},
-    {"QuietRefreshListsOnlyTheNewlyLow",
+    {"RefreshListsOnlyTheNewlyLowInTheirOrder",
      {keyboardID},
-     {mouse(5), keyboard(9), trackpad(20)},
-     quietRefresh,
+     {trackpad(20), keyboard(9), mouse(5)},
+     refresh,
      {mouseID, keyboardID, trackpadID},
-     {mouse(5), trackpad(20)},
+     {trackpad(20), mouse(5)},
      true},
     {"OneReadingReleasesOneAndAlertsOfAnother",
-     {mouseID},
+     theMouse,
      {mouse(100), keyboard(9)},
-     quietRefresh,
+     refresh,
      {keyboardID},
      {keyboard(9)},
      true},
-    {"FullCheckWithNothingLowShowsNothing",
-     {},
-     {mouse(80), keyboard(64)},
-     fullCheck,
-     {},
-     {},
-     false},
-    {"FullCheckAlertsWithInstantAlertsOff",
-     {},
-     {mouse(10)},
-     fullCheckInstantOff,
-     {mouseID},
-     {mouse(10)},
-     false},
-    {"InstantOffShowsNothingAndLogsNothing",
-     {},
-     {mouse(10)},
-     quietRefreshInstantOff,
-     {},
-     {},
-     false},
-    {"PanelRefreshShowsNothingAndLogsNothing", {}, {mouse(10)}, panelRefresh, {}, {}, false},
-    {"TheReadingsOrderIsKept",
-     {},
-     {trackpad(3), mouse(1), keyboard(2)},
-     quietRefresh,
-     {mouseID, keyboardID, trackpadID},
-     {trackpad(3), mouse(1), keyboard(2)},
-     true},
+    {"InstantOffShowsAndLogsNothing", nobody, {mouse(10)}, instantOff, nobody, {}, false},
+    {"PanelRefreshShowsAndLogsNothing", nobody, {mouse(10)}, panelRefresh, nobody, {}, false},
 };
 
 INSTANTIATE_TEST_SUITE_P(Transitions, CheckResultStateTest, testing::ValuesIn(stateTable),
@@ -183,138 +115,68 @@ TEST_P(ReleasePassTest, RunsWhateverTheFlagsSay)
 INSTANTIATE_TEST_SUITE_P(AllFlags, ReleasePassTest,
                          testing::Combine(testing::Bool(), testing::Bool(), testing::Bool()));
 
-/// Takes readings one after the other, as the model does.
-class CheckResultSequenceTest : public testing::Test {
-protected:
-    CheckVerdict read(const Devices& reading, const CheckRules& rules)
-    {
-        CheckVerdict verdict = evaluateCheck(reading, alertedIDs, rules);
-        alertedIDs = verdict.alertedIDs;
-        return verdict;
-    }
-
-    IDs alertedIDs;
-};
-
-TEST_F(CheckResultSequenceTest, TwoRefreshesThatFindTheSameLowMouseAlertOnce)
+TEST(CheckResultTest, ADeviceChargedAboveTheThresholdIsAlertedAgainWhenItFalls)
 {
-    EXPECT_THAT(read({mouse(10)}, quietRefresh).toAlert, ElementsAre(mouse(10)));
-
-    const CheckVerdict second = read({mouse(10)}, quietRefresh);
-    EXPECT_THAT(second.toAlert, IsEmpty());
-    EXPECT_FALSE(second.logsAlert);
+    CheckVerdict verdict = evaluateCheck({mouse(15)}, {}, refresh);
+    verdict = evaluateCheck({mouse(21)}, verdict.alertedIDs, refresh);
+    EXPECT_THAT(verdict.alertedIDs, IsEmpty());
+    verdict = evaluateCheck({mouse(20)}, verdict.alertedIDs, refresh);
+    EXPECT_THAT(verdict.toAlert, ElementsAre(mouse(20)));
 }
 
-TEST_F(CheckResultSequenceTest, ADeviceChargedAboveTheThresholdIsAlertedAgainWhenItFalls)
-{
-    read({mouse(15)}, quietRefresh);
-
-    EXPECT_THAT(read({mouse(21)}, quietRefresh).alertedIDs, IsEmpty());
-    EXPECT_THAT(read({mouse(20)}, quietRefresh).toAlert, ElementsAre(mouse(20)));
-}
-
-TEST_F(CheckResultSequenceTest, ADeviceChargedOnlyToTheThresholdIsNotAlertedAgain)
-{
-    read({mouse(15)}, quietRefresh);
-
-    EXPECT_THAT(read({mouse(20)}, quietRefresh).alertedIDs, ElementsAre(mouseID));
-    EXPECT_THAT(read({mouse(19)}, quietRefresh).toAlert, IsEmpty());
-}
-
-TEST_F(CheckResultSequenceTest, AnEmptyReadingInBetweenDoesNotAlertAgain)
-{
-    read({mouse(15)}, quietRefresh);
-    read({}, quietRefresh);
-
-    EXPECT_THAT(read({mouse(15)}, quietRefresh).toAlert, IsEmpty());
-}
-
-TEST_F(CheckResultSequenceTest, ARefreshDoesNotRepeatWhatAFullCheckHasAlertedOf)
-{
-    read({mouse(15)}, fullCheck);
-
-    EXPECT_THAT(read({mouse(14)}, quietRefresh).toAlert, IsEmpty());
-}
-
-TEST_F(CheckResultSequenceTest, ADeviceThatASilentReadingFoundLowIsStillNewlyLow)
-{
-    read({mouse(15)}, panelRefresh);
-    read({mouse(15)}, quietRefreshInstantOff);
-
-    EXPECT_THAT(read({mouse(15)}, quietRefresh).toAlert, ElementsAre(mouse(15)));
-}
-
-TEST_F(CheckResultSequenceTest, ALowerThresholdReleasesAtTheNextReading)
-{
-    read({mouse(15)}, quietRefresh);
-    CheckRules lower = quietRefresh;
-    lower.threshold = 10;
-
-    EXPECT_THAT(read({mouse(15)}, lower).alertedIDs, IsEmpty());
-}
-
-TEST(CheckResultTest, ComparesSignedWholeNumbersOfAnySize)
-{
-    constexpr std::int64_t least = std::numeric_limits<std::int64_t>::min();
-    constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max();
-    CheckRules rules = fullCheck;
-
-    rules.threshold = -1;
-    EXPECT_THAT(evaluateCheck({mouse(0), keyboard(least)}, {}, rules).toAlert,
-                ElementsAre(keyboard(least)));
-    rules.threshold = 250;
-    EXPECT_THAT(evaluateCheck({mouse(100), keyboard(251)}, {}, rules).toAlert,
-                ElementsAre(mouse(100)));
-    rules.threshold = most;
-    EXPECT_THAT(evaluateCheck({mouse(most)}, {}, rules).toAlert, ElementsAre(mouse(most)));
-}
-
-TEST(InstantAlertLogLineTest, NamesEachDeviceWithItsLevel)
-{
-    EXPECT_EQ(instantAlertLogLine({mouse(15), keyboard(9)}),
-              "Voltmere: 立即提醒 Magic Mouse 15%, Magic Keyboard 9%");
-    EXPECT_EQ(instantAlertLogLine({mouse(-3)}), "Voltmere: 立即提醒 Magic Mouse -3%");
-}
-
-TEST(InstantAlertLogLineTest, IsTheSameInEveryLanguage)
+TEST(InstantAlertLogLineTest, NamesEachDeviceWithItsLevelTheSameInEveryLanguage)
 {
     const LanguageGuard chinese("zh");
-
-    EXPECT_EQ(instantAlertLogLine({mouse(15), keyboard(9)}),
-              "Voltmere: 立即提醒 Magic Mouse 15%, Magic Keyboard 9%");
-}
-
-TEST(InstantAlertLogLineTest, TakesANameAsPlainText)
-{
-    BatteryDevice device = mouse(15);
+    BatteryDevice device = mouse(-3);
     device.name = "100%s %@ %n";
 
-    EXPECT_EQ(instantAlertLogLine({device}), "Voltmere: 立即提醒 100%s %@ %n 15%");
+    EXPECT_EQ(instantAlertLogLine({device, keyboard(9)}),
+              "Voltmere: 立即提醒 100%s %@ %n -3%, Magic Keyboard 9%");
 }
 
-TEST(AlertPayloadTest, OneLowDeviceOfThreeIsTheOnlyOne)
+TEST(AlertPayloadTest, IsTheOneLowDeviceOfThreeOrAllWhenNoneIsLowOrEmpty)
 {
-    const AlertPayload payload = makeAlertPayload({mouse(80), keyboard(15), trackpad(64)}, 20);
+    const Devices all{mouse(80), keyboard(20), trackpad(64)};
 
-    EXPECT_EQ(payload, (AlertPayload{{keyboard(15)}, true}));
-}
-
-TEST(AlertPayloadTest, WithNoneLowItIsAllOfThem)
-{
-    const Devices all{mouse(80), keyboard(21), trackpad(64)};
-
-    EXPECT_EQ(makeAlertPayload(all, 20), (AlertPayload{all, false}));
-}
-
-TEST(AlertPayloadTest, WithNoDeviceItIsEmpty)
-{
+    EXPECT_EQ(makeAlertPayload(all, 20), (AlertPayload{{keyboard(20)}, true}));
+    EXPECT_EQ(makeAlertPayload(all, 19), (AlertPayload{all, false}));
     EXPECT_EQ(makeAlertPayload({}, 20), (AlertPayload{{}, false}));
 }
 
-TEST(AlertPayloadTest, ADeviceAtTheThresholdIsLow)
+void expectStatus(const char* english, const char* chinese, const Devices& devices,
+                  std::int64_t threshold = 20)
 {
-    EXPECT_EQ(makeAlertPayload({mouse(20), keyboard(20), trackpad(21)}, 20),
-              (AlertPayload{{mouse(20), keyboard(20)}, true}));
+    const LanguageGuard language("en");
+    EXPECT_EQ(statusText(devices, threshold), english);
+    L10n::setting = "zh";
+    EXPECT_EQ(statusText(devices, threshold), chinese);
+}
+
+TEST(StatusText, SaysThatThereIsNoDeviceOrThatNoneIsLow)
+{
+    expectStatus("No peripherals found", "未检测到外设", {});
+    expectStatus("Battery level is fine", "电量正常", {mouse(21), keyboard(100)});
+}
+
+TEST(StatusText, NamesADeviceAtExactlyTheThresholdAndNoneAboveIt)
+{
+    expectStatus("Low battery: Magic Keyboard 20%", "电量偏低：Magic Keyboard 20%",
+                 {mouse(90), keyboard(20), trackpad(21)});
+    expectStatus("Low battery: Magic Mouse -3%", "电量偏低：Magic Mouse -3%", {mouse(-3)}, 0);
+}
+
+TEST(StatusText, ThreeLowDevicesAreSeparatedByTheLanguagesOwnSign)
+{
+    expectStatus("Low battery: Magic Trackpad 3%, Magic Mouse 1%, Magic Keyboard 2%",
+                 "电量偏低：Magic Trackpad 3%、Magic Mouse 1%、Magic Keyboard 2%",
+                 {trackpad(3), mouse(1), keyboard(2)});
+}
+
+TEST(StatusText, ANameThatLooksLikeAFormatIsPlainText)
+{
+    BatteryDevice device = mouse(5);
+    device.name = "%@ %1$d %% %s";
+    expectStatus("Low battery: %@ %1$d %% %s 5%", "电量偏低：%@ %1$d %% %s 5%", {device});
 }
 
 } // namespace

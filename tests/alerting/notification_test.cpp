@@ -15,7 +15,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::MatchesRegex;
 using testing::SizeIs;
-using testing::StartsWith;
 
 const std::string uuidForm = "[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}";
 
@@ -38,7 +37,7 @@ protected:
     FakeNotificationCentre centre;
 };
 
-TEST_F(NotificationSetupTest, RegistersOneCategoryWithFiveActionsInOrder)
+TEST_F(NotificationSetupTest, InstallsTheDelegateAndRegistersOneCategoryWithFiveActionsInOrder)
 {
     NotificationSetup::registerCategories(centre, delegate);
 
@@ -50,28 +49,8 @@ TEST_F(NotificationSetupTest, RegistersOneCategoryWithFiveActionsInOrder)
                                           {"SNOOZE_60", "In 1 hour", false},
                                           {"SNOOZE_120", "In 2 hours", false},
                                           {"SNOOZE_CUSTOM", "At a specific time…", true}}}));
-}
-
-TEST_F(NotificationSetupTest, InstallsTheDelegate)
-{
-    NotificationSetup::registerCategories(centre, delegate);
-
     EXPECT_EQ(centre.delegate, &delegate);
     EXPECT_THAT(centre.requests, IsEmpty());
-    EXPECT_THAT(centre.authorisationRequests, IsEmpty());
-}
-
-TEST_F(NotificationSetupTest, EachCallBuildsTheTitlesAnewInTheLanguageOfTheMoment)
-{
-    L10n::setting = "zh";
-    NotificationSetup::registerCategories(centre, delegate);
-    EXPECT_THAT(titlesOf(centre),
-                ElementsAre("20 分钟后", "30 分钟后", "1 小时后", "2 小时后", "指定时间…"));
-
-    L10n::setting = "en";
-    NotificationSetup::registerCategories(centre, delegate);
-    EXPECT_EQ(titlesOf(centre)[0], "In 20 minutes");
-    EXPECT_THAT(centre.categories, SizeIs(1));
 }
 
 TEST(NotificationsOfTheModel, SwitchingTheLanguageToChineseAndBackRegistersTheTitlesEachTime)
@@ -144,7 +123,7 @@ struct TimedChoice {
 class TimedChoiceTest : public NotificationDelegateTest,
                         public testing::WithParamInterface<TimedChoice> { };
 
-TEST_P(TimedChoiceTest, AddsOneNotificationAfterItsDelayAndThenCompletesOnce)
+TEST_P(TimedChoiceTest, AddsExactlyOneRequestAfterItsDelayThenCompletesOnce)
 {
     EXPECT_EQ(respond(GetParam().action), 1);
 
@@ -166,16 +145,6 @@ INSTANTIATE_TEST_SUITE_P(Actions, TimedChoiceTest,
                                          TimedChoice{"SNOOZE_60", 3600},
                                          TimedChoice{"SNOOZE_120", 7200}),
                          [](const auto& choice) { return std::string(choice.param.action); });
-
-TEST_F(NotificationDelegateTest, ChoosingSnooze60AddsExactlyOneRequestOf3600SecondsThenCompletes)
-{
-    EXPECT_EQ(respond("SNOOZE_60"), 1);
-
-    ASSERT_THAT(centre.requests, SizeIs(1));
-    EXPECT_THAT(centre.requests[0].identifier, StartsWith("snooze-"));
-    EXPECT_EQ(centre.requests[0].identifier.size(), 7U + 36U);
-    EXPECT_EQ(centre.requests[0].delay, Seconds(3600));
-}
 
 TEST_F(NotificationDelegateTest, TheDelayedNotificationSpeaksTheLanguageOfTheMoment)
 {
@@ -223,24 +192,19 @@ INSTANTIATE_TEST_SUITE_P(UnknownActions, OtherResponseTest,
                          testing::Values("", "snooze_20", "SNOOZE_20 ", "SNOOZE_", "SNOOZE_2",
                                          "SNOOZE_CUSTOM2", "LOW_BATTERY", "default"));
 
-TEST(RandomUuid, HasTheStandardUpperCaseFormOf36Characters)
+TEST(RandomUuid, IsNewEachTimeAndTakesEveryDigitThatItsFormOf36CharactersAllows)
 {
-    for (int i = 0; i < 1000; ++i) {
-        const std::string uuid = randomUuid();
-        EXPECT_EQ(uuid.size(), 36U);
-        EXPECT_THAT(uuid, MatchesRegex(uuidForm));
-    }
-}
-
-TEST(RandomUuid, TakesEveryDigitInEveryPlaceButThoseOfItsForm)
-{
+    std::set<std::string> seen;
     std::vector<std::set<char>> digits(36);
     for (int i = 0; i < 1000; ++i) {
         const std::string uuid = randomUuid();
+        ASSERT_THAT(uuid, MatchesRegex(uuidForm));
+        seen.insert(uuid);
         for (std::size_t place = 0; place < digits.size(); ++place) {
             digits[place].insert(uuid.at(place));
         }
     }
+    EXPECT_THAT(seen, SizeIs(1000));
     const std::set<std::size_t> hyphensAndVersion{8, 13, 14, 18, 23};
     constexpr std::size_t variant = 19;
     for (std::size_t place = 0; place < digits.size(); ++place) {
@@ -249,15 +213,6 @@ TEST(RandomUuid, TakesEveryDigitInEveryPlaceButThoseOfItsForm)
                                                                       : 16U;
         EXPECT_THAT(digits[place], SizeIs(choices)) << place;
     }
-}
-
-TEST(RandomUuid, IsNewEachTime)
-{
-    std::set<std::string> seen;
-    for (int i = 0; i < 1000; ++i) {
-        seen.insert(randomUuid());
-    }
-    EXPECT_THAT(seen, SizeIs(1000));
 }
 
 } // namespace

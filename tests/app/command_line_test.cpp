@@ -40,98 +40,55 @@ std::string rejected(const Words& words)
     return error == nullptr ? std::string() : error->message;
 }
 
-TEST(CommandLineTest, NoWordsStartInTheMenuBar)
+TEST(CommandLineTest, EachActionHasItsWordsAndHelpWinsOverWhatIsOnlyMisplaced)
 {
-    const CommandLine commandLine = accepted({});
-
-    EXPECT_EQ(commandLine.action, Action::menuBar);
-    EXPECT_FALSE(commandLine.json);
-    EXPECT_FALSE(commandLine.demo);
-    EXPECT_EQ(commandLine.toolsDirectory, std::nullopt);
-    EXPECT_EQ(commandLine.sysfsRoot, std::nullopt);
-}
-
-TEST(CommandLineTest, List)
-{
-    EXPECT_EQ(accepted({"--list"}).action, Action::list);
-    EXPECT_FALSE(accepted({"--list"}).json);
-}
-
-TEST(CommandLineTest, ListAsJsonInEitherOrder)
-{
-    for (const Words& words : {Words{"--list", "--json"}, Words{"--json", "--list"}}) {
-        EXPECT_EQ(accepted(words).action, Action::list);
-        EXPECT_TRUE(accepted(words).json);
+    const std::vector<std::pair<Words, Action>> cases{
+        {{}, Action::menuBar},
+        {{"--demo"}, Action::menuBar},
+        {{"--panel"}, Action::menuBar},
+        {{"--list"}, Action::list},
+        {{"--demo", "--list"}, Action::list},
+        {{"--watch"}, Action::watch},
+        {{"--diagnose"}, Action::diagnose},
+        {{"--screenshots", "some dir"}, Action::screenshots},
+        {{"--help"}, Action::showHelp},
+        {{"-h"}, Action::showHelp},
+        {{"--version"}, Action::showVersion},
+        {{"-v"}, Action::showVersion},
+        {{"--list", "--help"}, Action::showHelp},
+        {{"--help", "--version"}, Action::showHelp},
+        {{"--help", "--json"}, Action::showHelp},
+        {{"--help", "word"}, Action::showHelp},
+        {{"--version", "--demo", "--tools", "x"}, Action::showVersion},
+    };
+    for (const auto& [words, action] : cases) {
+        EXPECT_EQ(accepted(words).action, action) << testing::PrintToString(words);
     }
 }
 
-TEST(CommandLineTest, Demo)
+TEST(CommandLineTest, AnOptionThatIsNotGivenIsOff)
 {
-    EXPECT_TRUE(accepted({"--demo"}).demo);
-    EXPECT_EQ(accepted({"--demo"}).action, Action::menuBar);
-    EXPECT_EQ(accepted({"--demo", "--list"}).action, Action::list);
+    EXPECT_TRUE(accepted({}) == CommandLine());
 }
 
-TEST(CommandLineTest, ToolsWithTheDirectoryAsTheNextWordOrBehindAnEqualsSign)
+TEST(CommandLineTest, EachOptionHasItsEffectInAnyOrder)
 {
-    EXPECT_EQ(accepted({"--tools", "/some/dir"}).toolsDirectory, "/some/dir");
-    EXPECT_EQ(accepted({"--tools=/some/dir"}).toolsDirectory, "/some/dir");
-    EXPECT_EQ(accepted({"--tools", "with blank/数字"}).toolsDirectory, "with blank/数字");
-    EXPECT_EQ(accepted({"--tools", "/some/dir"}).sysfsRoot, std::nullopt);
-}
-
-TEST(CommandLineTest, SysfsWithTheDirectoryAsTheNextWordOrBehindAnEqualsSign)
-{
-    EXPECT_EQ(accepted({"--list", "--sysfs", "/some/dir"}).sysfsRoot, "/some/dir");
-    EXPECT_EQ(accepted({"--sysfs=/some/dir"}).sysfsRoot, "/some/dir");
-    EXPECT_EQ(accepted({"--sysfs", "/some/dir"}).toolsDirectory, std::nullopt);
-}
-
-TEST(CommandLineTest, Watch)
-{
-    EXPECT_EQ(accepted({"--watch"}).action, Action::watch);
-    EXPECT_EQ(accepted({"--watch"}).format, CommandLine::Format::voltmere);
-    EXPECT_EQ(accepted({"--watch", "--format", "waybar"}).format, CommandLine::Format::waybar);
-    EXPECT_EQ(accepted({"--format=waybar", "--watch", "--demo"}).format,
-              CommandLine::Format::waybar);
-}
-
-TEST(CommandLineTest, AFormatGoesWithWatchAndIsOneThatIsKnown)
-{
-    EXPECT_EQ(rejected({"--format", "waybar"}), "--format goes with --watch.");
-    EXPECT_EQ(rejected({"--list", "--format", "waybar"}), "--format goes with --watch.");
-    EXPECT_EQ(rejected({"--watch", "--format", "polybar"}), "--format knows only 'waybar'.");
-    EXPECT_EQ(rejected({"--watch", "--format", ""}), "--format knows only 'waybar'.");
-    EXPECT_EQ(rejected({"--watch", "--format", "Waybar"}), "--format knows only 'waybar'.");
-    EXPECT_THAT(rejected({"--watch", "--format"}), testing::HasSubstr("format"));
-    EXPECT_EQ(rejected({"--watch", "--json"}), "--json goes with --list.");
-}
-
-TEST(CommandLineTest, Diagnose)
-{
-    EXPECT_EQ(accepted({"--diagnose"}).action, Action::diagnose);
-    EXPECT_FALSE(accepted({"--diagnose"}).verbose);
+    EXPECT_TRUE(accepted({"--list", "--json"}).json);
+    EXPECT_TRUE(accepted({"--json", "--list"}).json);
     EXPECT_TRUE(accepted({"--verbose", "--diagnose"}).verbose);
-    EXPECT_EQ(accepted({"--diagnose", "--sysfs", "a"}).sysfsRoot, "a");
-    EXPECT_EQ(rejected({"--verbose"}), "--verbose goes with --diagnose.");
-    EXPECT_EQ(rejected({"--list", "--verbose"}), "--verbose goes with --diagnose.");
-}
-
-TEST(CommandLineTest, Panel)
-{
-    EXPECT_TRUE(accepted({"--panel"}).openPanel);
-    EXPECT_EQ(accepted({"--panel"}).action, Action::menuBar);
-    EXPECT_FALSE(accepted({}).openPanel);
     EXPECT_TRUE(accepted({"--demo", "--panel"}).openPanel);
+    EXPECT_TRUE(accepted({"--screenshots=x", "--demo"}).demo);
+    EXPECT_EQ(accepted({"--watch", "--format", "waybar"}).format, CommandLine::Format::waybar);
+    EXPECT_EQ(accepted({"--format=waybar", "--watch"}).format, CommandLine::Format::waybar);
 }
 
-TEST(CommandLineTest, Screenshots)
+TEST(CommandLineTest, AValueIsTheNextWordOrBehindAnEqualsSignAndTheLastOneCounts)
 {
-    EXPECT_EQ(accepted({"--screenshots", "some dir"}).action, Action::screenshots);
+    EXPECT_EQ(accepted({"--tools", "with blank/数字"}).toolsDirectory, "with blank/数字");
+    EXPECT_EQ(accepted({"--tools=/some/dir"}).toolsDirectory, "/some/dir");
+    EXPECT_EQ(accepted({"--list", "--sysfs", "/some/dir"}).sysfsRoot, "/some/dir");
     EXPECT_EQ(accepted({"--screenshots", "some dir"}).screenshotsDirectory, "some dir");
-    EXPECT_TRUE(accepted({"--screenshots=x", "--demo"}).demo);
-    EXPECT_EQ(rejected({"--screenshots", ""}), "--screenshots needs a directory.");
-    EXPECT_THAT(rejected({"--screenshots"}), testing::HasSubstr("screenshots"));
+    EXPECT_EQ(accepted({"--tools", "a", "--tools=b"}).toolsDirectory, "b");
 }
 
 TEST(CommandLineTest, OneThingIsDoneAtATime)
@@ -149,77 +106,39 @@ TEST(CommandLineTest, OneThingIsDoneAtATime)
     }
 }
 
-TEST(CommandLineTest, HelpAndVersion)
+TEST(CommandLineTest, WrongUsageIsExplained)
 {
-    EXPECT_EQ(accepted({"--help"}).action, Action::showHelp);
-    EXPECT_EQ(accepted({"-h"}).action, Action::showHelp);
-    EXPECT_EQ(accepted({"--version"}).action, Action::showVersion);
-    EXPECT_EQ(accepted({"-v"}).action, Action::showVersion);
-}
-
-TEST(CommandLineTest, HelpWinsOverEverythingThatIsOnlyMisplaced)
-{
-    EXPECT_EQ(accepted({"--list", "--help"}).action, Action::showHelp);
-    EXPECT_EQ(accepted({"--help", "--version"}).action, Action::showHelp);
-    EXPECT_EQ(accepted({"--help", "--json"}).action, Action::showHelp);
-    EXPECT_EQ(accepted({"--help", "word"}).action, Action::showHelp);
-    EXPECT_EQ(accepted({"--version", "--demo", "--tools", "x"}).action, Action::showVersion);
-}
-
-TEST(CommandLineTest, AnUnknownOptionIsWrong)
-{
-    EXPECT_EQ(rejected({"--lists"}), "Unknown option '--lists'.");
-    EXPECT_EQ(rejected({"-x"}), "Unknown option '-x'.");
-    EXPECT_EQ(rejected({"-hx"}), "Unknown option '-x'.");
-    EXPECT_EQ(rejected({"--help", "--bogus"}), "Unknown option '--bogus'.");
-    EXPECT_EQ(rejected({"word", "--bogus=x"}), "Unknown option '--bogus=x'.");
-    EXPECT_EQ(rejected({"--LIST"}), "Unknown option '--LIST'.");
-}
-
-TEST(CommandLineTest, APositionalArgumentIsWrong)
-{
-    EXPECT_EQ(rejected({"list"}), "Unexpected argument 'list'.");
-    EXPECT_EQ(rejected({"--list", "extra"}), "Unexpected argument 'extra'.");
-    EXPECT_EQ(rejected({"--", "--list"}), "Unexpected argument '--list'.");
-}
-
-TEST(CommandLineTest, JsonWithoutListIsWrong)
-{
-    EXPECT_EQ(rejected({"--json"}), "--json goes with --list.");
-    EXPECT_EQ(rejected({"--json", "--demo"}), "--json goes with --list.");
-}
-
-TEST(CommandLineTest, OnlyOneOptionSaysWhereToRead)
-{
-    const std::string message = "Only one of --demo, --tools and --sysfs can say where to read.";
-
-    EXPECT_EQ(rejected({"--demo", "--tools", "a"}), message);
-    EXPECT_EQ(rejected({"--demo", "--sysfs", "a"}), message);
-    EXPECT_EQ(rejected({"--list", "--tools", "a", "--sysfs", "b"}), message);
-    EXPECT_EQ(rejected({"--demo", "--tools", "a", "--sysfs", "b"}), message);
-}
-
-TEST(CommandLineTest, AMissingValueIsWrong)
-{
-    EXPECT_EQ(rejected({"--tools"}), "--tools needs a value.");
-    EXPECT_EQ(rejected({"--list", "--sysfs"}), "--sysfs needs a value.");
-}
-
-TEST(CommandLineTest, AnEmptyValueIsWrong)
-{
-    EXPECT_EQ(rejected({"--tools", ""}), "--tools needs a directory.");
-    EXPECT_EQ(rejected({"--sysfs", ""}), "--sysfs needs a directory.");
-    EXPECT_EQ(rejected({"--sysfs="}), "--sysfs needs a directory.");
-}
-
-TEST(CommandLineTest, AValueForAnOptionThatTakesNoneIsWrong)
-{
-    EXPECT_EQ(rejected({"--list=yes"}), "'--list=yes': --list takes no value.");
-}
-
-TEST(CommandLineTest, OfAnOptionThatIsGivenTwiceTheLastValueCounts)
-{
-    EXPECT_EQ(accepted({"--tools", "a", "--tools=b"}).toolsDirectory, "b");
+    const std::string places = "Only one of --demo, --tools and --sysfs can say where to read.";
+    const std::vector<std::pair<Words, std::string>> cases{
+        {{"--lists"}, "Unknown option '--lists'."},
+        {{"-x"}, "Unknown option '-x'."},
+        {{"-hx"}, "Unknown option '-x'."},
+        {{"--help", "--bogus"}, "Unknown option '--bogus'."},
+        {{"word", "--bogus=x"}, "Unknown option '--bogus=x'."},
+        {{"--LIST"}, "Unknown option '--LIST'."},
+        {{"list"}, "Unexpected argument 'list'."},
+        {{"--list", "extra"}, "Unexpected argument 'extra'."},
+        {{"--", "--list"}, "Unexpected argument '--list'."},
+        {{"--json", "--demo"}, "--json goes with --list."},
+        {{"--watch", "--json"}, "--json goes with --list."},
+        {{"--verbose"}, "--verbose goes with --diagnose."},
+        {{"--list", "--format", "waybar"}, "--format goes with --watch."},
+        {{"--watch", "--format", "polybar"}, "--format knows only 'waybar'."},
+        {{"--watch", "--format", ""}, "--format knows only 'waybar'."},
+        {{"--demo", "--tools", "a"}, places},
+        {{"--demo", "--sysfs", "a"}, places},
+        {{"--list", "--tools", "a", "--sysfs", "b"}, places},
+        {{"--tools"}, "--tools needs a value."},
+        {{"--watch", "--format"}, "--format needs a value."},
+        {{"--screenshots"}, "--screenshots needs a value."},
+        {{"--tools", ""}, "--tools needs a directory."},
+        {{"--sysfs="}, "--sysfs needs a directory."},
+        {{"--screenshots", ""}, "--screenshots needs a directory."},
+        {{"--list=yes"}, "'--list=yes': --list takes no value."},
+    };
+    for (const auto& [words, complaint] : cases) {
+        EXPECT_EQ(rejected(words), complaint);
+    }
 }
 
 TEST(CommandLineTest, TheUsageTextNamesEveryOption)

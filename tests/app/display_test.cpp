@@ -72,15 +72,9 @@ TEST_F(DisplayTest, NoDisplay)
 {
     EXPECT_THAT(problem(), HasSubstr("there is no display"));
     EXPECT_THAT(problem({"--panel"}), HasSubstr("there is no display"));
-    EXPECT_THAT(problem({"--demo"}), HasSubstr("there is no display"));
-}
-
-TEST_F(DisplayTest, AnEmptyDisplayIsNone)
-{
     variables["DISPLAY"] = "";
     variables["WAYLAND_DISPLAY"] = "";
-
-    EXPECT_THAT(problem(), HasSubstr("there is no display"));
+    EXPECT_THAT(problem({"--demo"}), HasSubstr("there is no display"));
 }
 
 TEST_F(DisplayTest, ADisplayThatCannotBeOpened)
@@ -100,17 +94,11 @@ TEST_F(DisplayTest, ACompositorThatCannotBeReached)
                       HasSubstr("(Could not find the Qt platform plugin \"wayland\"")));
 }
 
-TEST_F(DisplayTest, APlatformOfQtWhoseDisplayIsNotSet)
+TEST_F(DisplayTest, APlatformOfQtWhoseDisplayIsNotSetOrThatQtDoesNotHave)
 {
     variables["QT_QPA_PLATFORM"] = "xcb";
-
     EXPECT_THAT(problem(), HasSubstr("(could not connect to display)"));
-}
-
-TEST_F(DisplayTest, APlatformThatQtDoesNotHave)
-{
     variables["QT_QPA_PLATFORM"] = "nonsense";
-
     EXPECT_THAT(problem(), HasSubstr("platform plugin \"nonsense\""));
 }
 
@@ -154,10 +142,22 @@ TEST_F(DisplayTest, AProgramThatRunsSaysWhatDoesNotWork)
         said += program.readAllStandardError().toStdString();
     }
     EXPECT_THAT(said, HasSubstr("Could not find the Qt platform plugin \"nonsense\""));
-    EXPECT_THAT(said, HasSubstr("there is no session bus: no notifications"));
+    EXPECT_THAT(said, HasSubstr("Voltmere: there is no session bus: no notifications"));
     EXPECT_EQ(program.state(), QProcess::Running);
     program.terminate();
     EXPECT_TRUE(program.waitForFinished(60'000));
+}
+
+TEST_F(DisplayTest, TheProgramWithTheWindowsIsMissing)
+{
+    std::filesystem::copy_file(executable, directory / "voltmere");
+    executable = directory / "voltmere";
+    const Outcome outcome = run({});
+
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.errors,
+                MatchesRegex("voltmere: the windows cannot be started \\(/[^\n]*voltmere-desktop: "
+                             "No such file or directory\\); install it again\n"));
 }
 
 TEST_F(DisplayTest, AnswersNeedNone)

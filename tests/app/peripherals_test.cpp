@@ -21,11 +21,6 @@ protected:
     RecordingLog log;
 };
 
-TEST_F(PeripheralsTest, TheSystemsOwnEntriesAreReadWhereThereIsNoRegistryTool)
-{
-    EXPECT_EQ(make().choose().label, "sysfs");
-}
-
 TEST_F(PeripheralsTest, TheToolsAreReadAsLongAsTheRegistryToolCanBeRun)
 {
     Peripherals peripherals = make();
@@ -37,13 +32,6 @@ TEST_F(PeripheralsTest, TheToolsAreReadAsLongAsTheRegistryToolCanBeRun)
     EXPECT_EQ(peripherals.choose().label, "sysfs");
 }
 
-TEST_F(PeripheralsTest, ToolsThatAreNamedAreReadEvenIfTheyAreNotThere)
-{
-    commandLine.toolsDirectory = directory / "named";
-
-    EXPECT_EQ(make().choose().label, "tools");
-}
-
 TEST_F(PeripheralsTest, EntriesThatAreNamedAreReadEvenBesideTheTools)
 {
     installSystemTools();
@@ -52,10 +40,12 @@ TEST_F(PeripheralsTest, EntriesThatAreNamedAreReadEvenBesideTheTools)
     EXPECT_EQ(make().choose().label, "sysfs");
 }
 
-TEST_F(PeripheralsTest, ADemonstrationReadsItsOwnTools)
+TEST_F(PeripheralsTest, ToolsThatAreNamedOrDemonstratedAreReadEvenIfTheyAreNotThere)
 {
+    commandLine.toolsDirectory = directory / "named";
+    EXPECT_EQ(make().choose().label, "tools");
+    commandLine = {};
     commandLine.demo = true;
-
     EXPECT_EQ(make().choose().label, "tools");
 }
 

@@ -54,6 +54,10 @@ protected:
     std::filesystem::path runtime() const { return directory / "runtime"; }
     std::filesystem::path configuration() const { return directory / "configuration"; }
     std::filesystem::path tools() const { return directory / "tools"; }
+    QStringList withTools(const QStringList& words) const
+    {
+        return words + QStringList{"--tools", QString::fromStdString(tools())};
+    }
     std::filesystem::path settings() const
     {
         return configuration() / "voltmere" / "settings.json";

@@ -107,40 +107,36 @@ TEST_F(ScreenshotsCommandTest, WithoutPeripheralsTheIconsAreDrawnAllTheSame)
     for (const char* const name : {"menu-bar-light.png", "tray-dark.png"}) {
         EXPECT_FALSE(isBlank(picture(name))) << name;
     }
+    const QImage without = picture("tray-light.png");
+    makeTools();
+    ASSERT_EQ(draw(album()).status, 0);
+    EXPECT_NE(picture("tray-light.png"), without);
 }
 
 TEST_F(ScreenshotsCommandTest, TheUsersSettingsAreLeftAlone)
 {
     makeTools();
-    writeFile(settings(), R"({"language":"zh"})");
-    ASSERT_EQ(draw(album()).status, 0);
+    writeFile(settings(), "damaged");
+    const Outcome outcome = draw(album());
 
-    EXPECT_EQ(readFile(settings()), R"({"language":"zh"})");
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.errors, "");
+    EXPECT_EQ(readFile(settings()), "damaged");
 }
 
-TEST_F(ScreenshotsCommandTest, ADirectoryThatCannotBeMadeIsSaidInOneLine)
+TEST_F(ScreenshotsCommandTest, ADirectoryThatCannotBeMadeOrWrittenToIsSaidInOneLine)
 {
     makeTools();
     writeFile(directory / "file", "");
-    const Outcome outcome = draw(directory / "file" / "album");
+    const Outcome unmade = draw(directory / "file" / "album");
+    const Outcome unwritten = draw("/proc"); // read-only for the superuser too
 
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_EQ(outcome.output, "");
-    EXPECT_THAT(outcome.errors, MatchesRegex("voltmere: [^\n]*file/album[^\n]*\n"));
+    EXPECT_EQ(unmade.status, 1);
+    EXPECT_EQ(unmade.output, "");
+    EXPECT_THAT(unmade.errors, MatchesRegex("voltmere: [^\n]*file/album[^\n]*\n"));
+    EXPECT_EQ(unwritten.status, 1);
+    EXPECT_THAT(unwritten.errors, MatchesRegex("voltmere: cannot write /proc/[^\n]*\n"));
 }
-
-#ifdef __linux__
-
-TEST_F(ScreenshotsCommandTest, ADirectoryThatCannotBeWrittenToIsSaidInOneLine)
-{
-    makeTools();
-    const Outcome outcome = draw("/proc"); // read-only for the superuser too
-
-    EXPECT_EQ(outcome.status, 1);
-    EXPECT_THAT(outcome.errors, MatchesRegex("voltmere: cannot write /proc/[^\n]*\n"));
-}
-
-#endif
 
 } // namespace
 } // namespace voltmere

@@ -8,6 +8,8 @@
 #include <gmock/gmock.h>
 
 #include <QDBusArgument>
+#include <QDBusConnectionInterface>
+#include <QDBusError>
 #include <QTest>
 
 namespace voltmere {
@@ -40,8 +42,9 @@ protected:
     }
 
     PrivateBus bus;
+    FakeBusService::Answer answer = [](const QDBusMessage& call) { return call.createReply(); };
     FakeBusService running{bus.connect(), "/org/voltmere/Voltmere",
-                           [](const QDBusMessage& call) { return call.createReply(); }};
+                           [this](const QDBusMessage& call) { return answer(call); }};
 };
 
 TEST_F(SecondStartTest, AsksTheInstanceThatRunsForItsPanelAndEnds)
@@ -57,6 +60,33 @@ TEST_F(SecondStartTest, PassesThePermissionToTakeTheFocusOn)
     variables["XDG_ACTIVATION_TOKEN"] = "token-7";
 
     EXPECT_EQ(handedOver({"--panel"}).value("activation-token").toString(), "token-7");
+}
+
+TEST_F(SecondStartTest, EndsAlsoWhereTheInstanceThatRunsIsTooBusyToAnswer)
+{
+    answer = [](const QDBusMessage&) { return std::nullopt; };
+
+    handedOver();
+}
+
+TEST_F(SecondStartTest, TakesThePlaceOfAnInstanceThatEndsMeanwhile)
+{
+    QDBusConnection connection = running.connection();
+    answer = [&connection](const QDBusMessage& call) {
+        connection.unregisterService(applicationId);
+        return call.createErrorReply(QDBusError::NoReply, "it ends");
+    };
+    QProcess program;
+    start(program, {"--sysfs", "/nowhere"});
+
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] {
+            return !running.calls.empty() &&
+                connection.interface()->isServiceRegistered(applicationId);
+        },
+        60'000));
+    program.kill();
+    EXPECT_TRUE(program.waitForFinished(60'000));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "app/voltmere_app.h"
 
 #include "fakes/fake_alert_presenter.h"
+#include "fakes/fake_preferred_languages.h"
 #include "fakes/platform.h"
 #include "texts/l10n.h"
 
@@ -46,6 +47,13 @@ private:
     FakeAlertPresenter presenter;
 };
 
+class BusyMainLoop : public FakeMainLoop {
+public:
+    bool isBusy() const override { return busy; }
+
+    bool busy = false;
+};
+
 class VoltmereAppTest : public testing::Test {
 protected:
     VoltmereAppTest() { BatteryModel::launchSettled = false; }
@@ -63,8 +71,9 @@ protected:
         return app.run();
     }
 
+    LanguageGuard language{"en"};
     FakePlatform platform;
-    FakeMainLoop mainLoop;
+    BusyMainLoop mainLoop;
     FakeFrontEnd frontEnd;
     CommandLine commandLine;
     std::function<void(VoltmereApp&)> whileRunning = [](VoltmereApp&) {};
@@ -74,6 +83,13 @@ TEST_F(VoltmereAppTest, ShowsTheIconAndRunsUntilItIsStopped)
 {
     EXPECT_EQ(run(), 7);
     EXPECT_THAT(frontEnd.steps, ElementsAre("show", "run"));
+}
+
+TEST_F(VoltmereAppTest, EndsTheProcessWhileAReadingIsUnderWay)
+{
+    mainLoop.busy = true;
+
+    EXPECT_EXIT(run(), testing::ExitedWithCode(7), "");
 }
 
 TEST_F(VoltmereAppTest, OpensThePanelAtStartOnRequestOnceTheLaunchHasFinished)

@@ -44,25 +44,6 @@ auto isListed()
     return VariantWith<BatteryDevice>(testing::_);
 }
 
-TEST(DeviceListing, NoEntriesYieldAnEmptyList)
-{
-    EXPECT_THAT(listDevices({}, {{"AA", "Mouse"}}), IsEmpty());
-}
-
-TEST(DeviceListing, ADeviceTakesItsFieldsFromTheEntryAndTheCatalogue)
-{
-    EXPECT_THAT(listDevices({entry(803, 55)}, {}),
-                ElementsAre(BatteryDevice{803, "Magic Mouse", 55, "magicmouse", 0}));
-}
-
-TEST(DeviceListing, EveryModelOfTheCatalogueIsListed)
-{
-    for (const auto& [product, known] : BatteryDevice::knownAppleDevices()) {
-        EXPECT_THAT(listDevices({entry(product, 7)}, {}),
-                    ElementsAre(BatteryDevice{product, known.name, 7, known.symbol, known.order}));
-    }
-}
-
 TEST(DeviceListing, LevelsAreNeitherClampedNorRefused)
 {
     for (const std::int64_t level : {std::int64_t{0}, std::int64_t{100}, std::int64_t{101},
@@ -72,26 +53,17 @@ TEST(DeviceListing, LevelsAreNeitherClampedNorRefused)
     }
 }
 
-TEST(DeviceListing, Product612IsDroppedEvenThoughItReportsALevel)
-{
-    EXPECT_THAT(listDevices({entry(612, 55)}, {}), IsEmpty());
-    EXPECT_THAT(judgeEntries({entry(612, 55)}, {}),
-                ElementsAre(isSkipped(SkipReason::unknownProduct)));
-}
-
-TEST(DeviceListing, AnEntryWithoutALevelIsDropped)
+TEST(DeviceListing, Product612AndEntriesWithoutALevelOrAProductAreDropped)
 {
     BatteryEntry noLevel = entry(803, 0);
     noLevel.level.reset();
-    EXPECT_THAT(listDevices({noLevel}, {}), IsEmpty());
-    EXPECT_THAT(judgeEntries({noLevel}, {}), ElementsAre(isSkipped(SkipReason::noLevel)));
-}
-
-TEST(DeviceListing, AnEntryWithoutAProductIsDropped)
-{
     BatteryEntry noProduct = entry(803, 55);
     noProduct.product.reset();
-    EXPECT_THAT(judgeEntries({noProduct}, {}), ElementsAre(isSkipped(SkipReason::noProduct)));
+    const std::vector<BatteryEntry> entries{entry(612, 55), noLevel, noProduct};
+    EXPECT_THAT(listDevices(entries, {}), IsEmpty());
+    EXPECT_THAT(judgeEntries(entries, {}),
+                ElementsAre(isSkipped(SkipReason::unknownProduct), isSkipped(SkipReason::noLevel),
+                            isSkipped(SkipReason::noProduct)));
 }
 
 TEST(DeviceListing, TheFirstRuleThatSkipsAnEntryGivesTheReason)
@@ -102,18 +74,18 @@ TEST(DeviceListing, TheFirstRuleThatSkipsAnEntryGivesTheReason)
     rejectedThoughComplete.rejection = "";
     BatteryEntry noLevelOfUnknownProduct = entry(612, 0);
     noLevelOfUnknownProduct.level.reset();
-    BatteryEntry noLevelOfListedModel = entry(803, 0);
-    noLevelOfListedModel.level.reset();
+    BatteryEntry mouseWithoutLevel = entry(803, 0);
+    mouseWithoutLevel.level.reset();
     const std::vector<BatteryEntry> entries{
-        rejected,      BatteryEntry{},          rejectedThoughComplete, entry(803, 55),
-        entry(612, 1), noLevelOfUnknownProduct, noLevelOfListedModel,   entry(803, 1),
-        entry(612, 1), entry(805, 2),
+        rejected,       BatteryEntry{}, rejectedThoughComplete,  mouseWithoutLevel,
+        entry(803, 55), entry(612, 1),  noLevelOfUnknownProduct, mouseWithoutLevel,
+        entry(803, 1),  entry(612, 1),  entry(805, 2),
     };
     EXPECT_THAT(judgeEntries(entries, {}),
                 ElementsAre(isSkipped(SkipReason::rejectedBySource), isSkipped(SkipReason::noLevel),
-                            isSkipped(SkipReason::rejectedBySource), isListed(),
-                            isSkipped(SkipReason::unknownProduct), isSkipped(SkipReason::noLevel),
-                            isSkipped(SkipReason::noLevel),
+                            isSkipped(SkipReason::rejectedBySource), isSkipped(SkipReason::noLevel),
+                            isListed(), isSkipped(SkipReason::unknownProduct),
+                            isSkipped(SkipReason::noLevel), isSkipped(SkipReason::noLevel),
                             isSkipped(SkipReason::modelAlreadyListed),
                             isSkipped(SkipReason::unknownProduct), isListed()));
 }
@@ -134,38 +106,10 @@ TEST(DeviceListing, OfTwoMagicMiceOnlyTheFirstIsReported)
                 ElementsAre(BatteryDevice{803, "Magic Mouse", 40, "magicmouse", 0}));
 }
 
-TEST(DeviceListing, OfTwoMagicMiceTheFirstIsReportedUnderItsOwnName)
-{
-    EXPECT_THAT(namesOf(listDevices({entry(803, 40), entry(803, 9, "AA")}, {{"AA", "Second"}})),
-                ElementsAre("Magic Mouse"));
-}
-
-TEST(DeviceListing, AFirstMouseWithoutALevelDoesNotHideTheSecond)
-{
-    BatteryEntry noLevel = entry(803, 0);
-    noLevel.level.reset();
-    EXPECT_THAT(listDevices({noLevel, entry(803, 9)}, {}),
-                ElementsAre(Field(&BatteryDevice::level, 9)));
-}
-
-TEST(DeviceListing, AFirstMouseThatTheSourceRejectsDoesNotHideTheSecond)
-{
-    BatteryEntry rejected = entry(803, 40);
-    rejected.rejection = "on a cable";
-    EXPECT_THAT(listDevices({rejected, entry(803, 9)}, {}),
-                ElementsAre(Field(&BatteryDevice::level, 9)));
-}
-
 TEST(DeviceListing, TwoModelsWithOneCatalogueNameAreBothReported)
 {
     EXPECT_THAT(listDevices({entry(615, 1), entry(805, 2)}, {}), SizeIs(2));
     EXPECT_THAT(listDevices({entry(619, 1), entry(620, 2)}, {}), SizeIs(2));
-}
-
-TEST(DeviceListing, EachListingStartsAnew)
-{
-    EXPECT_THAT(listDevices({entry(803, 40)}, {}), SizeIs(1));
-    EXPECT_THAT(listDevices({entry(803, 40)}, {}), SizeIs(1));
 }
 
 TEST(DeviceListing, ASerialNumberWithHyphensFindsTheNameUnderColonsAndUpperCase)
@@ -263,17 +207,6 @@ TEST(SortForDisplay, IsStableAndComparesOrderAlone)
                     (before.order == after.order && before.id > after.id))
             << "at " << i;
     }
-}
-
-TEST(SortForDisplay, TakesOrdersOfEitherSign)
-{
-    std::vector<BatteryDevice> devices{{1, "", 0, "", std::numeric_limits<std::int64_t>::max()},
-                                       {2, "", 0, "", 0},
-                                       {3, "", 0, "", std::numeric_limits<std::int64_t>::min()}};
-    sortForDisplay(devices);
-    EXPECT_EQ(devices[0].id, 3);
-    EXPECT_EQ(devices[1].id, 2);
-    EXPECT_EQ(devices[2].id, 1);
 }
 
 TEST(BluetoothAddress, IsNormalisedToColonsAndUpperCase)

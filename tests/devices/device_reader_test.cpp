@@ -9,15 +9,19 @@
 
 #include <gmock/gmock.h>
 
+#include <array>
 #include <latch>
 #include <thread>
 
 namespace voltmere {
 namespace {
 
+using std::chrono::hours;
+using std::chrono::milliseconds;
+using std::chrono::seconds;
 using testing::ElementsAre;
-using testing::Field;
 using testing::IsEmpty;
+using testing::Pair;
 
 BatteryEntry mouseOf(std::string address)
 {
@@ -36,11 +40,6 @@ protected:
     DeviceReader reader{[this] { return PeripheralSources{"fake", &batteries, &names}; }, clock};
 };
 
-TEST_F(DeviceReaderTest, NoEntriesYieldAnEmptyList)
-{
-    EXPECT_THAT(reader.readDevices(true), IsEmpty());
-}
-
 TEST_F(DeviceReaderTest, TheNamesOfTheSourceReachTheDevices)
 {
     batteries.entries = {mouseOf("aa-bb")};
@@ -49,19 +48,13 @@ TEST_F(DeviceReaderTest, TheNamesOfTheSourceReachTheDevices)
                 ElementsAre(BatteryDevice{803, "Mouse of Ann", 55, "magicmouse", 0}));
 }
 
-TEST_F(DeviceReaderTest, NamesAreReadBeforeTheLevels)
+TEST_F(DeviceReaderTest, NamesAreReadBeforeTheLevelsThoughThereAreNone)
 {
     int readingsBefore = -1;
     names.whileReading = [&] { readingsBefore = batteries.readings; };
     reader.readDevices(true);
     EXPECT_EQ(readingsBefore, 0);
     EXPECT_EQ(batteries.readings, 1);
-}
-
-TEST_F(DeviceReaderTest, NamesAreReadEvenWhenThereAreNoEntries)
-{
-    reader.readDevices(true);
-    EXPECT_EQ(names.readings, 1);
 }
 
 TEST_F(DeviceReaderTest, TheCacheServesNamesOnlyWhenItMayBeUsed)
@@ -73,26 +66,6 @@ TEST_F(DeviceReaderTest, TheCacheServesNamesOnlyWhenItMayBeUsed)
     EXPECT_THAT(namesOf(reader.readDevices(true)), ElementsAre("Old"));
     EXPECT_THAT(namesOf(reader.readDevices(false)), ElementsAre("New"));
     EXPECT_EQ(names.readings, 2);
-}
-
-TEST_F(DeviceReaderTest, LevelsAreReadAnewEachTime)
-{
-    names.names = {{"AA:BB", "Mouse of Ann"}};
-    batteries.entries = {mouseOf("aa-bb")};
-    reader.readDevices(true);
-    batteries.entries.front().level = 54;
-    EXPECT_THAT(reader.readDevices(true), ElementsAre(Field(&BatteryDevice::level, 54)));
-    EXPECT_EQ(batteries.readings, 2);
-}
-
-TEST_F(DeviceReaderTest, TheDevicesComeInDisplayOrder)
-{
-    for (const std::int64_t product : {804, 805, 803}) {
-        batteries.entries.push_back(mouseOf(""));
-        batteries.entries.back().product = product;
-    }
-    EXPECT_THAT(namesOf(reader.readDevices(true)),
-                ElementsAre("Magic Mouse", "Magic Keyboard", "Magic Trackpad"));
 }
 
 TEST_F(DeviceReaderTest, TheSourcesAreChosenForEachReading)
@@ -114,35 +87,131 @@ TEST_F(DeviceReaderTest, TheSourcesAreChosenForEachReading)
     EXPECT_EQ(choices, 2);
 }
 
-TEST_F(DeviceReaderTest, AReadingThatHangsDoesNotHoldUpTheNext)
+const NameMap oldNames{{"AA", "Old"}};
+const NameMap newNames{{"AA", "New"}, {"BB", "Other"}};
+
+class BluetoothNameResolverTest : public testing::Test {
+protected:
+    BluetoothNameResolverTest() { clock.present = Instant(hours(24 * 365 * 50)); }
+
+    /// Reads `oldNames` into the cache now and lets the source know `newNames` from then on.
+    void fillCache()
+    {
+        source.names = oldNames;
+        ASSERT_EQ(resolver.bluetoothNames(true, source), oldNames);
+        ASSERT_EQ(source.readings, 1);
+        source.names = newNames;
+    }
+
+    FakeClock clock;
+    FakeNameSource source;
+    BluetoothNameResolver resolver{clock};
+};
+
+TEST_F(BluetoothNameResolverTest, TheFirstRequestReadsEvenWhenTheCacheMayBeUsed)
 {
-    std::latch hanging(1);
-    std::latch released(1);
-    FakeNameSource slowNames;
-    slowNames.names = {{"AA:BB", "Slow"}};
-    slowNames.whileReading = [&] {
-        hanging.count_down();
-        released.wait();
-    };
-    FakeBatterySource slowBatteries;
-    slowBatteries.entries = {mouseOf("aa-bb")};
-    batteries.entries = {mouseOf("aa-bb")};
-    names.names = {{"AA:BB", "Quick"}};
-    const std::thread::id testThread = std::this_thread::get_id();
-    DeviceReader shared(
-        [&] {
-            return std::this_thread::get_id() == testThread
-                ? PeripheralSources{"quick", &batteries, &names}
-                : PeripheralSources{"slow", &slowBatteries, &slowNames};
-        },
-        clock);
-    std::vector<BatteryDevice> slowResult;
-    std::thread slow([&] { slowResult = shared.readDevices(false); });
-    hanging.wait();
-    EXPECT_THAT(namesOf(shared.readDevices(false)), ElementsAre("Quick"));
-    released.count_down();
-    slow.join();
-    EXPECT_THAT(namesOf(slowResult), ElementsAre("Slow"));
+    source.names = newNames;
+    EXPECT_EQ(resolver.bluetoothNames(true, source), newNames);
+    EXPECT_EQ(source.readings, 1);
+}
+
+TEST_F(BluetoothNameResolverTest, ACacheWritten21599SecondsAgoIsServedAndOneOf21600SecondsIsNot)
+{
+    fillCache();
+    clock.present += seconds(21599);
+    EXPECT_EQ(resolver.bluetoothNames(true, source), oldNames);
+    clock.present += milliseconds(999);
+    EXPECT_EQ(resolver.bluetoothNames(true, source), oldNames) << "fractions count for the age";
+    clock.present += milliseconds(1);
+    EXPECT_EQ(resolver.bluetoothNames(true, source), newNames) << "serving it does not renew it";
+    EXPECT_EQ(source.readings, 2);
+}
+
+TEST_F(BluetoothNameResolverTest, ANegativeAgeCountsAsFresh)
+{
+    fillCache();
+    clock.present -= hours(24 * 365);
+    EXPECT_EQ(resolver.bluetoothNames(true, source), oldNames);
+    EXPECT_EQ(source.readings, 1);
+}
+
+TEST_F(BluetoothNameResolverTest, WithoutTheCacheTheSourceIsAlwaysRead)
+{
+    fillCache();
+    EXPECT_EQ(resolver.bluetoothNames(false, source), newNames);
+    EXPECT_EQ(resolver.bluetoothNames(false, source), newNames);
+    EXPECT_EQ(source.readings, 3);
+}
+
+TEST_F(BluetoothNameResolverTest, WithoutTheCacheTheCacheAndItsTimeAreReplaced)
+{
+    fillCache();
+    clock.present += seconds(21599);
+    EXPECT_EQ(resolver.bluetoothNames(false, source), newNames);
+    source.names = oldNames;
+    clock.present += seconds(21599);
+    EXPECT_EQ(resolver.bluetoothNames(true, source), newNames);
+    EXPECT_EQ(source.readings, 2);
+    clock.present += seconds(1);
+    EXPECT_EQ(resolver.bluetoothNames(true, source), oldNames);
+}
+
+TEST_F(BluetoothNameResolverTest, AnEmptyCacheIsNeverServed)
+{
+    EXPECT_THAT(resolver.bluetoothNames(true, source), IsEmpty());
+    EXPECT_THAT(resolver.bluetoothNames(true, source), IsEmpty());
+    EXPECT_EQ(source.readings, 2);
+    source.names = newNames;
+    EXPECT_EQ(resolver.bluetoothNames(true, source), newNames);
+    EXPECT_EQ(source.readings, 3);
+}
+
+TEST_F(BluetoothNameResolverTest, AReadingReplacesTheNamesAndDoesNotAddToThem)
+{
+    fillCache();
+    source.names = {{"CC", "Third"}};
+    resolver.bluetoothNames(false, source);
+    EXPECT_THAT(resolver.bluetoothNames(true, source), ElementsAre(Pair("CC", "Third")));
+}
+
+TEST_F(BluetoothNameResolverTest, TheAgeCountsFromTheEndOfTheReading)
+{
+    source.names = oldNames;
+    source.whileReading = [this] { clock.present += seconds(40); };
+    resolver.bluetoothNames(true, source);
+    clock.present += seconds(21599);
+    EXPECT_EQ(resolver.bluetoothNames(true, source), oldNames);
+    EXPECT_EQ(source.readings, 1);
+}
+
+TEST_F(BluetoothNameResolverTest, TheOldNamesAreServedWhileASourceReads)
+{
+    fillCache();
+    FakeNameSource inner;
+    NameMap seenInside;
+    source.whileReading = [&] { seenInside = resolver.bluetoothNames(true, inner); };
+    EXPECT_EQ(resolver.bluetoothNames(false, source), newNames);
+    EXPECT_EQ(seenInside, oldNames);
+    EXPECT_EQ(inner.readings, 0);
+}
+
+TEST_F(BluetoothNameResolverTest, TwoThreadsReadAtTheSameTime)
+{
+    // Each source waits for the other one to be reading too: a lock held meanwhile would hang here.
+    std::latch bothReading(2);
+    std::array<FakeNameSource, 2> sources;
+    std::array<NameMap, 2> results;
+    for (FakeNameSource& each : sources) {
+        each.names = newNames;
+        each.whileReading = [&] { bothReading.arrive_and_wait(); };
+    }
+    std::thread first([&] { results[0] = resolver.bluetoothNames(false, sources[0]); });
+    std::thread second([&] { results[1] = resolver.bluetoothNames(true, sources[1]); });
+    first.join();
+    second.join();
+    EXPECT_THAT(results, ElementsAre(newNames, newNames));
+    EXPECT_EQ(resolver.bluetoothNames(true, source), newNames);
+    EXPECT_EQ(source.readings, 0);
 }
 
 /// The reader on top of both tools, as it works where they exist. The outputs are synthetic.
@@ -166,57 +235,19 @@ protected:
 const std::string annsReport = "          Mouse of Ann:\n"
                                "              Address: AA:BB:CC:DD:EE:FF\n";
 
-TEST_F(DeviceReaderWithTools, TheProfilerRunsBeforeTheRegistryTool)
-{
-    read();
-    EXPECT_THAT(processes.requests,
-                ElementsAre(Field(&ProcessRequest::executable, "/usr/sbin/system_profiler"),
-                            Field(&ProcessRequest::executable, "/usr/sbin/ioreg")));
-}
-
-TEST_F(DeviceReaderWithTools, ToolsThatCannotBeStartedYieldAnEmptyList)
-{
-    EXPECT_THAT(read(), IsEmpty());
-}
-
 TEST_F(DeviceReaderWithTools, EmptyOutputYieldsAnEmptyList)
 {
     print("");
     EXPECT_THAT(read(), IsEmpty());
 }
 
-TEST_F(DeviceReaderWithTools, OutputThatIsNotUtf8YieldsAnEmptyList)
+TEST_F(DeviceReaderWithTools, TheSerialNumberElseTheDeviceAddressFindsTheNameThatTheUserGave)
 {
-    print(registryBlock({percent55, product803}) + "\xC3", annsReport);
-    EXPECT_THAT(read(), IsEmpty());
-}
-
-TEST_F(DeviceReaderWithTools, AReportThatIsNotUtf8LeavesTheCatalogueNames)
-{
-    print(registryBlock({percent55, product803, textProperty("SerialNumber", "aa-bb-cc-dd-ee-ff")}),
-          annsReport + "\xC3");
-    EXPECT_THAT(namesOf(read()), ElementsAre("Magic Mouse"));
-}
-
-TEST_F(DeviceReaderWithTools, ABlockWithNeitherLevelIsDropped)
-{
-    print(registryBlock({product803}) + registryBlock({percent55, property("ProductID", "805")}));
-    EXPECT_THAT(read(), ElementsAre(Field(&BatteryDevice::id, 805)));
-}
-
-TEST_F(DeviceReaderWithTools, TheSerialNumberFindsTheNameThatTheUserGave)
-{
-    print(registryBlock({percent55, product803, textProperty("SerialNumber", "aa-bb-cc-dd-ee-ff")}),
-          annsReport);
-    EXPECT_THAT(namesOf(read()), ElementsAre("Mouse of Ann"));
-}
-
-TEST_F(DeviceReaderWithTools, TheDeviceAddressFindsItWhenThereIsNoSerialNumber)
-{
-    print(
-        registryBlock({percent55, product803, textProperty("DeviceAddress", "aa-bb-cc-dd-ee-ff")}),
-        annsReport);
-    EXPECT_THAT(namesOf(read()), ElementsAre("Mouse of Ann"));
+    for (const char* const key : {"SerialNumber", "DeviceAddress"}) {
+        print(registryBlock({percent55, product803, textProperty(key, "aa-bb-cc-dd-ee-ff")}),
+              annsReport);
+        EXPECT_THAT(namesOf(read()), ElementsAre("Mouse of Ann")) << key;
+    }
 }
 
 TEST_F(DeviceReaderWithTools, ASerialNumberThatMatchesNothingIsTheOnlyAddressTried)
@@ -227,20 +258,6 @@ TEST_F(DeviceReaderWithTools, ASerialNumberThatMatchesNothingIsTheOnlyAddressTri
               annsReport);
         EXPECT_THAT(namesOf(read()), ElementsAre("Magic Mouse")) << serialNumber;
     }
-}
-
-TEST_F(DeviceReaderWithTools, AReportThatPrintsHyphensNamesNoDevice)
-{
-    print(registryBlock({percent55, product803, textProperty("SerialNumber", "aa-bb-cc-dd-ee-ff")}),
-          "          Mouse of Ann:\n              Address: aa-bb-cc-dd-ee-ff\n");
-    EXPECT_THAT(namesOf(read()), ElementsAre("Magic Mouse"));
-}
-
-TEST_F(DeviceReaderWithTools, TwoMagicMiceAreReportedAsTheFirst)
-{
-    print(registryBlock({product803}) + registryBlock({percent55, product803}) +
-          registryBlock({property("BatteryPercent", "9"), product803}));
-    EXPECT_THAT(read(), ElementsAre(BatteryDevice{803, "Magic Mouse", 55, "magicmouse", 0}));
 }
 
 } // namespace

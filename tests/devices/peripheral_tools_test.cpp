@@ -46,15 +46,6 @@ TEST_F(PeripheralTools, TheProfilerIsRunOnceWithItsExactRequest)
     EXPECT_EQ(request.limit, seconds(60));
 }
 
-TEST_F(PeripheralTools, EachReadingRunsTheToolAgain)
-{
-    registry.readEntries();
-    registry.readEntries();
-    profiler.readNames();
-    profiler.readNames();
-    EXPECT_THAT(processes.requests, SizeIs(4));
-}
-
 TEST_F(PeripheralTools, TheToolsAreTakenFromTheGivenDirectory)
 {
     processes.outputs["/opt/tools/ioreg"] = "";
@@ -97,16 +88,6 @@ TEST_F(PeripheralTools, TheOutputOfTheProfilerIsRead)
 
 TEST_F(PeripheralTools, AToolThatCannotBeStartedYieldsNothing)
 {
-    EXPECT_THAT(registry.readEntries(), IsEmpty());
-    EXPECT_THAT(profiler.readNames(), IsEmpty());
-}
-
-TEST_F(PeripheralTools, OutputThatIsNotUtf8YieldsNothing)
-{
-    processes.outputs["/usr/sbin/ioreg"] =
-        registryBlock({property("BatteryPercent", "55"), property("ProductID", "803")}) + "\xFF";
-    processes.outputs["/usr/sbin/system_profiler"] =
-        "          Mouse of Ann:\n              Address: aa:bb:cc:dd:ee:ff\n\xFF";
     EXPECT_THAT(registry.readEntries(), IsEmpty());
     EXPECT_THAT(profiler.readNames(), IsEmpty());
 }

@@ -53,190 +53,88 @@ TEST(ProfilerParser, AWholeReportIsReadAndTheControllersAddressIgnored)
                                      Pair("00:11:22:33:44:66", "Desk keyboard")));
 }
 
-TEST(ProfilerParser, AnEmptyReportHasNoNames)
+struct ReportCase {
+    const char* what;
+    std::string report;
+    NameMap names;
+};
+
+void PrintTo(const ReportCase& reportCase, std::ostream* out)
 {
-    EXPECT_THAT(parseProfilerReport(""), IsEmpty());
-    EXPECT_THAT(parseProfilerReport("\n\n"), IsEmpty());
+    *out << reportCase.report;
 }
 
-TEST(ProfilerParser, AHeadingIndentedByElevenOrMoreSpacesIsNoHeading)
+class Report : public testing::TestWithParam<ReportCase> { };
+
+TEST_P(Report, HasTheseNames)
 {
-    for (const std::size_t spaces : {11U, 12U, 14U, 100U}) {
-        EXPECT_THAT(parseProfilerReport(indented(spaces, "Mouse:") + address("AA")), IsEmpty())
-            << spaces;
+    EXPECT_EQ(parseProfilerReport(GetParam().report), GetParam().names);
+}
+
+const std::string mouseHeading = heading("Mouse");
+const NameMap noNames;
+const NameMap mouseAtAA{{"AA", "Mouse"}};
+
+const ReportCase reportCases[]{
+    {"AnEmptyReportHasNone", "", noNames},
+    {"LineFeedsAloneHaveNone", "\n\n", noNames},
+    {"ATabIsNoneOfTheTenSpaces", "         \tMouse:\n" + address("AA"), noNames},
+    {"TabsBehindTheTenSpacesAreTrimmed", "          \t Mouse:\n" + address("AA"), mouseAtAA},
+    {"BlanksBehindTheHeadingAreTrimmed", "          Mouse: \t \n" + address("AA"), mouseAtAA},
+    {"OtherSpacesAreNotTrimmed",
+     heading("\u00A0Mouse\u3000") + address("\u00A0AA"),
+     {{"\u00A0AA", "\u00A0Mouse\u3000"}}},
+    {"NothingButABlankMayFollowTheColon", "          Mouse:\u00A0\n" + address("AA"), noNames},
+    {"AHeadingNeedsAColon", indented(10, "Mouse") + address("AA"), noNames},
+    {"AHeadingNeedsItsColonAtTheEnd", indented(10, "Mouse: x") + address("AA"), noNames},
+    {"AnEmptyLineIsNoHeading", indented(10, "") + address("AA"), noNames},
+    {"ANameThatContainsAColonKeepsItAndLosesOnlyTheLastOne",
+     heading("Ann: left: mouse") + address("AA") + heading("Desk:") + address("BB"),
+     {{"AA", "Ann: left: mouse"}, {"BB", "Desk:"}}},
+    {"ANameKeepsItsOwnLettersAndBlanks",
+     heading("安的  Mouse “x” ") + address("AA"),
+     {{"AA", "安的  Mouse “x” "}}},
+    {"AnEmptyNameIsAName", heading("") + address("AA"), {{"AA", ""}}},
+    {"AHeadingNamedAddressIsNoAddress",
+     mouseHeading + heading("Address: BB") + address("AA"),
+     {{"AA", "Address: BB"}}},
+    {"AnAddressAtTenSpacesCounts", mouseHeading + indented(10, "Address: AA"), mouseAtAA},
+    {"AnAddressAtNoDepthCountsWithoutALineFeed", mouseHeading + "Address: AA", mouseAtAA},
+    {"AnAddressBehindATabCounts", mouseHeading + "\t \tAddress: AA\n", mouseAtAA},
+    {"AnAddressBeforeAnyHeadingIsIgnored", address("AA") + mouseHeading, noNames},
+    {"OnlyTheFirstAddressCounts", mouseHeading + address("AA") + address("BB"), mouseAtAA},
+    {"AHeadingWithoutAnAddressYieldsNothing", heading("Desk") + mouseHeading + address("AA"),
+     mouseAtAA},
+    {"ALaterPairReplacesAnEarlierOne",
+     heading("Old") + address("aa") + mouseHeading + address("AA"), mouseAtAA},
+    {"AnAddressWithoutAValueIsEmpty",
+     mouseHeading + indented(14, "Address: \t ") + address("AA"),
+     {{"", "Mouse"}}},
+    {"TheValueOfAnAddressNeedsNoSpace", mouseHeading + "Address:AA", mouseAtAA},
+    {"TheValueOfAnAddressIsTrimmed", mouseHeading + "   Address:\t AA \t", mouseAtAA},
+    {"AnAddressKeepsItsSeparators",
+     mouseHeading + address("a1-b2:c3.d4 e5"),
+     {{"A1-B2:C3.D4 E5", "Mouse"}}},
+    {"LinesThatOnlyResembleAnAddressChangeNothing",
+     mouseHeading + indented(14, "address: 1") + indented(14, "Address : 2") +
+         indented(14, "Address") + indented(14, "MAC Address: 3") + indented(14, "Addresses: 4") +
+         address("AA"),
+     mouseAtAA},
+    {"AHeadingThatACarriageReturnEndsIsNone", "          Mouse:\r\n" + address("AA"), noNames},
+    {"AnAddressKeepsItsCarriageReturn", mouseHeading + "Address: AA\r\n", {{"AA\r", "Mouse"}}},
+};
+
+INSTANTIATE_TEST_SUITE_P(ProfilerParser, Report, testing::ValuesIn(reportCases),
+                         [](const auto& row) { return std::string(row.param.what); });
+
+TEST(ProfilerParser, AHeadingIndentedByElevenOrMoreOrByFewerThanTenSpacesIsNoHeading)
+{
+    for (const std::size_t spaces : {0U, 1U, 6U, 9U, 11U, 14U, 100U}) {
+        const std::string line = indented(spaces, "Services:");
+        EXPECT_EQ(parseProfilerReport(line + address("AA")), noNames) << spaces;
+        EXPECT_EQ(parseProfilerReport(mouseHeading + line + address("AA")), mouseAtAA)
+            << spaces << ": the pending name stays";
     }
-}
-
-TEST(ProfilerParser, AHeadingIndentedByFewerThanTenSpacesIsNoHeading)
-{
-    for (const std::size_t spaces : {0U, 1U, 6U, 8U, 9U}) {
-        EXPECT_THAT(parseProfilerReport(indented(spaces, "Mouse:") + address("AA")), IsEmpty())
-            << spaces;
-    }
-}
-
-TEST(ProfilerParser, ALineAtAnotherDepthKeepsThePendingName)
-{
-    for (const std::size_t spaces : {0U, 6U, 9U, 11U, 14U}) {
-        EXPECT_THAT(
-            parseProfilerReport(heading("Mouse") + indented(spaces, "Services:") + address("AA")),
-            UnorderedElementsAre(Pair("AA", "Mouse")))
-            << spaces;
-    }
-}
-
-TEST(ProfilerParser, TabsAreNoPartOfTheTenSpaces)
-{
-    EXPECT_THAT(parseProfilerReport("\tMouse:\n" + address("AA")), IsEmpty());
-    EXPECT_THAT(parseProfilerReport("\t          Mouse:\n" + address("AA")), IsEmpty());
-    EXPECT_THAT(parseProfilerReport("         \tMouse:\n" + address("AA")), IsEmpty());
-}
-
-TEST(ProfilerParser, TabsBehindTheTenSpacesAreTrimmed)
-{
-    EXPECT_THAT(parseProfilerReport("          \t Mouse:\n" + address("AA")),
-                UnorderedElementsAre(Pair("AA", "Mouse")));
-}
-
-TEST(ProfilerParser, BlanksBehindTheHeadingAreTrimmed)
-{
-    EXPECT_THAT(parseProfilerReport("          Mouse: \t \n" + address("AA")),
-                UnorderedElementsAre(Pair("AA", "Mouse")));
-}
-
-TEST(ProfilerParser, OtherSpacesAreNotTrimmed)
-{
-    EXPECT_THAT(parseProfilerReport(heading("\u00A0Mouse\u3000") + address("\u00A0AA")),
-                UnorderedElementsAre(Pair("\u00A0AA", "\u00A0Mouse\u3000")));
-    EXPECT_THAT(parseProfilerReport("          Mouse:\u00A0\n" + address("AA")), IsEmpty());
-}
-
-TEST(ProfilerParser, AHeadingNeedsAColonAtItsEnd)
-{
-    EXPECT_THAT(parseProfilerReport(indented(10, "Mouse") + address("AA")), IsEmpty());
-    EXPECT_THAT(parseProfilerReport(indented(10, "Mouse: x") + address("AA")), IsEmpty());
-    EXPECT_THAT(parseProfilerReport(indented(10, "Mouse：") + address("AA")), IsEmpty());
-    EXPECT_THAT(parseProfilerReport(indented(10, "") + address("AA")), IsEmpty());
-}
-
-TEST(ProfilerParser, ANameThatContainsAColonKeepsItAndLosesOnlyTheLastOne)
-{
-    EXPECT_THAT(
-        parseProfilerReport(heading("Ann: left: mouse") + address("AA") + heading("Desk:") +
-                            address("BB") + heading(":") + address("CC")),
-        UnorderedElementsAre(Pair("AA", "Ann: left: mouse"), Pair("BB", "Desk:"), Pair("CC", ":")));
-}
-
-TEST(ProfilerParser, ANameKeepsItsOwnLettersAndBlanks)
-{
-    EXPECT_THAT(parseProfilerReport(heading("安的  Mouse é “x” ") + address("AA")),
-                UnorderedElementsAre(Pair("AA", "安的  Mouse é “x” ")));
-}
-
-TEST(ProfilerParser, AnEmptyNameIsAName)
-{
-    EXPECT_THAT(parseProfilerReport(heading("") + address("AA")),
-                UnorderedElementsAre(Pair("AA", "")));
-}
-
-TEST(ProfilerParser, AHeadingNamedAddressIsAHeadingAndNoAddress)
-{
-    EXPECT_THAT(parseProfilerReport(heading("Mouse") + heading("Address") + address("AA")),
-                UnorderedElementsAre(Pair("AA", "Address")));
-    EXPECT_THAT(parseProfilerReport(heading("Mouse") + heading("Address: BB") + address("AA")),
-                UnorderedElementsAre(Pair("AA", "Address: BB")));
-}
-
-TEST(ProfilerParser, AnAddressAtTenSpacesAfterAHeadingCounts)
-{
-    EXPECT_THAT(parseProfilerReport(heading("Mouse") + indented(10, "Address: AA")),
-                UnorderedElementsAre(Pair("AA", "Mouse")));
-}
-
-TEST(ProfilerParser, AnAddressAtAnyDepthCounts)
-{
-    for (const std::string_view indent : {"", " ", "\t", "            ", "\t \t "}) {
-        EXPECT_THAT(parseProfilerReport(heading("Mouse") + std::string(indent) + "Address: AA\n"),
-                    UnorderedElementsAre(Pair("AA", "Mouse")));
-    }
-}
-
-TEST(ProfilerParser, AnAddressBeforeAnyHeadingIsIgnored)
-{
-    for (const std::size_t spaces : {0U, 10U, 14U}) {
-        EXPECT_THAT(parseProfilerReport(indented(spaces, "Address: AA") + heading("Mouse")),
-                    IsEmpty())
-            << spaces;
-    }
-}
-
-TEST(ProfilerParser, OnlyTheFirstAddressAfterAHeadingCounts)
-{
-    EXPECT_THAT(
-        parseProfilerReport(heading("Mouse") + address("AA") + address("BB") + address("AA")),
-        UnorderedElementsAre(Pair("AA", "Mouse")));
-}
-
-TEST(ProfilerParser, AHeadingWithoutAnAddressBeforeTheNextHeadingYieldsNothing)
-{
-    EXPECT_THAT(parseProfilerReport(heading("Mouse") + heading("Keyboard") + address("AA") +
-                                    heading("Trackpad")),
-                UnorderedElementsAre(Pair("AA", "Keyboard")));
-}
-
-TEST(ProfilerParser, ALaterPairReplacesAnEarlierOneWithTheSameAddress)
-{
-    EXPECT_THAT(
-        parseProfilerReport(heading("Old") + address("aa:bb") + heading("New") + address("AA:BB")),
-        UnorderedElementsAre(Pair("AA:BB", "New")));
-}
-
-TEST(ProfilerParser, AnAddressWithoutAValueIsTheEmptyAddress)
-{
-    EXPECT_THAT(parseProfilerReport(heading("Mouse") + indented(14, "Address:") + address("AA")),
-                UnorderedElementsAre(Pair("", "Mouse")));
-    EXPECT_THAT(
-        parseProfilerReport(heading("Mouse") + indented(14, "Address: \t ") + address("AA")),
-        UnorderedElementsAre(Pair("", "Mouse")));
-}
-
-TEST(ProfilerParser, TheValueOfAnAddressIsTrimmedOfSpacesAndTabs)
-{
-    for (const std::string_view line :
-         {"Address:AA", "Address: AA", "Address:\t AA \t", "   Address:    AA   "}) {
-        EXPECT_THAT(parseProfilerReport(heading("Mouse") + std::string(line)),
-                    UnorderedElementsAre(Pair("AA", "Mouse")))
-            << line;
-    }
-}
-
-TEST(ProfilerParser, AnAddressKeepsItsSeparators)
-{
-    EXPECT_THAT(parseProfilerReport(heading("Mouse") + address("a1-b2:c3.d4 e5")),
-                UnorderedElementsAre(Pair("A1-B2:C3.D4 E5", "Mouse")));
-}
-
-TEST(ProfilerParser, LinesThatOnlyResembleAnAddressChangeNothing)
-{
-    EXPECT_THAT(parseProfilerReport(heading("Mouse") + indented(14, "address: 1") +
-                                    indented(14, "Address : 2") + indented(14, "Address") +
-                                    indented(14, "MAC Address: 3") + indented(14, "Addresses: 4") +
-                                    address("AA")),
-                UnorderedElementsAre(Pair("AA", "Mouse")));
-}
-
-TEST(ProfilerParser, TheLastLineNeedsNoLineFeed)
-{
-    EXPECT_THAT(parseProfilerReport(heading("Mouse") + "Address: AA"),
-                UnorderedElementsAre(Pair("AA", "Mouse")));
-}
-
-TEST(ProfilerParser, ACarriageReturnIsNoBlank)
-{
-    // So a heading that one ends is none, and an address keeps it.
-    EXPECT_THAT(parseProfilerReport("          Mouse:\r\n" + address("AA")), IsEmpty());
-    EXPECT_THAT(parseProfilerReport(heading("Mouse") + "Address: AA\r\n"),
-                UnorderedElementsAre(Pair("AA\r", "Mouse")));
 }
 
 TEST(ProfilerParser, AReportWithAnInvalidByteAnywhereHasNoNames)

@@ -1,14 +1,15 @@
 #include "linux/login_item.h"
 
 #include "fakes/model_world.h"
+#include "linux/environment_guard.h"
 #include "linux/obstructed_file_system.h"
 #include "posix/temporary_directory.h"
 
 #include <gmock/gmock.h>
 
-#include <cstdlib>
 #include <map>
 #include <string_view>
+#include <tuple>
 
 namespace voltmere {
 namespace {
@@ -52,6 +53,7 @@ constexpr std::string_view written = "[Desktop Entry]\n"
 TEST_F(LoginItemTest, RegisteringWritesTheEntryAndUnregisteringRemovesIt)
 {
     EXPECT_EQ(item().status(), LoginItemService::Status::notRegistered);
+    EXPECT_EQ(item().unregisterItem(), std::nullopt);
     EXPECT_FALSE(fs::exists(directory.parent_path()));
 
     EXPECT_EQ(item().registerItem(), std::nullopt);
@@ -65,30 +67,24 @@ TEST_F(LoginItemTest, RegisteringWritesTheEntryAndUnregisteringRemovesIt)
     EXPECT_TRUE(fs::is_empty(directory));
 }
 
-TEST_F(LoginItemTest, UnregisteringWhatIsNotThereIsNoFailure)
+TEST_F(LoginItemTest, AnEntryIsOnUnlessASettingsProgramSwitchedItOff)
 {
-    EXPECT_EQ(item().unregisterItem(), std::nullopt);
-    EXPECT_FALSE(fs::exists(directory));
-}
-
-TEST_F(LoginItemTest, AnEntryThatASettingsProgramSwitchedOffIsOff)
-{
-    for (const char* const line :
-         {"Hidden=true\n", "X-GNOME-Autostart-enabled=false\n", " Hidden = true \r\n",
-          "Hidden=true", "# mine\n\nX-GNOME-Autostart-enabled=false\n[Other]\n"}) {
+    const std::map<std::string, bool> cases{
+        {"Hidden=true\n", false},
+        {"Hidden=true", false},
+        {" Hidden = true \r\n", false},
+        {"X-GNOME-Autostart-enabled=false\n", false},
+        {"# mine\n\nX-GNOME-Autostart-enabled=false\n[Other]\n", false},
+        {"Hidden=false\n", true},
+        {"X-GNOME-Autostart-enabled=true\n", true},
+        {"#Hidden=true\n", true},
+        {"NotHidden=true\n", true},
+        {"X-GNOME-Autostart-Delay=5\n", true},
+        {"[Desktop Action new]\nHidden=true\n", true},
+    };
+    for (const auto& [line, on] : cases) {
         writeFile(entry, std::string(written) + line);
-        EXPECT_FALSE(isOn()) << line;
-    }
-}
-
-TEST_F(LoginItemTest, AnEntryThatSaysNothingOfTheKindIsOn)
-{
-    for (const char* const line :
-         {"Hidden=false\n", "X-GNOME-Autostart-enabled=true\n", "#Hidden=true\n",
-          "NotHidden=true\n", "X-GNOME-Autostart-Delay=5\n",
-          "[Desktop Action new]\nHidden=true\n"}) {
-        writeFile(entry, std::string(written) + line);
-        EXPECT_TRUE(isOn()) << line;
+        EXPECT_EQ(isOn(), on) << line;
     }
 }
 
@@ -155,32 +151,6 @@ TEST_F(LoginItemTest, APlaceThatCannotBeWrittenIsNamedAndKept)
     EXPECT_EQ(readFile(directory), "a file");
 }
 
-TEST_F(LoginItemTest, AReadOnlyDirectoryKeepsItsEntry)
-{
-    writeFile(entry, "[Desktop Entry]\nExec=mine\n");
-    {
-        const ReadOnlyDirectory readOnly(directory);
-        EXPECT_EQ(item().registerItem(), atEntry("Permission denied"));
-        EXPECT_EQ(item().unregisterItem(), atEntry("Permission denied"));
-        EXPECT_TRUE(isOn());
-    }
-    EXPECT_EQ(readFile(entry), "[Desktop Entry]\nExec=mine\n");
-}
-
-TEST_F(LoginItemTest, AFullDiskLeavesTheOldEntry)
-{
-    const std::string old = "[Desktop Entry]\nHidden=true\n";
-    writeFile(entry, old);
-    std::optional<std::string> failure;
-    {
-        const FileSizeLimit limit(100);
-        failure = item().registerItem();
-    }
-    EXPECT_EQ(failure, atEntry("File too large"));
-    EXPECT_EQ(readFile(entry), old);
-    EXPECT_EQ(std::distance(fs::directory_iterator(directory), {}), 1);
-}
-
 TEST_F(LoginItemTest, AnUnknownProgramOrOneThatNoEntryCanNameIsRefused)
 {
     for (const char* const path : {"", "/opt/\xFF/voltmere", "/opt/a\nHidden=true", "/opt/a\\b"}) {
@@ -189,15 +159,6 @@ TEST_F(LoginItemTest, AnUnknownProgramOrOneThatNoEntryCanNameIsRefused)
                   atEntry("the path of this program cannot be written there"));
     }
     EXPECT_FALSE(fs::exists(directory));
-}
-
-TEST_F(LoginItemTest, WithoutAHomeThereIsNoPlaceForTheEntry)
-{
-    LoginItem nowhere({}, program);
-
-    EXPECT_EQ(nowhere.status(), LoginItemService::Status::notRegistered);
-    EXPECT_EQ(nowhere.registerItem(),
-              "There is no place for a start-up entry: neither XDG_CONFIG_HOME nor HOME is set");
 }
 
 TEST_F(LoginItemTest, TheModelsSwitchIsItsRealState)
@@ -246,71 +207,24 @@ TEST_F(LoginItemTest, AnAwkwardPathIsQuotedInExecAndPlainInTryExec)
     }
 }
 
-/// An environment in which none of the variables is set that name the places.
-class LoginItemPlacesTest : public testing::Test {
-protected:
-    LoginItemPlacesTest()
-    {
-        for (const char* const name : {"XDG_CONFIG_HOME", "HOME", "APPIMAGE", "APPDIR"}) {
-            const char* const value = std::getenv(name);
-            previous[name] = value == nullptr ? std::nullopt : std::optional<std::string>(value);
-            ::unsetenv(name);
-        }
-    }
-
-    ~LoginItemPlacesTest() override
-    {
-        for (const auto& [name, value] : previous) {
-            value ? ::setenv(name.c_str(), value->c_str(), 1) : ::unsetenv(name.c_str());
-        }
-    }
-
-    static void set(const char* name, const std::string& value)
-    {
-        ::setenv(name, value.c_str(), 1);
-    }
-
-private:
-    std::map<std::string, std::optional<std::string>> previous;
-};
-
-TEST_F(LoginItemPlacesTest, TheEntriesAreInTheConfigurationOrElseInTheHome)
+TEST(RunningProgramTest, AnAppImageGoesBeforeTheProgramThatItHoldsAndNoOther)
 {
-    EXPECT_EQ(autostartDirectory(), "");
-    set("HOME", "relative");
-    EXPECT_EQ(autostartDirectory(), "");
-    set("HOME", "/home/ann");
-    EXPECT_EQ(autostartDirectory(), "/home/ann/.config/autostart");
-    set("XDG_CONFIG_HOME", "relative");
-    EXPECT_EQ(autostartDirectory(), "/home/ann/.config/autostart");
-    set("XDG_CONFIG_HOME", "/data/ann's config");
-    EXPECT_EQ(autostartDirectory(), "/data/ann's config/autostart");
-}
-
-TEST_F(LoginItemPlacesTest, AnAppImageGoesBeforeTheProgramThatItHolds)
-{
+    const EnvironmentGuard guard({{"APPIMAGE", std::nullopt}, {"APPDIR", std::nullopt}});
     const fs::path self = runningProgram();
     EXPECT_EQ(self.filename(), "voltmere");
     EXPECT_TRUE(self.is_absolute());
-
     const TemporaryDirectory directory;
     fs::create_directory_symlink(self.parent_path(), directory / "mount");
-    set("APPIMAGE", "/home/ann/Voltmere.AppImage");
-    set("APPDIR", directory / "mount");
-    EXPECT_EQ(runningProgram(), "/home/ann/Voltmere.AppImage");
-    set("APPIMAGE", "Voltmere.AppImage");
-    EXPECT_EQ(runningProgram(), self);
-}
-
-TEST_F(LoginItemPlacesTest, AnAppImageThatDoesNotHoldThisProgramIsAnotherOnes)
-{
-    const std::string self = runningProgram();
-    set("APPIMAGE", "/home/ann/Terminal.AppImage");
-    EXPECT_EQ(runningProgram(), self);
-    for (const std::string& mount :
-         {std::string("/tmp/.mount_1"), self.substr(0, self.size() - 1)}) {
-        set("APPDIR", mount);
-        EXPECT_EQ(runningProgram(), self);
+    const std::string mount = directory / "mount";
+    const std::string beside = self.string().substr(0, self.string().size() - 1);
+    const std::string image = "/home/ann/An.AppImage";
+    for (const auto& [file, place, program] :
+         {std::tuple(image, mount, fs::path(image)),
+          std::tuple(std::string("An.AppImage"), mount, self),
+          std::tuple(image, std::string(), self),
+          std::tuple(image, std::string("/tmp/.mount_1"), self), std::tuple(image, beside, self)}) {
+        const EnvironmentGuard started({{"APPIMAGE", file}, {"APPDIR", place}});
+        EXPECT_EQ(runningProgram(), program) << file << " at " << place;
     }
 }
 

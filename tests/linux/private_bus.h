@@ -13,7 +13,8 @@
 
 namespace voltmere {
 
-/// A message bus of one test's own, on which no service starts by itself.
+/// A message bus of one test's own, on which no service starts by itself. Whoever asks it to start
+/// BlueZ leaves a file.
 class PrivateBus {
 public:
     PrivateBus()
@@ -23,8 +24,13 @@ public:
             R"(<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configuration 1.0//EN"
                        "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
                      <busconfig><type>session</type><listen>unix:tmpdir=/tmp</listen>
+                     <servicedir>)" +
+                directory.path().string() + R"(</servicedir>
                      <policy context="default"><allow send_destination="*" eavesdrop="true"/>
                      <allow eavesdrop="true"/><allow own="*"/></policy></busconfig>)");
+        writeFile(directory / "org.bluez.service",
+                  "[D-BUS Service]\nName=org.bluez\nExec=/usr/bin/touch " +
+                      bluezStarted().string() + '\n');
         const std::string configuration = "--config-file=" + (directory / "bus.conf").string();
         process.start("dbus-daemon",
                       {QString::fromStdString(configuration), "--nofork", "--print-address"});
@@ -45,6 +51,8 @@ public:
 
     /// Where other processes find it.
     const QString& busAddress() const { return address; }
+
+    std::filesystem::path bluezStarted() const { return directory / "bluez-started"; }
 
     /// A new connection, as of another program.
     QDBusConnection connect()

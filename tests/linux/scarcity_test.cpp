@@ -67,11 +67,7 @@ TEST(ScarcityTest, WithoutFileDescriptorsAToolWroteNothingAndNothingLeaks)
 TEST(ScarcityTest, WithoutFileDescriptorsTheKernelsEntriesComeBackLater)
 {
     SysfsFixture fixture;
-    fixture.add({.name = "hid-02:00:5e:00:53:01-battery",
-                 .capacity = "50\n",
-                 .hidId = "0005:0000004C:00000323",
-                 .hidName = {},
-                 .hidUniq = {}});
+    fixture.add(sysfsMouse());
     SysfsBatterySource source(fixture.root());
     ASSERT_THAT(source.readEntries(), SizeIs(1));
     {

@@ -16,6 +16,16 @@ struct SysfsEntry {
     std::optional<std::string> hidUniq;
 };
 
+/// A synthetic Bluetooth mouse, as it is when nothing is wrong with it.
+inline SysfsEntry sysfsMouse(const std::string& name = "hid-02:00:5e:00:53:01-battery")
+{
+    return {.name = name,
+            .capacity = "37\n",
+            .hidId = "0005:0000004C:00000269",
+            .hidName = "Mouse of Ann",
+            .hidUniq = "02:00:5e:00:53:01"};
+}
+
 /// A synthetic tree in place of /sys. Its entries are modelled on the kernel's drivers, none was
 /// captured from a device.
 class SysfsFixture {

@@ -55,34 +55,29 @@ TEST_P(LaunchAtLoginOffTest, ASuccessThatEndsInAnotherStatusTurnsBackOffInSilenc
     EXPECT_EQ(world.loginItems.registrations, 1);
     EXPECT_EQ(world.loginItems.unregistrations, 0);
     EXPECT_THAT(world.log.lines, IsEmpty());
+    EXPECT_THAT(world.notifications.requests, IsEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Statuses, LaunchAtLoginOffTest,
                          testing::Values(Status::notRegistered, Status::requiresApproval,
                                          Status::notFound));
 
-TEST_F(LaunchAtLoginTest, TurningOnRegistersOnce)
+TEST_F(LaunchAtLoginTest, TurningItOnRegistersAndTurningItOffUnregistersAndNothingIsSaved)
 {
     BatteryModel& model = world.start();
 
     model.launchAtLogin = true;
-
     EXPECT_TRUE(model.launchAtLogin);
     EXPECT_EQ(world.loginItems.registrations, 1);
     EXPECT_EQ(world.loginItems.unregistrations, 0);
-    EXPECT_THAT(world.log.lines, IsEmpty());
-}
-
-TEST_F(LaunchAtLoginTest, TurningOffUnregistersOnce)
-{
-    BatteryModel& model = startRegistered();
 
     model.launchAtLogin = false;
-
     EXPECT_FALSE(model.launchAtLogin);
-    EXPECT_EQ(world.loginItems.registrations, 0);
+    EXPECT_EQ(world.loginItems.registrations, 1);
     EXPECT_EQ(world.loginItems.unregistrations, 1);
     EXPECT_THAT(world.log.lines, IsEmpty());
+    EXPECT_THAT(world.notifications.requests, IsEmpty());
+    EXPECT_EQ(world.defaults.integer("threshold"), std::nullopt);
 }
 
 TEST_F(LaunchAtLoginTest, AssigningTheSameValueAsksTheServiceAgain)
@@ -95,20 +90,30 @@ TEST_F(LaunchAtLoginTest, AssigningTheSameValueAsksTheServiceAgain)
     EXPECT_EQ(world.loginItems.registrations, 2);
 }
 
-TEST_F(LaunchAtLoginTest, AFailedRegistrationLogsTheLineAndLeavesTheSwitchOff)
+TEST_F(LaunchAtLoginTest, AFailedRegistrationLogsTheLineNotifiesAndLeavesTheSwitchOff)
 {
-    world.loginItems.failure = "Operation not permitted";
-    BatteryModel& model = world.start();
+    for (const char* const failure : {"Operation not permitted", "100%s %@ %n {}", ""}) {
+        ModelWorld other;
+        other.loginItems.failure = failure;
+        BatteryModel& model = other.start();
+        model.language = "zh";
 
-    model.launchAtLogin = true;
+        model.launchAtLogin = true;
 
-    EXPECT_FALSE(model.launchAtLogin);
-    EXPECT_EQ(world.loginItems.registrations, 1);
-    EXPECT_EQ(world.loginItems.unregistrations, 0);
-    EXPECT_THAT(world.log.lines, ElementsAre("Voltmere: 设置开机启动失败 Operation not permitted"));
+        EXPECT_FALSE(model.launchAtLogin);
+        EXPECT_EQ(other.loginItems.registrations, 1);
+        EXPECT_EQ(other.loginItems.unregistrations, 0);
+        EXPECT_THAT(other.log.lines,
+                    ElementsAre("Voltmere: 设置开机启动失败 " + std::string(failure)));
+        ASSERT_THAT(other.notifications.requests, SizeIs(1));
+        const NotificationRequest& request = other.notifications.requests[0];
+        EXPECT_THAT(request.identifier, MatchesRegex("launch-fail-[0-9A-F-]{36}"));
+        EXPECT_EQ(request.content, (NotificationContent{"开机自动启动", failure, false, ""}));
+        EXPECT_EQ(request.delay, std::nullopt);
+    }
 }
 
-TEST_F(LaunchAtLoginTest, AFailedUnregistrationLogsTheLineAndLeavesTheSwitchOn)
+TEST_F(LaunchAtLoginTest, AFailedUnregistrationLogsTheLineNotifiesAndLeavesTheSwitchOn)
 {
     BatteryModel& model = startRegistered();
     world.loginItems.failure = "Disk full";
@@ -119,6 +124,25 @@ TEST_F(LaunchAtLoginTest, AFailedUnregistrationLogsTheLineAndLeavesTheSwitchOn)
     EXPECT_EQ(world.loginItems.registrations, 0);
     EXPECT_EQ(world.loginItems.unregistrations, 1);
     EXPECT_THAT(world.log.lines, ElementsAre("Voltmere: 设置开机启动失败 Disk full"));
+    ASSERT_THAT(world.notifications.requests, SizeIs(1));
+    EXPECT_EQ(world.notifications.requests[0].content.title, "Launch at login");
+    EXPECT_EQ(world.notifications.requests[0].content.body, "Disk full");
+}
+
+TEST_F(LaunchAtLoginTest, TwoFailuresInARowPostTwoNotificationsWithDifferentIdentifiers)
+{
+    world.loginItems.failure = "Operation not permitted";
+    BatteryModel& model = world.start();
+
+    model.launchAtLogin = true;
+    model.launchAtLogin = true;
+    world.runLoop.advance(std::chrono::hours(1));
+
+    EXPECT_EQ(world.loginItems.registrations, 2) << "nothing is tried again";
+    EXPECT_THAT(world.log.lines, SizeIs(2));
+    ASSERT_THAT(world.notifications.requests, SizeIs(2));
+    EXPECT_NE(world.notifications.requests[0].identifier,
+              world.notifications.requests[1].identifier);
 }
 
 TEST_F(LaunchAtLoginTest, AFailureWhoseOutcomeIsEnabledAllTheSameLeavesTheSwitchOn)
@@ -131,51 +155,6 @@ TEST_F(LaunchAtLoginTest, AFailureWhoseOutcomeIsEnabledAllTheSameLeavesTheSwitch
 
     EXPECT_TRUE(model.launchAtLogin);
     EXPECT_EQ(world.log.lines.size(), 1U);
-}
-
-TEST_F(LaunchAtLoginTest, TwoFailuresInARowLogTwoLinesAndNothingIsRetried)
-{
-    world.loginItems.failure = "Operation not permitted";
-    BatteryModel& model = world.start();
-
-    model.launchAtLogin = true;
-    model.launchAtLogin = true;
-    world.runLoop.advance(std::chrono::hours(1));
-
-    EXPECT_EQ(world.log.lines.size(), 2U);
-    EXPECT_EQ(world.loginItems.registrations, 2);
-}
-
-TEST_F(LaunchAtLoginTest, TheLogLineIsTheSameInChinese)
-{
-    world.defaults.set("language", std::string("zh"));
-    world.loginItems.failure = "Operation not permitted";
-    BatteryModel& model = world.start();
-
-    model.launchAtLogin = true;
-
-    EXPECT_THAT(world.log.lines, ElementsAre("Voltmere: 设置开机启动失败 Operation not permitted"));
-}
-
-TEST_F(LaunchAtLoginTest, TheDescriptionIsLoggedAsPlainText)
-{
-    world.loginItems.failure = "100%s %@ %n {}";
-    BatteryModel& model = world.start();
-
-    model.launchAtLogin = true;
-
-    EXPECT_THAT(world.log.lines, ElementsAre("Voltmere: 设置开机启动失败 100%s %@ %n {}"));
-}
-
-TEST_F(LaunchAtLoginTest, AnEmptyDescriptionIsAFailureToo)
-{
-    world.loginItems.failure = "";
-    BatteryModel& model = world.start();
-
-    model.launchAtLogin = true;
-
-    EXPECT_FALSE(model.launchAtLogin);
-    EXPECT_THAT(world.log.lines, ElementsAre("Voltmere: 设置开机启动失败 "));
 }
 
 TEST_F(LaunchAtLoginTest, ObserversSeeTheSwitchGoOnAndSnapBack)
@@ -242,106 +221,6 @@ TEST_F(LaunchAtLoginTest, SettingItWhileTheModelSyncsChangesThePublishedValueOnl
     EXPECT_THAT(valuesAfter, ElementsAre(true));
     EXPECT_EQ(world.loginItems.registrations, 0);
     EXPECT_EQ(world.loginItems.unregistrations, 0);
-}
-
-TEST_F(LaunchAtLoginTest, AfterASyncTheSwitchWorksAgain)
-{
-    BatteryModel& model = startRegistered();
-    world.loginItems.present = Status::notRegistered;
-    model.refreshLaunchAtLogin();
-
-    model.launchAtLogin = true;
-
-    EXPECT_EQ(world.loginItems.registrations, 1);
-    EXPECT_TRUE(model.launchAtLogin);
-}
-
-TEST_F(LaunchAtLoginTest, AFailedRegistrationPostsANotificationAtOnceAndLeavesTheSwitchOff)
-{
-    world.loginItems.failure = "Operation not permitted";
-    BatteryModel& model = world.start();
-
-    model.launchAtLogin = true;
-
-    ASSERT_THAT(world.notifications.requests, SizeIs(1));
-    const NotificationRequest& request = world.notifications.requests[0];
-    EXPECT_THAT(request.identifier, MatchesRegex("launch-fail-[0-9A-F-]{36}"));
-    EXPECT_EQ(request.content,
-              (NotificationContent{"Launch at login", "Operation not permitted", false, ""}));
-    EXPECT_EQ(request.delay, std::nullopt);
-    EXPECT_FALSE(model.launchAtLogin);
-}
-
-TEST_F(LaunchAtLoginTest, AFailureIsLoggedBeforeItsNotificationIsPosted)
-{
-    world.loginItems.failure = "Operation not permitted";
-    BatteryModel& model = world.start();
-    std::vector<std::size_t> notificationsAtLines;
-    world.log.whileWriting = [&] {
-        notificationsAtLines.push_back(world.notifications.requests.size());
-    };
-
-    model.launchAtLogin = true;
-
-    EXPECT_THAT(notificationsAtLines, ElementsAre(0U));
-    EXPECT_THAT(world.notifications.requests, SizeIs(1));
-}
-
-TEST_F(LaunchAtLoginTest, AFailedUnregistrationPostsANotificationToo)
-{
-    BatteryModel& model = startRegistered();
-    world.loginItems.failure = "Disk full";
-
-    model.launchAtLogin = false;
-
-    ASSERT_THAT(world.notifications.requests, SizeIs(1));
-    EXPECT_EQ(world.notifications.requests[0].content.body, "Disk full");
-}
-
-TEST_F(LaunchAtLoginTest, TwoFailuresInARowPostTwoNotificationsWithDifferentIdentifiers)
-{
-    world.loginItems.failure = "Operation not permitted";
-    BatteryModel& model = world.start();
-
-    model.launchAtLogin = true;
-    model.launchAtLogin = true;
-
-    ASSERT_THAT(world.notifications.requests, SizeIs(2));
-    EXPECT_NE(world.notifications.requests[0].identifier,
-              world.notifications.requests[1].identifier);
-}
-
-TEST_F(LaunchAtLoginTest, TheNotificationOfAFailureIsTitledInTheLanguageOfTheMoment)
-{
-    world.loginItems.failure = "100%s %@ %n {}";
-    BatteryModel& model = world.start();
-    model.language = "zh";
-
-    model.launchAtLogin = true;
-
-    EXPECT_EQ(world.notifications.requests.at(0).content.title, "开机自动启动");
-    EXPECT_EQ(world.notifications.requests.at(0).content.body, "100%s %@ %n {}");
-}
-
-TEST_F(LaunchAtLoginTest, ASuccessPostsNoNotification)
-{
-    world.loginItems.afterRegistration = Status::requiresApproval;
-    BatteryModel& model = world.start();
-
-    model.launchAtLogin = true;
-    model.launchAtLogin = false;
-
-    EXPECT_THAT(world.notifications.requests, IsEmpty());
-}
-
-TEST_F(LaunchAtLoginTest, TheSwitchIsNotASetting)
-{
-    BatteryModel& model = world.start();
-
-    model.launchAtLogin = true;
-
-    EXPECT_EQ(world.defaults.boolean("launchAtLogin"), std::nullopt);
-    EXPECT_EQ(world.defaults.integer("threshold"), std::nullopt);
 }
 
 } // namespace

@@ -12,7 +12,6 @@ using std::chrono::minutes;
 using std::chrono::seconds;
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::SizeIs;
 
 constexpr std::size_t in20 = 0;
 constexpr std::size_t in30 = 1;
@@ -86,18 +85,6 @@ TEST_F(SnoozeOperationsTest, TheTestButtonWithNothingLowShowsTheAllGoodForm)
     EXPECT_FALSE(alert().content.detailIsRed);
 }
 
-TEST_F(SnoozeOperationsTest, TheTestButtonWithNoDevicesSaysThatNoneWereFound)
-{
-    BatteryModel& model = world.start();
-    world.runLoop.settle();
-
-    const AlertPayload payload = model.alertPayload();
-    model.showSnoozeAlert(payload.devices, payload.isLow);
-
-    ASSERT_EQ(alertCount(), 1U);
-    EXPECT_EQ(alert().content.detail, "No peripherals found");
-}
-
 TEST_F(SnoozeOperationsTest, AVisibleAlertIsBroughtToTheFrontAndStillShowsTheFirstDevices)
 {
     BatteryModel& model = startWithAlert();
@@ -112,9 +99,9 @@ TEST_F(SnoozeOperationsTest, AVisibleAlertIsBroughtToTheFrontAndStillShowsTheFir
     EXPECT_TRUE(alert().visible);
 }
 
-TEST_F(SnoozeOperationsTest, CancelHidesTheAlertAndSchedulesNothing)
+TEST_F(SnoozeOperationsTest, CancelHidesTheAlertSchedulesNothingAndALaterAlertIsBuiltAnew)
 {
-    startWithAlert();
+    BatteryModel& model = startWithAlert();
     const std::size_t timersBefore = world.runLoop.timerCount();
 
     alert().actions.cancel();
@@ -123,19 +110,11 @@ TEST_F(SnoozeOperationsTest, CancelHidesTheAlertAndSchedulesNothing)
     EXPECT_EQ(world.runLoop.timerCount(), timersBefore);
     advance(hours(48));
     EXPECT_EQ(alertCount(), 1U);
-}
-
-TEST_F(SnoozeOperationsTest, AfterCancelANewAlertIsBuilt)
-{
-    BatteryModel& model = startWithAlert();
-    alert().actions.cancel();
 
     model.showSnoozeAlert({keyboard(3)}, true);
-
     ASSERT_EQ(alertCount(), 2U);
     EXPECT_TRUE(alert().visible);
     EXPECT_EQ(alert().content.title.whole(), "Magic Keyboard battery alert");
-    EXPECT_FALSE(world.alerts.shown.front()->visible);
     EXPECT_EQ(world.alerts.shown.front()->broughtToFront, 0);
 }
 
@@ -196,21 +175,6 @@ TEST_F(SnoozeOperationsTest, ANewerSnoozeReplacesThePendingOne)
     EXPECT_EQ(alertCount(), 3U);
 }
 
-TEST_F(SnoozeOperationsTest, AShorterSnoozeReplacesALongerOne)
-{
-    startWithAlert();
-    alert().actions.chooseOption(in120);
-    showAgain();
-
-    alert().actions.chooseOption(in20);
-
-    advance(seconds(1200));
-    EXPECT_EQ(alertCount(), 3U);
-    alert().actions.cancel();
-    advance(hours(24));
-    EXPECT_EQ(alertCount(), 3U);
-}
-
 TEST_F(SnoozeOperationsTest, CancelDoesNotCancelAPendingSnooze)
 {
     startWithAlert();
@@ -267,18 +231,6 @@ TEST_F(SnoozeOperationsTest, ASnoozeJudgesByTheThresholdAndSpeaksTheLanguageOfIt
     EXPECT_FALSE(alert().content.detailIsRed);
 }
 
-TEST_F(SnoozeOperationsTest, ASnoozeWithNothingLowAnyMoreShowsTheAllGoodForm)
-{
-    startWithAlert();
-    alert().actions.chooseOption(in20);
-    world.setLevels({});
-
-    advance(minutes(20));
-
-    ASSERT_EQ(alertCount(), 2U);
-    EXPECT_EQ(alert().content.detail, "No peripherals found");
-}
-
 TEST_F(SnoozeOperationsTest, ASnoozeReadsNothingAndPostsNothing)
 {
     startWithAlert();
@@ -312,75 +264,6 @@ TEST_F(SnoozeOperationsTest, ASnoozeDoesNotCountAsHavingAlerted)
     EXPECT_THAT(world.log.lines, ElementsAre("Voltmere: 立即提醒 Magic Keyboard 8%"));
 }
 
-TEST_F(SnoozeOperationsTest, ASnoozeReleasesNobodyWhoWasAlerted)
-{
-    BatteryModel& model = startWithAlert();
-    alert().actions.chooseOption(in20);
-    advance(minutes(20));
-    alert().actions.cancel();
-
-    model.instantEnabled = true;
-    advance(minutes(10));
-
-    EXPECT_EQ(alertCount(), 2U);
-    EXPECT_THAT(world.log.lines, IsEmpty());
-}
-
-TEST_F(SnoozeOperationsTest, ASnoozeThatFellDueDuringASleepShowsOnceRightAfterIt)
-{
-    startWithAlert();
-    alert().actions.chooseOption(in30);
-
-    world.runLoop.sleepFor(hours(8));
-
-    EXPECT_EQ(alertCount(), 2U);
-    advance(hours(1));
-    EXPECT_EQ(alertCount(), 2U);
-    EXPECT_EQ(alert().broughtToFront, 0);
-}
-
-TEST_F(SnoozeOperationsTest, AClockChangeLeavesAPendingSnooze)
-{
-    startWithAlert();
-    alert().actions.chooseOption(in30);
-
-    world.setClock(3, 0);
-
-    advance(seconds(1799));
-    EXPECT_EQ(alertCount(), 1U);
-    advance(seconds(1));
-    EXPECT_EQ(alertCount(), 2U);
-}
-
-TEST_F(SnoozeOperationsTest, ASnoozeThatFiresBeforeLaunchHasFinishedWaits)
-{
-    startWithAlert();
-    alert().actions.chooseOption(in20);
-    BatteryModel::launchSettled = false;
-    advance(seconds(1210));
-    EXPECT_EQ(alertCount(), 1U);
-
-    BatteryModel::launchSettled = true;
-    advance(Seconds(1.2));
-    EXPECT_EQ(alertCount(), 2U);
-}
-
-TEST_F(SnoozeOperationsTest, AnAlertBeforeLaunchHasFinishedIsTriedAgainEvery1200Milliseconds)
-{
-    BatteryModel& model = world.start();
-    world.runLoop.settle();
-    BatteryModel::launchSettled = false;
-    model.showSnoozeAlert({mouse(12)}, true);
-
-    // Tried again at 1.2, 2.4, 3.6 and 4.8 seconds.
-    advance(Seconds(3.65));
-    BatteryModel::launchSettled = true;
-    advance(Seconds(1.1));
-    EXPECT_EQ(alertCount(), 0U);
-    advance(Seconds(0.1));
-    EXPECT_EQ(alertCount(), 1U);
-}
-
 TEST_F(SnoozeOperationsTest, ChoosingALaterTimeTodayAlertsThenLessTheSecondsElapsed)
 {
     world.setClock(9, 10, 25);
@@ -390,32 +273,6 @@ TEST_F(SnoozeOperationsTest, ChoosingALaterTimeTodayAlertsThenLessTheSecondsElap
     EXPECT_FALSE(alert().visible);
 
     advance(seconds(1174));
-    EXPECT_EQ(alertCount(), 1U);
-    advance(seconds(1));
-    EXPECT_EQ(alertCount(), 2U);
-}
-
-TEST_F(SnoozeOperationsTest, ChoosingTheCurrentMinuteAlertsTomorrow)
-{
-    world.setClock(9, 10, 25);
-    startWithAlert();
-
-    alert().actions.chooseTime(9, 10);
-
-    advance(hours(24) - seconds(26));
-    EXPECT_EQ(alertCount(), 1U);
-    advance(seconds(1));
-    EXPECT_EQ(alertCount(), 2U);
-}
-
-TEST_F(SnoozeOperationsTest, ChoosingAnEarlierTimeAlertsTomorrow)
-{
-    world.setClock(9, 10);
-    startWithAlert();
-
-    alert().actions.chooseTime(8, 0);
-
-    advance(hours(22) + minutes(50) - seconds(1));
     EXPECT_EQ(alertCount(), 1U);
     advance(seconds(1));
     EXPECT_EQ(alertCount(), 2U);
@@ -462,34 +319,6 @@ TEST_F(SnoozeOperationsTest, AChosenTimeReplacesAPendingSnoozeAndIsReplacedByOne
     EXPECT_EQ(alertCount(), 5U);
 }
 
-TEST_F(SnoozeOperationsTest, SchedulingTheCustomTimeUsesTheStoredHourAndMinute)
-{
-    BatteryModel& model = startWithAlert();
-    alert().actions.cancel();
-    model.customHour = 11;
-    model.customMinute = 5;
-
-    model.scheduleCustomTime();
-
-    advance(seconds(65 * 60 - 1));
-    EXPECT_EQ(alertCount(), 1U);
-    advance(seconds(1));
-    EXPECT_EQ(alertCount(), 2U);
-}
-
-TEST_F(SnoozeOperationsTest, ACalendarWithoutSuchATimeAlertsInOneHour)
-{
-    startWithAlert();
-    world.calendar.hasNoInstants = true;
-
-    alert().actions.chooseTime(7, 45);
-
-    advance(seconds(3599));
-    EXPECT_EQ(alertCount(), 1U);
-    advance(seconds(1));
-    EXPECT_EQ(alertCount(), 2U);
-}
-
 TEST_F(SnoozeOperationsTest, AChoiceOfAnAlertThatIsHiddenAlreadyStillSchedules)
 {
     startWithAlert();
@@ -502,21 +331,11 @@ TEST_F(SnoozeOperationsTest, AChoiceOfAnAlertThatIsHiddenAlreadyStillSchedules)
     EXPECT_EQ(alertCount(), 2U);
 }
 
-TEST_F(SnoozeOperationsTest, APendingSnoozeDoesNothingOnceTheModelIsGone)
-{
-    startWithAlert();
-    alert().actions.chooseOption(in30);
-
-    world.model.reset();
-
-    advance(hours(24));
-    EXPECT_EQ(alertCount(), 1U);
-}
-
-TEST_F(SnoozeOperationsTest, ActionsThatOutliveTheModelDoNothing)
+TEST_F(SnoozeOperationsTest, APendingSnoozeAndActionsThatOutliveTheModelDoNothing)
 {
     startWithAlert();
     const AlertActions actions = alert().actions;
+    actions.chooseOption(in30);
     world.model.reset();
     const std::size_t timersBefore = world.runLoop.timerCount();
 
@@ -527,20 +346,6 @@ TEST_F(SnoozeOperationsTest, ActionsThatOutliveTheModelDoNothing)
     EXPECT_EQ(world.runLoop.timerCount(), timersBefore);
     advance(hours(48));
     EXPECT_EQ(alertCount(), 1U);
-}
-
-TEST_F(SnoozeOperationsTest, ARetryThatOutlivesTheModelDoesNothing)
-{
-    BatteryModel& model = world.start();
-    world.runLoop.settle();
-    BatteryModel::launchSettled = false;
-    model.showSnoozeAlert({mouse(12)}, true);
-    world.model.reset();
-    BatteryModel::launchSettled = true;
-
-    advance(minutes(1));
-
-    EXPECT_EQ(alertCount(), 0U);
 }
 
 } // namespace

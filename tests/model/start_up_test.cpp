@@ -32,14 +32,6 @@ TEST(LaunchSettledTest, IsFalseUntilTheApplicationSaysSo)
     EXPECT_FALSE(BatteryModel::launchSettled);
 }
 
-TEST_F(StartUpTest, TheModelDoesNotSettleTheLaunchItself)
-{
-    world.start();
-    advance(60);
-
-    EXPECT_FALSE(BatteryModel::launchSettled);
-}
-
 TEST_F(StartUpTest, ModelFirstALowDeviceShowsNoAlertBeforeLaunchHasFinished)
 {
     world.setLevels({{803, 10}});
@@ -73,16 +65,6 @@ TEST_F(StartUpTest, DelegateFirstTheAlertAppearsWithTheFirstResult)
     finishLaunching();
     world.start();
     EXPECT_THAT(world.alerts.shown, IsEmpty());
-
-    advance(0);
-    EXPECT_THAT(world.alerts.shown, SizeIs(1));
-}
-
-TEST_F(StartUpTest, LaunchThatFinishesBeforeTheFirstResultNeedsNoRetry)
-{
-    world.setLevels({{803, 10}});
-    world.start();
-    finishLaunching();
 
     advance(0);
     EXPECT_THAT(world.alerts.shown, SizeIs(1));
@@ -128,20 +110,6 @@ TEST_F(StartUpTest, TheRetryShowsTheDevicesThatItWasAskedFor)
     EXPECT_EQ(world.alerts.shown.front()->content.detail, "Battery at 10%. Please charge.");
 }
 
-TEST_F(StartUpTest, TheRetryPreselectsTheTimeAtWhichItShows)
-{
-    world.setClock(10, 4, 59);
-    world.setLevels({{803, 10}});
-    world.start();
-    advance(0.5);
-    finishLaunching();
-
-    advance(1.2);
-    ASSERT_THAT(world.alerts.shown, SizeIs(1));
-    EXPECT_EQ(world.alerts.shown.front()->content.hour.selected, 11U);
-    EXPECT_EQ(world.alerts.shown.front()->content.minute.selected, 1U);
-}
-
 TEST_F(StartUpTest, EveryAlertWaitsForLaunchToFinish)
 {
     BatteryModel& model = world.start();
@@ -170,53 +138,24 @@ TEST_F(StartUpTest, TwoAlertsThatWaitedShowTheFirstAndBringItToTheFront)
     EXPECT_EQ(world.alerts.shown.front()->broughtToFront, 1);
 }
 
-class StartUpLanguageTest : public StartUpTest {
-protected:
-    StartUpLanguageTest() { world.defaults.set("language", std::string("zh")); }
-};
+class StartUpOrderTest : public StartUpTest, public testing::WithParamInterface<bool> { };
 
-TEST_F(StartUpLanguageTest, ModelFirstTheStoredLanguageHoldsAtOnceAndAfterwards)
+TEST_P(StartUpOrderTest, TheStoredLanguageHoldsAtOnceAndAfterwards)
 {
-    const BatteryModel& model = world.start();
-    EXPECT_EQ(L10n::setting, "zh");
-    EXPECT_EQ(model.status.get(), "等待检查");
-
-    finishLaunching();
-    EXPECT_EQ(L10n::setting, "zh");
-    ASSERT_THAT(world.notifications.categories, SizeIs(1));
-    EXPECT_EQ(world.notifications.categories.front().actions.front().title, "20 分钟后");
+    world.defaults.set("language", std::string("zh"));
+    for (const bool modelsTurn : {GetParam(), !GetParam()}) {
+        if (modelsTurn) {
+            EXPECT_EQ(world.start().status.get(), "等待检查");
+        } else {
+            finishLaunching();
+            ASSERT_THAT(world.notifications.categories, SizeIs(1));
+            EXPECT_EQ(world.notifications.categories.front().actions.front().title, "20 分钟后");
+        }
+        EXPECT_EQ(L10n::setting, "zh");
+    }
 }
 
-TEST_F(StartUpLanguageTest, DelegateFirstTheStoredLanguageHoldsAtOnceAndAfterwards)
-{
-    finishLaunching();
-    EXPECT_EQ(L10n::setting, "zh");
-    ASSERT_THAT(world.notifications.categories, SizeIs(1));
-    EXPECT_EQ(world.notifications.categories.front().actions.front().title, "20 分钟后");
-
-    const BatteryModel& model = world.start();
-    EXPECT_EQ(L10n::setting, "zh");
-    EXPECT_EQ(model.status.get(), "等待检查");
-}
-
-TEST_F(StartUpLanguageTest, TheModelsConstructionRegistersNoCategories)
-{
-    world.start();
-
-    EXPECT_EQ(world.notifications.registrations, 0);
-}
-
-TEST_F(StartUpTest, WithNoPeripheralsTheFirstCheckShowsNothing)
-{
-    finishLaunching();
-    const BatteryModel& model = world.start();
-    EXPECT_EQ(model.status.get(), "Waiting for check");
-
-    advance(5);
-    EXPECT_EQ(model.status.get(), "No peripherals found");
-    EXPECT_THAT(model.devices.get(), IsEmpty());
-    EXPECT_THAT(world.alerts.shown, IsEmpty());
-}
+INSTANTIATE_TEST_SUITE_P(ModelOrDelegateFirst, StartUpOrderTest, testing::Bool());
 
 TEST_F(StartUpTest, AModelThatIsGoneRetriesNoMore)
 {

@@ -6,6 +6,7 @@
 
 #include <limits>
 #include <tuple>
+#include <vector>
 
 namespace voltmere {
 namespace {
@@ -20,6 +21,20 @@ auto fields(const LocalTime& time)
     return std::tuple(time.year, time.month, time.day, time.hour, time.minute);
 }
 
+/// An instant, and what the clock shows then.
+struct Shown {
+    const char* zone;
+    Instant instant;
+    LocalTime time;
+};
+
+/// An instant, and the one a day later by the clock.
+struct NextDay {
+    const char* zone;
+    Instant instant;
+    Instant next;
+};
+
 class PosixCalendarTest : public testing::Test {
 protected:
     /// What the clock shows, as year, month, day, hour and minute.
@@ -29,30 +44,30 @@ protected:
     PosixCalendar calendar;
 };
 
-TEST_F(PosixCalendarTest, ShowsUniversalTime)
+TEST_F(PosixCalendarTest, ShowsTheTimeOfTheZoneAndFindsItsInstant)
 {
-    EXPECT_EQ(shownAt(universalTime(2026, 3, 2, 14, 37, 59)), std::tuple(2026, 3, 2, 14, 37));
-    EXPECT_EQ(shownAt(universalTime(2026, 1, 1)), std::tuple(2026, 1, 1, 0, 0));
-    EXPECT_EQ(shownAt(universalTime(2026, 12, 31, 23, 59, 59)), std::tuple(2026, 12, 31, 23, 59));
-}
-
-TEST_F(PosixCalendarTest, ShowsTheTimeOfAZoneAheadAndOfOneBehind)
-{
-    ZoneGuard::set(zones::nepal);
-    EXPECT_EQ(shownAt(universalTime(2026, 12, 31, 20, 0)), std::tuple(2027, 1, 1, 1, 45));
-
-    ZoneGuard::set(zones::easternAmerica);
-    EXPECT_EQ(shownAt(universalTime(2027, 1, 1, 4, 59)), std::tuple(2026, 12, 31, 23, 59));
-}
-
-TEST_F(PosixCalendarTest, ShowsSummerTimeAndStandardTime)
-{
-    ZoneGuard::set(zones::centralEurope);
-
-    EXPECT_EQ(shownAt(universalTime(2026, 3, 29, 0, 59)), std::tuple(2026, 3, 29, 1, 59));
-    EXPECT_EQ(shownAt(universalTime(2026, 3, 29, 1, 0)), std::tuple(2026, 3, 29, 3, 0));
-    EXPECT_EQ(shownAt(universalTime(2026, 10, 25, 0, 59)), std::tuple(2026, 10, 25, 2, 59));
-    EXPECT_EQ(shownAt(universalTime(2026, 10, 25, 1, 0)), std::tuple(2026, 10, 25, 2, 0));
+    const std::vector<Shown> cases{
+        {zones::universal, universalTime(2026, 3, 2, 14, 37), {2026, 3, 2, 14, 37}},
+        {zones::universal, universalTime(2026, 1, 1), {2026, 1, 1, 0, 0}},
+        {zones::universal, universalTime(2026, 12, 31, 23, 59), {2026, 12, 31, 23, 59}},
+        {zones::universal, universalTime(1969, 12, 31, 23, 59), {1969, 12, 31, 23, 59}},
+        {zones::universal, universalTime(1900, 2, 28, 12, 0), {1900, 2, 28, 12, 0}},
+        {zones::nepal, universalTime(2026, 12, 31, 20, 0), {2027, 1, 1, 1, 45}},
+        {zones::easternAmerica, universalTime(2027, 1, 1, 4, 59), {2026, 12, 31, 23, 59}},
+        {zones::centralEurope, universalTime(2026, 3, 29, 0, 59), {2026, 3, 29, 1, 59}},
+        {zones::centralEurope, universalTime(2026, 3, 29, 1, 0), {2026, 3, 29, 3, 0}},
+        {zones::centralEurope, universalTime(2026, 10, 25, 0, 59), {2026, 10, 25, 2, 59}},
+        {zones::centralEurope, universalTime(2100, 7, 1, 12), {2100, 7, 1, 14, 0}},
+        {zones::centralEurope, universalTime(2100, 1, 1), {2100, 1, 1, 1, 0}},
+        // The C library returns -1 for this second and for a failure.
+        {"<+000001>-0:00:01", Instant(seconds(-1)), {1970, 1, 1, 0, 0}},
+    };
+    for (const Shown& one : cases) {
+        SCOPED_TRACE(testing::PrintToString(fields(one.time)) + one.zone);
+        ZoneGuard::set(one.zone);
+        EXPECT_EQ(shownAt(one.instant), fields(one.time));
+        EXPECT_THAT(calendar.instantOf(one.time), Optional(one.instant));
+    }
 }
 
 TEST_F(PosixCalendarTest, SeesAChangeOfZoneAtOnce)
@@ -73,43 +88,11 @@ TEST_F(PosixCalendarTest, SeesAChangeOfZoneAtOnce)
                 Optional(universalTime(2026, 3, 29, 11, 0)));
 }
 
-TEST_F(PosixCalendarTest, FractionsOfASecondNeverRoundUp)
+TEST_F(PosixCalendarTest, SecondsAndTheirFractionsNeverRoundUp)
 {
     EXPECT_EQ(shownAt(universalTime(2026, 3, 2, 23, 59, 59) + milliseconds(999)),
               std::tuple(2026, 3, 2, 23, 59));
-}
-
-TEST_F(PosixCalendarTest, ShowsInstantsBefore1970)
-{
-    EXPECT_EQ(shownAt(universalTime(1969, 12, 31, 23, 59, 59)), std::tuple(1969, 12, 31, 23, 59));
     EXPECT_EQ(shownAt(Instant(milliseconds(-1))), std::tuple(1969, 12, 31, 23, 59));
-    EXPECT_EQ(shownAt(universalTime(1900, 2, 28, 12, 0)), std::tuple(1900, 2, 28, 12, 0));
-}
-
-TEST_F(PosixCalendarTest, AnInstantIsAtSecondZero)
-{
-    EXPECT_THAT(calendar.instantOf({2026, 3, 2, 7, 45}),
-                Optional(universalTime(2026, 3, 2, 7, 45, 0)));
-}
-
-TEST_F(PosixCalendarTest, AnInstantCountsInTheZone)
-{
-    ZoneGuard::set(zones::nepal);
-    EXPECT_THAT(calendar.instantOf({2026, 3, 2, 7, 45}), Optional(universalTime(2026, 3, 2, 2, 0)));
-
-    ZoneGuard::set(zones::centralEurope);
-    EXPECT_THAT(calendar.instantOf({2026, 1, 15, 7, 45}),
-                Optional(universalTime(2026, 1, 15, 6, 45)));
-    EXPECT_THAT(calendar.instantOf({2026, 7, 15, 7, 45}),
-                Optional(universalTime(2026, 7, 15, 5, 45)));
-}
-
-TEST_F(PosixCalendarTest, TheSecondBefore1970IsAnInstantLikeAnyOther)
-{
-    // The C library returns -1 for this second and for a failure.
-    ZoneGuard::set("<+000001>-0:00:01");
-
-    EXPECT_THAT(calendar.instantOf({1970, 1, 1, 0, 0}), Optional(Instant(seconds(-1))));
 }
 
 TEST_F(PosixCalendarTest, ATimeBeyondTheCalendarYieldsNothing)
@@ -134,40 +117,23 @@ TEST_F(PosixCalendarTest, InstantOfAndLocalTimeAreInverse)
     }
 }
 
-TEST_F(PosixCalendarTest, ATimeThatSummerTimeSkipsMovesByTheSkippedSpan)
+TEST_F(PosixCalendarTest, ATimeThatSummerTimeSkipsMovesByTheSkippedSpanAndOneThatComesTwiceIsFirst)
 {
+    const std::vector<Shown> cases{
+        {zones::centralEurope, universalTime(2026, 3, 29, 1, 0), {2026, 3, 29, 2, 0}},
+        {zones::centralEurope, universalTime(2026, 3, 29, 1, 30), {2026, 3, 29, 2, 30}},
+        {zones::easternAmerica, universalTime(2026, 3, 8, 7, 30), {2026, 3, 8, 2, 30}},
+        {zones::lordHowe, universalTime(2026, 10, 3, 15, 45), {2026, 10, 4, 2, 15}},
+        {zones::centralEurope, universalTime(2026, 10, 25, 0, 30), {2026, 10, 25, 2, 30}},
+        {zones::lordHowe, universalTime(2026, 4, 4, 14, 45), {2026, 4, 5, 1, 45}},
+        {zones::ireland, universalTime(2026, 10, 25, 0, 30), {2026, 10, 25, 1, 30}},
+    };
+    for (const Shown& one : cases) {
+        ZoneGuard::set(one.zone);
+        EXPECT_THAT(calendar.instantOf(one.time), Optional(one.instant)) << one.zone;
+    }
     ZoneGuard::set(zones::centralEurope);
-    EXPECT_THAT(calendar.instantOf({2026, 3, 29, 2, 0}),
-                Optional(universalTime(2026, 3, 29, 1, 0)));
-    EXPECT_THAT(calendar.instantOf({2026, 3, 29, 2, 30}),
-                Optional(universalTime(2026, 3, 29, 1, 30)));
-
-    ZoneGuard::set(zones::easternAmerica);
-    EXPECT_THAT(calendar.instantOf({2026, 3, 8, 2, 30}),
-                Optional(universalTime(2026, 3, 8, 7, 30)));
-
-    ZoneGuard::set(zones::lordHowe);
-    EXPECT_THAT(calendar.instantOf({2026, 10, 4, 2, 15}),
-                Optional(universalTime(2026, 10, 3, 15, 45)));
-}
-
-TEST_F(PosixCalendarTest, ATimeThatComesTwiceIsTheFirstOfTheTwo)
-{
-    ZoneGuard::set(zones::centralEurope);
-    EXPECT_THAT(calendar.instantOf({2026, 10, 25, 2, 30}),
-                Optional(universalTime(2026, 10, 25, 0, 30)));
-
-    ZoneGuard::set(zones::lordHowe);
-    EXPECT_THAT(calendar.instantOf({2026, 4, 5, 1, 45}),
-                Optional(universalTime(2026, 4, 4, 14, 45)));
-}
-
-TEST_F(PosixCalendarTest, ATimeThatComesTwiceIsTheFirstAlsoWhereSummerTimeIsInWinter)
-{
-    ZoneGuard::set(zones::ireland);
-
-    EXPECT_THAT(calendar.instantOf({2026, 10, 25, 1, 30}),
-                Optional(universalTime(2026, 10, 25, 0, 30)));
+    EXPECT_EQ(shownAt(universalTime(2026, 10, 25, 1, 0)), std::tuple(2026, 10, 25, 2, 0));
 }
 
 TEST_F(PosixCalendarTest, ATimeThatComesTwiceIsTheSameOneWhateverWasAskedBefore)
@@ -182,51 +148,29 @@ TEST_F(PosixCalendarTest, ATimeThatComesTwiceIsTheSameOneWhateverWasAskedBefore)
     EXPECT_EQ(afterWinter, afterSummer);
 }
 
-TEST_F(PosixCalendarTest, OneDayLaterIsTheNextDayAtTheSameSecond)
+TEST_F(PosixCalendarTest, OneDayLaterIsTheNextDayAtTheSameTimeOfTheClock)
 {
-    EXPECT_THAT(calendar.addingOneDay(universalTime(2026, 3, 2, 9, 10, 25)),
-                Optional(universalTime(2026, 3, 3, 9, 10, 25)));
-}
-
-TEST_F(PosixCalendarTest, OneDayLaterCrossesTheEndOfMonthAndYear)
-{
-    EXPECT_THAT(calendar.addingOneDay(universalTime(2026, 4, 30, 22, 0)),
-                Optional(universalTime(2026, 5, 1, 22, 0)));
-    EXPECT_THAT(calendar.addingOneDay(universalTime(2026, 12, 31, 22, 0)),
-                Optional(universalTime(2027, 1, 1, 22, 0)));
-}
-
-TEST_F(PosixCalendarTest, OneDayLaterKnowsLeapYears)
-{
-    EXPECT_THAT(calendar.addingOneDay(universalTime(2028, 2, 28, 22, 0)),
-                Optional(universalTime(2028, 2, 29, 22, 0)));
-    EXPECT_THAT(calendar.addingOneDay(universalTime(2028, 2, 29, 22, 0)),
-                Optional(universalTime(2028, 3, 1, 22, 0)));
-    EXPECT_THAT(calendar.addingOneDay(universalTime(2027, 2, 28, 22, 0)),
-                Optional(universalTime(2027, 3, 1, 22, 0)));
-    EXPECT_THAT(calendar.addingOneDay(universalTime(2100, 2, 28, 22, 0)),
-                Optional(universalTime(2100, 3, 1, 22, 0)));
-}
-
-TEST_F(PosixCalendarTest, OneDayLaterKeepsTheClockTimeAcrossSummerTime)
-{
-    ZoneGuard::set(zones::centralEurope);
-    EXPECT_THAT(calendar.addingOneDay(universalTime(2026, 3, 28, 11, 0)),
-                Optional(universalTime(2026, 3, 29, 10, 0)));
-    EXPECT_THAT(calendar.addingOneDay(universalTime(2026, 10, 24, 10, 0)),
-                Optional(universalTime(2026, 10, 25, 11, 0)));
-
-    ZoneGuard::set(zones::lordHowe);
-    EXPECT_THAT(calendar.addingOneDay(universalTime(2026, 10, 3, 1, 30)),
-                Optional(universalTime(2026, 10, 4, 1, 0)));
-}
-
-TEST_F(PosixCalendarTest, OneDayLaterMovesAClockTimeThatSummerTimeSkips)
-{
-    ZoneGuard::set(zones::centralEurope);
-
-    EXPECT_THAT(calendar.addingOneDay(universalTime(2026, 3, 28, 1, 30)),
-                Optional(universalTime(2026, 3, 29, 1, 30)));
+    const std::vector<NextDay> cases{
+        {zones::universal, universalTime(2026, 3, 2, 9, 10, 25),
+         universalTime(2026, 3, 3, 9, 10, 25)},
+        {zones::universal, universalTime(2026, 4, 30, 22, 0), universalTime(2026, 5, 1, 22, 0)},
+        {zones::universal, universalTime(2026, 12, 31, 22, 0), universalTime(2027, 1, 1, 22, 0)},
+        {zones::universal, universalTime(2028, 2, 28, 22, 0), universalTime(2028, 2, 29, 22, 0)},
+        {zones::universal, universalTime(2028, 2, 29, 22, 0), universalTime(2028, 3, 1, 22, 0)},
+        {zones::universal, universalTime(2100, 2, 28, 22, 0), universalTime(2100, 3, 1, 22, 0)},
+        {zones::centralEurope, universalTime(2026, 3, 28, 11, 0),
+         universalTime(2026, 3, 29, 10, 0)},
+        {zones::centralEurope, universalTime(2026, 10, 24, 10, 0),
+         universalTime(2026, 10, 25, 11, 0)},
+        {zones::lordHowe, universalTime(2026, 10, 3, 1, 30), universalTime(2026, 10, 4, 1, 0)},
+        // The next day's summer time skips this time of the clock.
+        {zones::centralEurope, universalTime(2026, 3, 28, 1, 30),
+         universalTime(2026, 3, 29, 1, 30)},
+    };
+    for (const NextDay& one : cases) {
+        ZoneGuard::set(one.zone);
+        EXPECT_THAT(calendar.addingOneDay(one.instant), Optional(one.next)) << one.zone;
+    }
 }
 
 TEST_F(PosixCalendarTest, AZoneWhoseFileIsMissingCountsAsUniversalTime)
@@ -238,13 +182,6 @@ TEST_F(PosixCalendarTest, AZoneWhoseFileIsMissingCountsAsUniversalTime)
         EXPECT_THAT(calendar.instantOf({2026, 7, 1, 12, 34}),
                     Optional(universalTime(2026, 7, 1, 12, 34)));
     }
-}
-
-TEST_F(PosixCalendarTest, KnowsSummerTimeInTheYear2100)
-{
-    ZoneGuard::set(zones::centralEurope);
-    EXPECT_EQ(shownAt(universalTime(2100, 7, 1, 12)), std::tuple(2100, 7, 1, 14, 0));
-    EXPECT_THAT(calendar.instantOf({2100, 1, 1, 1, 0}), Optional(universalTime(2100, 1, 1)));
 }
 
 } // namespace

@@ -4,103 +4,76 @@
 
 #include <cstdint>
 #include <limits>
+#include <vector>
 
 namespace voltmere {
 namespace {
 
 using testing::Optional;
+using Value = MemoryDefaults::Value;
 
 constexpr double twoToThe63rd = 9223372036854775808.0;
+using Real = std::numeric_limits<double>;
 
-/// A store that holds one value, under "key".
-MemoryDefaults holding(MemoryDefaults::Value value)
+/// A value, and what it converts to.
+struct Conversion {
+    Value value;
+    std::optional<std::int64_t> integer;
+    std::optional<bool> boolean;
+};
+
+TEST(MemoryDefaultsTest, AValueConvertsExactlyOrNotAtAll)
 {
-    MemoryDefaults defaults;
-    defaults.set("key", std::move(value));
-    return defaults;
-}
-
-MemoryDefaults holdingText(const char* text)
-{
-    return holding(std::string(text));
-}
-
-MemoryDefaults holdingWhole(std::int64_t number)
-{
-    return holding(number);
-}
-
-TEST(MemoryDefaultsTest, AnAbsentKeyYieldsNothing)
-{
-    const MemoryDefaults defaults = holdingWhole(1);
-
-    EXPECT_EQ(defaults.integer("other"), std::nullopt);
-    EXPECT_EQ(defaults.boolean("other"), std::nullopt);
-    EXPECT_EQ(defaults.text("other"), std::nullopt);
-}
-
-TEST(MemoryDefaultsTest, WholeNumbersOfAnyFormAreIntegers)
-{
-    EXPECT_THAT(holdingWhole(35).integer("key"), Optional(35));
-    EXPECT_THAT(holdingWhole(-7).integer("key"), Optional(-7));
-    EXPECT_THAT(holdingWhole(INT64_MAX).integer("key"), Optional(INT64_MAX));
-    EXPECT_THAT(holdingWhole(INT64_MIN).integer("key"), Optional(INT64_MIN));
-    EXPECT_THAT(holding(35.0).integer("key"), Optional(35));
-    EXPECT_THAT(holding(-0.0).integer("key"), Optional(0));
-    EXPECT_THAT(holding(-twoToThe63rd).integer("key"), Optional(INT64_MIN));
-    EXPECT_THAT(holding(9007199254740992.0).integer("key"), Optional(9007199254740992));
-}
-
-TEST(MemoryDefaultsTest, WhatIsNoWholeNumberOf64BitsIsNoInteger)
-{
-    EXPECT_EQ(holding(20.5).integer("key"), std::nullopt);
-    EXPECT_EQ(holding(twoToThe63rd).integer("key"), std::nullopt);
-    EXPECT_EQ(holding(-2 * twoToThe63rd).integer("key"), std::nullopt);
-    EXPECT_EQ(holding(std::numeric_limits<double>::quiet_NaN()).integer("key"), std::nullopt);
-    EXPECT_EQ(holding(std::numeric_limits<double>::infinity()).integer("key"), std::nullopt);
-    EXPECT_EQ(holding(-std::numeric_limits<double>::infinity()).integer("key"), std::nullopt);
-    EXPECT_EQ(holding(std::numeric_limits<double>::denorm_min()).integer("key"), std::nullopt);
-}
-
-TEST(MemoryDefaultsTest, ATextIsNeitherIntegerNorBoolean)
-{
-    for (const char* const text : {"35", "1", "0", "true", ""}) {
-        EXPECT_EQ(holdingText(text).integer("key"), std::nullopt) << text;
-        EXPECT_EQ(holdingText(text).boolean("key"), std::nullopt) << text;
-        EXPECT_THAT(holdingText(text).text("key"), Optional(std::string(text)));
+    const std::vector<Conversion> conversions{
+        {std::int64_t{1}, 1, true},
+        {std::int64_t{0}, 0, false},
+        {std::int64_t{2}, 2, {}},
+        {std::int64_t{-1}, -1, {}},
+        {INT64_MAX, INT64_MAX, {}},
+        {INT64_MIN, INT64_MIN, {}},
+        {1.0, 1, true},
+        {-0.0, 0, false},
+        {35.0, 35, {}},
+        {-twoToThe63rd, INT64_MIN, {}},
+        {9007199254740992.0, 9007199254740992, {}},
+        {true, 1, true},
+        {false, 0, false},
+        {0.5, {}, {}},
+        {twoToThe63rd, {}, {}},
+        {-2 * twoToThe63rd, {}, {}},
+        {Real::quiet_NaN(), {}, {}},
+        {Real::infinity(), {}, {}},
+        {-Real::infinity(), {}, {}},
+        {Real::denorm_min(), {}, {}},
+    };
+    for (const Conversion& conversion : conversions) {
+        SCOPED_TRACE(testing::PrintToString(conversion.value));
+        MemoryDefaults defaults;
+        defaults.set("key", conversion.value);
+        EXPECT_EQ(defaults.integer("key"), conversion.integer);
+        EXPECT_EQ(defaults.boolean("key"), conversion.boolean);
+        EXPECT_EQ(defaults.text("key"), std::nullopt);
     }
 }
 
-TEST(MemoryDefaultsTest, BooleansAreTheIntegers0And1)
+TEST(MemoryDefaultsTest, ATextIsATextOnly)
 {
-    EXPECT_THAT(holding(true).integer("key"), Optional(1));
-    EXPECT_THAT(holding(false).integer("key"), Optional(0));
-    EXPECT_THAT(holding(true).boolean("key"), Optional(true));
-    EXPECT_THAT(holding(false).boolean("key"), Optional(false));
-    EXPECT_THAT(holdingWhole(1).boolean("key"), Optional(true));
-    EXPECT_THAT(holdingWhole(0).boolean("key"), Optional(false));
-    EXPECT_THAT(holding(1.0).boolean("key"), Optional(true));
-    EXPECT_THAT(holding(0.0).boolean("key"), Optional(false));
-}
-
-TEST(MemoryDefaultsTest, OtherNumbersAreNoBooleans)
-{
-    EXPECT_EQ(holdingWhole(2).boolean("key"), std::nullopt);
-    EXPECT_EQ(holdingWhole(-1).boolean("key"), std::nullopt);
-    EXPECT_EQ(holding(0.5).boolean("key"), std::nullopt);
-    EXPECT_EQ(holding(std::numeric_limits<double>::quiet_NaN()).boolean("key"), std::nullopt);
-}
-
-TEST(MemoryDefaultsTest, OnlyATextIsAText)
-{
-    EXPECT_EQ(holdingWhole(1).text("key"), std::nullopt);
-    EXPECT_EQ(holding(1.0).text("key"), std::nullopt);
-    EXPECT_EQ(holding(true).text("key"), std::nullopt);
+    MemoryDefaults defaults;
+    for (const char* const text : {"35", "1", "0", "true", ""}) {
+        defaults.set("key", std::string(text));
+        EXPECT_EQ(defaults.integer("key"), std::nullopt) << text;
+        EXPECT_EQ(defaults.boolean("key"), std::nullopt) << text;
+        EXPECT_THAT(defaults.text("key"), Optional(std::string(text)));
+    }
 }
 
 TEST(MemoryDefaultsTest, AWriteReplacesOneKeyAndKeepsTheOthers)
 {
-    MemoryDefaults defaults = holdingText("old");
+    MemoryDefaults defaults;
+    EXPECT_EQ(defaults.integer("key"), std::nullopt);
+    EXPECT_EQ(defaults.boolean("key"), std::nullopt);
+    EXPECT_EQ(defaults.text("key"), std::nullopt);
+    defaults.set("key", std::string("old"));
     defaults.set("language", std::string("zh"));
 
     defaults.setInteger("key", 40);

@@ -8,13 +8,14 @@
 
 #include <fcntl.h>
 #include <poll.h>
-#include <signal.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 
 #include <atomic>
 #include <cerrno>
+#include <csignal>
 #include <ctime>
+#include <functional>
 #include <thread>
 
 namespace voltmere {
@@ -40,20 +41,19 @@ std::string numberedLines(std::size_t size)
 }
 
 ProcessRequest request(std::vector<std::string> arguments,
-                       std::chrono::milliseconds limit = generousLimit)
+                       ErrorOutput errorOutput = ErrorOutput::inherited)
 {
     return {.executable = testChild,
             .arguments = std::move(arguments),
-            .errorOutput = ErrorOutput::inherited,
-            .limit = limit};
+            .errorOutput = errorOutput,
+            .limit = generousLimit};
 }
 
 ProcessRequest requestOf(const std::string& executable)
 {
-    return {.executable = executable,
-            .arguments = {},
-            .errorOutput = ErrorOutput::swallowed,
-            .limit = generousLimit};
+    ProcessRequest made = request({}, ErrorOutput::swallowed);
+    made.executable = executable;
+    return made;
 }
 
 std::size_t openDescriptors()
@@ -65,9 +65,7 @@ std::size_t openDescriptors()
 TEST(FileDescriptorTest, NumberZeroIsClosedLikeAnyOther)
 {
     const int saved = ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 3);
-    FileDescriptor input(STDIN_FILENO);
-    EXPECT_TRUE(input);
-    input.reset();
+    EXPECT_TRUE(FileDescriptor(STDIN_FILENO));
     EXPECT_EQ(::fcntl(STDIN_FILENO, F_GETFD), -1);
     ::dup2(saved, STDIN_FILENO);
     ::close(saved);
@@ -132,25 +130,23 @@ private:
     FileDescriptor saved;
 };
 
-/// Sets what happens to a signal and puts back what was there.
-class SignalGuard {
+/// Ignores a signal meanwhile.
+class IgnoredSignal {
 public:
-    SignalGuard(int number, void (*handler)(int))
+    explicit IgnoredSignal(int number)
         : number(number)
+        , previous(std::signal(number, SIG_IGN))
     {
-        struct sigaction action { };
-        action.sa_handler = handler;
-        ::sigaction(number, &action, &previous);
     }
 
-    ~SignalGuard() { ::sigaction(number, &previous, nullptr); }
+    ~IgnoredSignal() { std::signal(number, previous); }
 
-    SignalGuard(const SignalGuard&) = delete;
-    SignalGuard& operator=(const SignalGuard&) = delete;
+    IgnoredSignal(const IgnoredSignal&) = delete;
+    IgnoredSignal& operator=(const IgnoredSignal&) = delete;
 
 private:
     int number;
-    struct sigaction previous { };
+    void (*previous)(int);
 };
 
 class PosixProcessRunnerTest : public testing::Test {
@@ -176,15 +172,25 @@ protected:
         EXPECT_EQ(errno, ECHILD);
     }
 
-    /// What a child wrote that was ended at its limit. The limit grows until it left the child time
-    /// for `enough` bytes: how long that takes is the machine's affair.
-    std::string outputOfEnded(const std::vector<std::string>& arguments, std::size_t enough = 1)
+    /// What a child wrote that was ended at its limit. The limit grows until `isEnough`: how long
+    /// that takes is the machine's affair.
+    std::string outputOfEnded(const std::vector<std::string>& arguments,
+                              const std::function<bool(const std::string&)>& isEnough)
     {
         std::string output;
-        for (auto limit = 250ms; output.size() < enough && limit < 60s; limit *= 2) {
-            output = runner.run(request(arguments, limit));
-        }
+        ProcessRequest ended = request(arguments);
+        ended.limit = 250ms;
+        do {
+            output = runner.run(ended);
+            ended.limit *= 2;
+        } while (!isEnough(output) && ended.limit < generousLimit);
         return output;
+    }
+
+    std::string outputOfEnded(const std::vector<std::string>& arguments, std::size_t enough = 1)
+    {
+        return outputOfEnded(arguments,
+                             [enough](const std::string& text) { return text.size() >= enough; });
     }
 
     TemporaryDirectory directory;
@@ -192,54 +198,30 @@ protected:
     PosixProcessRunner runner{log};
 };
 
-TEST_F(PosixProcessRunnerTest, ReturnsWhatTheChildWrote)
+TEST_F(PosixProcessRunnerTest, ReturnsWhatTheChildWroteHoweverItEnded)
 {
     EXPECT_EQ(runner.run(request({"exit", "0", "hello\n"})), "hello\n");
-}
-
-TEST_F(PosixProcessRunnerTest, AChildThatWritesNothingGivesAnEmptyText)
-{
     EXPECT_EQ(runner.run(request({"exit", "0", ""})), "");
-}
-
-TEST_F(PosixProcessRunnerTest, AnErrorOfBeforeHoldsNobodyUp)
-{
-    errno = EINTR;
+    EXPECT_EQ(runner.run(request({"exit", "3", "all the same"})), "all the same");
+    EXPECT_EQ(runner.run(request({"die"})), "last words");
+    errno = EINTR; // of before
     EXPECT_EQ(runner.run(request({"exit", "0", "hello\n"})), "hello\n");
 }
 
-TEST_F(PosixProcessRunnerTest, HoldsNineHundredKibibytesOfOutput)
+TEST_F(PosixProcessRunnerTest, HoldsNineHundredKibibytesOfOutputAndOfSwallowedComplaints)
 {
-    const std::size_t size = 900 * kibibyte;
+    const std::string size = std::to_string(900 * kibibyte);
 
-    EXPECT_TRUE(runner.run(request({"write", std::to_string(size)})) == numberedLines(size));
+    EXPECT_TRUE(runner.run(request({"write", size})) == numberedLines(900 * kibibyte));
+    EXPECT_EQ(runner.run(request({"complain", size}, ErrorOutput::swallowed)), "done");
 }
 
-TEST_F(PosixProcessRunnerTest, HoldsNineHundredKibibytesOfSwallowedComplaints)
-{
-    ProcessRequest complaining = request({"complain", std::to_string(900 * kibibyte)});
-    complaining.errorOutput = ErrorOutput::swallowed;
-
-    EXPECT_EQ(runner.run(complaining), "done");
-}
-
-TEST_F(PosixProcessRunnerTest, SwallowedComplaintsDoNotReachOurOwnErrorOutput)
-{
-    const auto errors = directory / "errors";
-    ProcessRequest complaining = request({"complain", "100"});
-    complaining.errorOutput = ErrorOutput::swallowed;
-    {
-        const RedirectedDescriptor redirected(STDERR_FILENO, errors, O_WRONLY | O_CREAT);
-        EXPECT_EQ(runner.run(complaining), "done");
-    }
-    EXPECT_EQ(readFile(errors), "");
-}
-
-TEST_F(PosixProcessRunnerTest, InheritedComplaintsReachOurOwnErrorOutput)
+TEST_F(PosixProcessRunnerTest, OnlyInheritedComplaintsReachOurOwnErrorOutput)
 {
     const auto errors = directory / "errors";
     {
         const RedirectedDescriptor redirected(STDERR_FILENO, errors, O_WRONLY | O_CREAT);
+        EXPECT_EQ(runner.run(request({"complain", "50"}, ErrorOutput::swallowed)), "done");
         EXPECT_EQ(runner.run(request({"complain", "100"})), "done");
     }
     EXPECT_EQ(readFile(errors), numberedLines(100));
@@ -275,11 +257,11 @@ TEST_F(PosixProcessRunnerTest, OfATextThatTheLimitCutInItsFirstLineNothingCounts
     LifeLine lifeLine(directory / "fifo");
 
     std::string held;
-    std::string output = "none";
-    for (auto limit = 250ms; held.empty() && limit < 60s; limit *= 2) {
-        output = runner.run(request({"hang-in-line", lifeLine.path()}, limit));
-        held = lifeLine.take();
-    }
+    const std::string output =
+        outputOfEnded({"hang-in-line", lifeLine.path()}, [&](const std::string&) {
+            held = lifeLine.take();
+            return !held.empty();
+        });
 
     EXPECT_EQ(held, "written");
     EXPECT_EQ(output, "");
@@ -306,13 +288,6 @@ TEST_F(PosixProcessRunnerTest, WaitingForAChildTakesNextToNoProcessorTime)
     EXPECT_LT(static_cast<double>(std::clock() - used) / CLOCKS_PER_SEC, lasted.count() / 4);
 }
 
-TEST_F(PosixProcessRunnerTest, AChildThatWasEndedIsReaped)
-{
-    outputOfEnded({"hang"});
-
-    EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1);
-}
-
 TEST_F(PosixProcessRunnerTest, AChildThatClosedItsOutputIsWaitedForAllTheSame)
 {
     const std::string fifo = directory / "fifo";
@@ -324,11 +299,6 @@ TEST_F(PosixProcessRunnerTest, AChildThatClosedItsOutputIsWaitedForAllTheSame)
 
     EXPECT_TRUE(std::filesystem::exists(mark));
     opener.join();
-}
-
-TEST_F(PosixProcessRunnerTest, ReturnsWhatAChildWroteThatDiedBySignal)
-{
-    EXPECT_EQ(runner.run(request({"die"})), "last words");
 }
 
 TEST_F(PosixProcessRunnerTest, AGrandchildThatHoldsThePipeHoldsNobodyUp)
@@ -344,23 +314,18 @@ TEST_F(PosixProcessRunnerTest, AGrandchildThatHoldsThePipeHoldsNobodyUp)
     EXPECT_TRUE(lifeLine.isLetGoWithin(10s));
 }
 
-TEST_F(PosixProcessRunnerTest, AFailingExitStatusDoesNotMatter)
-{
-    EXPECT_EQ(runner.run(request({"exit", "3", "all the same"})), "all the same");
-}
-
 TEST_F(PosixProcessRunnerTest, WhatCannotBeStartedWroteNothing)
 {
     writeFile(directory / "plain", "#!/bin/sh\necho started\n");
     writeProgram(directory / "no-format", "echo started\n");
     writeProgram(directory / "no-interpreter", "#!/nonexistent/interpreter\n");
 
-    EXPECT_EQ(runner.run(requestOf(directory / "missing")), "");
-    EXPECT_EQ(runner.run(requestOf(directory / "plain")), "");
-    EXPECT_EQ(runner.run(requestOf(directory / "no-format")), "");
-    EXPECT_EQ(runner.run(requestOf(directory / "no-interpreter")), "");
-    EXPECT_EQ(runner.run(requestOf(directory.path())), "");
-    EXPECT_EQ(runner.run(requestOf("")), "");
+    for (const char* const name : {"missing", "plain", "no-format", "no-interpreter", "."}) {
+        EXPECT_EQ(runner.run(requestOf(directory / name)), "") << name;
+    }
+    for (const char* const searched : {"", "echo"}) {
+        EXPECT_EQ(runner.run(requestOf(searched)), "") << searched;
+    }
 }
 
 TEST_F(PosixProcessRunnerTest, AProgramThatCannotBeStartedLeavesOneLineInTheLog)
@@ -374,11 +339,6 @@ TEST_F(PosixProcessRunnerTest, AProgramThatCannotBeStartedLeavesOneLineInTheLog)
                 testing::ElementsAre("Voltmere: " + missing +
                                          " cannot be started (No such file or directory)",
                                      testing::HasSubstr("(Permission denied)")));
-}
-
-TEST_F(PosixProcessRunnerTest, ANameIsNotSearchedFor)
-{
-    EXPECT_EQ(runner.run(requestOf("echo")), "");
 }
 
 TEST_F(PosixProcessRunnerTest, ArgumentsArriveAsTheyAre)
@@ -423,31 +383,21 @@ TEST_F(PosixProcessRunnerTest, ToolsStartWhileTheMainThreadChangesTheEnvironment
     readings.join();
 }
 
-TEST_F(PosixProcessRunnerTest, TheChildLeadsAGroupOfItsOwn)
+TEST_F(PosixProcessRunnerTest, TheChildHasAGroupOfItsOwnAndTheStandardDescriptorsOnly)
 {
     EXPECT_EQ(runner.run(request({"group"})), "own");
-}
-
-TEST_F(PosixProcessRunnerTest, TheChildHasTheStandardDescriptorsOnly)
-{
-    ProcessRequest swallowing = request({"descriptors"});
-    swallowing.errorOutput = ErrorOutput::swallowed;
-
     EXPECT_EQ(runner.run(request({"descriptors"})), "0 1 2 ");
-    EXPECT_EQ(runner.run(swallowing), "0 1 2 ");
+    EXPECT_EQ(runner.run(request({"descriptors"}, ErrorOutput::swallowed)), "0 1 2 ");
 }
 
 TEST_F(PosixProcessRunnerTest, TheChildStartsWithDefaultSignals)
 {
-    const SignalGuard pipe(SIGPIPE, SIG_IGN);
-    const SignalGuard interrupt(SIGINT, SIG_IGN);
-    const SignalGuard hangup(SIGHUP, SIG_IGN);
-    const SignalGuard user(SIGUSR1, SIG_IGN);
+    const IgnoredSignal pipe(SIGPIPE);
+    const IgnoredSignal hangup(SIGHUP);
     sigset_t blocked;
     sigset_t previous;
     sigemptyset(&blocked);
     sigaddset(&blocked, SIGTERM);
-    sigaddset(&blocked, SIGALRM);
     sigaddset(&blocked, SIGCHLD);
     ::pthread_sigmask(SIG_BLOCK, &blocked, &previous);
 
@@ -459,7 +409,7 @@ TEST_F(PosixProcessRunnerTest, TheChildStartsWithDefaultSignals)
 
 TEST_F(PosixProcessRunnerTest, WorksWhereTheParentIgnoresItsChildren)
 {
-    const SignalGuard children(SIGCHLD, SIG_IGN);
+    const IgnoredSignal children(SIGCHLD);
 
     EXPECT_EQ(runner.run(request({"write", "1000"})), numberedLines(1000));
     EXPECT_EQ(outputOfEnded({"hang"}), "before");
@@ -467,17 +417,10 @@ TEST_F(PosixProcessRunnerTest, WorksWhereTheParentIgnoresItsChildren)
 
 TEST_F(PosixProcessRunnerTest, LeavesNoDescriptorOpen)
 {
-    runner.run(request({"exit", "0", ""}));
     const std::size_t before = openDescriptors();
 
-    for (int i = 0; i < 25; ++i) {
-        EXPECT_EQ(runner.run(request({"exit", "1", "x"})), "x");
-        EXPECT_EQ(runner.run(requestOf(directory / "missing")), "");
-        EXPECT_EQ(runner.run(requestOf(directory.path())), "");
-        ProcessRequest swallowing = request({"complain", "10"});
-        swallowing.errorOutput = ErrorOutput::swallowed;
-        EXPECT_EQ(runner.run(swallowing), "done");
-    }
+    EXPECT_EQ(runner.run(requestOf(directory / "missing")), "");
+    EXPECT_EQ(runner.run(request({"complain", "10"}, ErrorOutput::swallowed)), "done");
     EXPECT_EQ(outputOfEnded({"hang"}), "before");
 
     EXPECT_EQ(openDescriptors(), before);
@@ -511,15 +454,11 @@ TEST_F(PosixProcessRunnerTest, AnExecutableIsARegularFileThatMayBeRun)
     std::filesystem::create_symlink(directory / "gone", directory / "dangling");
     ASSERT_EQ(::mkfifo((directory / "fifo").c_str(), 0700), 0);
 
-    EXPECT_TRUE(runner.isExecutable(testChild));
     EXPECT_TRUE(runner.isExecutable(directory / "program"));
     EXPECT_TRUE(runner.isExecutable(directory / "link"));
-    EXPECT_FALSE(runner.isExecutable(directory / "plain"));
-    EXPECT_FALSE(runner.isExecutable(directory / "missing"));
-    EXPECT_FALSE(runner.isExecutable(directory / "dangling"));
-    EXPECT_FALSE(runner.isExecutable(directory / "fifo"));
-    EXPECT_FALSE(runner.isExecutable(directory.path()));
-    EXPECT_FALSE(runner.isExecutable(directory / "program" / "below"));
+    for (const char* const name : {"plain", "missing", "dangling", "fifo", ".", "program/below"}) {
+        EXPECT_FALSE(runner.isExecutable(directory / name)) << name;
+    }
     EXPECT_FALSE(runner.isExecutable(""));
 }
 

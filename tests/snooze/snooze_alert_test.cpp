@@ -28,132 +28,72 @@ BatteryDevice deviceOfUnknownOrder(std::int64_t order)
     return {999, "Pencil Case", 7, "pencil", order};
 }
 
+void expectContent(const char* language, const AlertContent& content, const char* title,
+                   const char* detail, bool red)
+{
+    EXPECT_EQ(content.title.whole(), title) << language;
+    EXPECT_EQ(content.detail, detail) << language;
+    EXPECT_EQ(content.detailIsRed, red) << language;
+}
+
+void expectLow(const char* language, const std::vector<BatteryDevice>& devices, const char* title,
+               const char* detail)
+{
+    const LanguageGuard guard(language);
+    expectContent(language, lowContent(devices), title, detail, true);
+}
+
+void expectNormal(const char* language, const std::vector<BatteryDevice>& devices,
+                  const char* detail)
+{
+    const LanguageGuard guard(language);
+    const bool english = std::string_view(language) == "en";
+    expectContent(language, normalContent(devices), english ? "Peripheral battery" : "外设电量",
+                  detail, false);
+}
+
+TEST(SnoozeAlertTest, OneLowDeviceIsNamedInTheTitleAndItsLevelInRed)
+{
+    expectLow("en", {mouse(12)}, "Magic Mouse battery alert", "Battery at 12%. Please charge.");
+    expectLow("zh", {mouse(12)}, "Magic Mouse 电量提醒", "当前电量12%，请及时充电。");
+}
+
+TEST(SnoozeAlertTest, TwoLowDevicesAreListedInRedWithoutBlanksInTheGivenOrder)
+{
+    expectLow("en", {mouse(12), keyboard(8)}, "Peripheral battery alert",
+              "Mouse12%, Keyboard8%. Please charge.");
+    expectLow("zh", {mouse(12), keyboard(8)}, "外设电量提醒", "鼠标12%、键盘8%，请及时充电。");
+    expectLow("zh", {trackpad(3), mouse(-5), mouse(250)}, "外设电量提醒",
+              "触控板3%、鼠标-5%、鼠标250%，请及时充电。");
+}
+
+TEST(SnoozeAlertTest, LowWithoutADeviceIsTheSuffixAlone)
+{
+    expectLow("en", {}, "Peripheral battery alert", ". Please charge.");
+}
+
+TEST(SnoozeAlertTest, NothingLowListsAllDevicesInTheLabelColour)
+{
+    expectNormal("en", {mouse(80), keyboard(64)}, "All good: Mouse80%, Keyboard64%");
+    expectNormal("zh", {mouse(80), keyboard(64)}, "电量正常：鼠标80%、键盘64%");
+    expectNormal("en", {trackpad(55)}, "All good: Trackpad55%");
+}
+
+TEST(SnoozeAlertTest, NoDeviceAtAllSaysSo)
+{
+    expectNormal("en", {}, "No peripherals found");
+    expectNormal("zh", {}, "未检测到外设");
+}
+
+TEST(SnoozeAlertTest, ADeviceOfUnknownOrderIsListedByItsName)
+{
+    expectNormal("en", {deviceOfUnknownOrder(3), mouse(80)}, "All good: Pencil Case7%, Mouse80%");
+    expectNormal("en", {deviceOfUnknownOrder(-1)}, "All good: Pencil Case7%");
+}
+
 class SnoozeAlertEnglishTest : public testing::Test {
     LanguageGuard language{"en"};
 };
-
-class SnoozeAlertChineseTest : public testing::Test {
-    LanguageGuard language{"zh"};
-};
-
-TEST_F(SnoozeAlertEnglishTest, OneLowDeviceIsNamedInTheTitleAndItsLevelInRed)
-{
-    const AlertContent content = lowContent({mouse(12)});
-
-    EXPECT_EQ(content.title.whole(), "Magic Mouse battery alert");
-    EXPECT_EQ(content.detail, "Battery at 12%. Please charge.");
-    EXPECT_TRUE(content.detailIsRed);
-}
-
-TEST_F(SnoozeAlertChineseTest, OneLowDeviceIsNamedInTheTitleAndItsLevelInRed)
-{
-    const AlertContent content = lowContent({mouse(12)});
-
-    EXPECT_EQ(content.title.whole(), "Magic Mouse 电量提醒");
-    EXPECT_EQ(content.detail, "当前电量12%，请及时充电。");
-    EXPECT_TRUE(content.detailIsRed);
-}
-
-TEST_F(SnoozeAlertEnglishTest, TwoLowDevicesAreListedInRed)
-{
-    const AlertContent content = lowContent({mouse(12), keyboard(8)});
-
-    EXPECT_EQ(content.title.whole(), "Peripheral battery alert");
-    EXPECT_EQ(content.detail, "Mouse12%, Keyboard8%. Please charge.");
-    EXPECT_TRUE(content.detailIsRed);
-}
-
-TEST_F(SnoozeAlertChineseTest, TwoLowDevicesAreListedInRed)
-{
-    const AlertContent content = lowContent({mouse(12), keyboard(8)});
-
-    EXPECT_EQ(content.title.whole(), "外设电量提醒");
-    EXPECT_EQ(content.detail, "鼠标12%、键盘8%，请及时充电。");
-    EXPECT_TRUE(content.detailIsRed);
-}
-
-TEST_F(SnoozeAlertEnglishTest, LowWithoutADeviceIsTheSuffixAlone)
-{
-    const AlertContent content = lowContent({});
-
-    EXPECT_EQ(content.title.whole(), "Peripheral battery alert");
-    EXPECT_EQ(content.detail, ". Please charge.");
-    EXPECT_TRUE(content.detailIsRed);
-}
-
-TEST_F(SnoozeAlertChineseTest, LowWithoutADeviceIsTheSuffixAlone)
-{
-    const AlertContent content = lowContent({});
-
-    EXPECT_EQ(content.title.whole(), "外设电量提醒");
-    EXPECT_EQ(content.detail, "，请及时充电。");
-}
-
-TEST_F(SnoozeAlertEnglishTest, NothingLowListsAllDevicesInTheLabelColour)
-{
-    const AlertContent content = normalContent({mouse(80), keyboard(64)});
-
-    EXPECT_EQ(content.title.whole(), "Peripheral battery");
-    EXPECT_EQ(content.detail, "All good: Mouse80%, Keyboard64%");
-    EXPECT_FALSE(content.detailIsRed);
-}
-
-TEST_F(SnoozeAlertChineseTest, NothingLowListsAllDevicesInTheLabelColour)
-{
-    const AlertContent content = normalContent({mouse(80), keyboard(64)});
-
-    EXPECT_EQ(content.title.whole(), "外设电量");
-    EXPECT_EQ(content.detail, "电量正常：鼠标80%、键盘64%");
-    EXPECT_FALSE(content.detailIsRed);
-}
-
-TEST_F(SnoozeAlertEnglishTest, NothingLowWithOneDeviceStillUsesTheGeneralTitle)
-{
-    const AlertContent content = normalContent({trackpad(55)});
-
-    EXPECT_EQ(content.title.whole(), "Peripheral battery");
-    EXPECT_EQ(content.detail, "All good: Trackpad55%");
-}
-
-TEST_F(SnoozeAlertEnglishTest, NoDeviceAtAllSaysSo)
-{
-    const AlertContent content = normalContent({});
-
-    EXPECT_EQ(content.title.whole(), "Peripheral battery");
-    EXPECT_EQ(content.detail, "No peripherals found");
-    EXPECT_FALSE(content.detailIsRed);
-}
-
-TEST_F(SnoozeAlertChineseTest, NoDeviceAtAllSaysSo)
-{
-    EXPECT_EQ(normalContent({}).detail, "未检测到外设");
-}
-
-TEST_F(SnoozeAlertEnglishTest, TheListHasNoBlanksAndKeepsTheGivenOrder)
-{
-    EXPECT_EQ(lowContent({trackpad(3), mouse(0), keyboard(20)}).detail,
-              "Trackpad3%, Mouse0%, Keyboard20%. Please charge.");
-}
-
-TEST_F(SnoozeAlertChineseTest, TheListHasNoBlanksAndKeepsTheGivenOrder)
-{
-    EXPECT_EQ(lowContent({trackpad(3), mouse(0), keyboard(20)}).detail,
-              "触控板3%、鼠标0%、键盘20%，请及时充电。");
-}
-
-TEST_F(SnoozeAlertEnglishTest, ADeviceOfUnknownOrderIsListedByItsName)
-{
-    EXPECT_EQ(normalContent({deviceOfUnknownOrder(3), mouse(80)}).detail,
-              "All good: Pencil Case7%, Mouse80%");
-    EXPECT_EQ(normalContent({deviceOfUnknownOrder(-1)}).detail, "All good: Pencil Case7%");
-}
-
-TEST_F(SnoozeAlertEnglishTest, TwoDevicesOfOneKindAreBothListed)
-{
-    const BatteryDevice otherMouse{617, "Magic Mouse 2", 9, "magicmouse", 0};
-
-    EXPECT_EQ(lowContent({mouse(12), otherMouse}).detail, "Mouse12%, Mouse9%. Please charge.");
-}
 
 TEST_F(SnoozeAlertEnglishTest, ANameIsNeverReadAsAFormat)
 {
@@ -164,12 +104,6 @@ TEST_F(SnoozeAlertEnglishTest, ANameIsNeverReadAsAFormat)
     BatteryDevice unknown = deviceOfUnknownOrder(5);
     unknown.name = "%@";
     EXPECT_EQ(normalContent({unknown}).detail, "All good: %@7%");
-}
-
-TEST_F(SnoozeAlertEnglishTest, AnUnusualLevelStandsAsReported)
-{
-    EXPECT_EQ(lowContent({mouse(-5)}).detail, "Battery at -5%. Please charge.");
-    EXPECT_EQ(normalContent({mouse(250)}).detail, "All good: Mouse250%");
 }
 
 TEST_F(SnoozeAlertEnglishTest, TheFixedTextsAreEnglish)
@@ -185,8 +119,9 @@ TEST_F(SnoozeAlertEnglishTest, TheFixedTextsAreEnglish)
     EXPECT_EQ(content.cancelTitle, "Cancel");
 }
 
-TEST_F(SnoozeAlertChineseTest, TheFixedTextsAreChinese)
+TEST(SnoozeAlertChineseTest, TheFixedTextsAreChinese)
 {
+    const LanguageGuard language("zh");
     const AlertContent content = lowContent({mouse(12)});
 
     EXPECT_EQ(content.applicationName, "续航哨兵");

@@ -1,15 +1,16 @@
 #include "texts/l10n.h"
 
 #include "fakes/fake_preferred_languages.h"
+#include "posix/memory_defaults.h"
 
 #include <gmock/gmock.h>
 
 #include <limits>
+#include <span>
 
 namespace voltmere {
 namespace {
 
-using testing::ElementsAreArray;
 using testing::SizeIs;
 
 struct Text {
@@ -71,15 +72,6 @@ constexpr Text ownTexts[] = {
      "This desktop has no tray. Start the program again to reopen this panel."},
 };
 
-std::vector<std::string_view> keysOf(const L10n::Table& table)
-{
-    std::vector<std::string_view> keys;
-    for (const auto& [key, text] : table) {
-        keys.push_back(key);
-    }
-    return keys;
-}
-
 /// A text that only one of the two tables yields, to tell which one is in use.
 std::string languageInUse()
 {
@@ -87,75 +79,26 @@ std::string languageInUse()
     return yes == "OK" ? "en" : yes == "确定" ? "zh" : yes;
 }
 
-TEST(L10nTables, HaveThirtySixKeysEach)
+/// Whether a table holds exactly the agreed texts of one language.
+void expectTexts(const L10n::Table& table, std::span<const Text> agreed,
+                 std::string_view Text::*text)
 {
-    EXPECT_THAT(L10n::zh(), SizeIs(36));
-    EXPECT_THAT(L10n::en(), SizeIs(36));
-    EXPECT_EQ(std::size(texts), 36U);
-}
-
-TEST(L10nTables, HaveTheSameKeys)
-{
-    EXPECT_THAT(keysOf(L10n::zh()), ElementsAreArray(keysOf(L10n::en())));
-}
-
-TEST(L10nTables, EveryTextIsExactlyAsAgreed)
-{
-    for (const Text& text : texts) {
-        SCOPED_TRACE(text.key);
-        const LanguageGuard chinese("zh");
-        EXPECT_EQ(L10n::t(text.key), text.zh);
-        L10n::setting = "en";
-        EXPECT_EQ(L10n::t(text.key), text.en);
-        ASSERT_TRUE(L10n::zh().contains(text.key));
-        ASSERT_TRUE(L10n::en().contains(text.key));
+    EXPECT_THAT(table, SizeIs(agreed.size()));
+    for (const Text& row : agreed) {
+        ASSERT_TRUE(table.contains(row.key)) << row.key;
+        EXPECT_EQ(table.at(row.key), row.*text) << row.key;
     }
 }
 
-TEST(L10nTables, OfThisProgramsOwnTextsHaveTheSameKeys)
+TEST(L10nTables, HoldExactlyTheAgreedTexts)
 {
-    EXPECT_THAT(keysOf(L10n::ownZh()), ElementsAreArray(keysOf(L10n::ownEn())));
-    for (const std::string_view key : keysOf(L10n::ownEn())) {
-        EXPECT_FALSE(L10n::en().contains(key)) << key;
-    }
+    expectTexts(L10n::zh(), texts, &Text::zh);
+    expectTexts(L10n::en(), texts, &Text::en);
+    expectTexts(L10n::ownZh(), ownTexts, &Text::zh);
+    expectTexts(L10n::ownEn(), ownTexts, &Text::en);
 }
 
-TEST(L10nTables, NoOwnTextIsEmpty)
-{
-    for (const auto* const table : {&L10n::ownZh(), &L10n::ownEn()}) {
-        for (const auto& [key, text] : *table) {
-            EXPECT_FALSE(text.empty()) << key;
-        }
-    }
-}
-
-TEST(L10nTables, TheOwnTextsAreExactlyAsAgreed)
-{
-    for (const Text& text : ownTexts) {
-        SCOPED_TRACE(text.key);
-        const LanguageGuard chinese("zh");
-        EXPECT_EQ(L10n::own(text.key), text.zh);
-        L10n::setting = "en";
-        EXPECT_EQ(L10n::own(text.key), text.en);
-    }
-}
-
-TEST(L10nTables, EveryLanguageHasAName)
-{
-    for (const AppLanguage language : allAppLanguages) {
-        const std::string key = "language." + std::string(rawValue(language));
-        EXPECT_TRUE(L10n::ownZh().contains(key)) << key;
-        EXPECT_TRUE(L10n::ownEn().contains(key)) << key;
-    }
-}
-
-TEST(L10nTables, AreBuiltOnce)
-{
-    EXPECT_EQ(&L10n::zh(), &L10n::zh());
-    EXPECT_EQ(&L10n::en(), &L10n::en());
-}
-
-TEST(L10nTables, PanelWarnSuffixIsEmptyInEnglishAndNotInChinese)
+TEST(L10nLookup, PanelWarnSuffixIsEmptyInEnglishAndNotInChinese)
 {
     const LanguageGuard english("en");
     EXPECT_EQ(L10n::t("panel.warnSuffix"), "");
@@ -184,6 +127,7 @@ TEST(L10nLookup, TheTwoPairsOfTablesDoNotMix)
 TEST(L10nLanguage, IsTheSystemsUntilAnotherIsSet)
 {
     EXPECT_EQ(L10n::setting, "system");
+    EXPECT_EQ(languageInUse(), "en") << "nobody's languages are known";
 }
 
 TEST(L10nLanguage, ZhAndEnIgnoreThePreferredLanguages)
@@ -252,12 +196,6 @@ INSTANTIATE_TEST_SUITE_P(
                     UserCase{"AnEmptyTagThenChineseIsEnglish", {"", "zh-Hans"}, "en"}),
     [](const auto& row) { return row.param.what; });
 
-TEST(L10nLanguage, WithoutPreferredLanguagesSystemIsEnglish)
-{
-    const LanguageGuard system("system", nullptr);
-    EXPECT_EQ(languageInUse(), "en");
-}
-
 TEST(L10nLanguage, ChangingZhToEnChangesTheNextLookupWithoutAnyOtherStep)
 {
     const LanguageGuard chinese("zh");
@@ -275,74 +213,30 @@ TEST(L10nLanguage, AChangeOfThePreferredLanguagesShowsAtTheNextLookup)
     EXPECT_EQ(languageInUse(), "en");
 }
 
-/// Stored settings of which only the text under one key is of interest.
-class StoredText : public DefaultsStore {
-public:
-    explicit StoredText(std::string storedKey, std::optional<std::string> value)
-        : storedKey(std::move(storedKey))
-        , value(std::move(value))
-    {
-    }
-
-    std::optional<std::int64_t> integer(std::string_view) const override { return std::nullopt; }
-    std::optional<bool> boolean(std::string_view) const override { return std::nullopt; }
-
-    std::optional<std::string> text(std::string_view key) const override
-    {
-        return key == storedKey ? value : std::nullopt;
-    }
-
-    void setInteger(std::string_view, std::int64_t) override { ++writes; }
-    void setBoolean(std::string_view, bool) override { ++writes; }
-
-    std::string storedKey;
-    std::optional<std::string> value;
-    int writes = 0;
-};
-
-TEST(L10nLoadSetting, TakesTheStoredTextWhateverItIs)
+TEST(L10nLoadSetting, TakesTheTextUnderLanguageWhateverItIsElseSystem)
 {
-    for (const char* const stored : {"zh", "en", "system", "fr", ""}) {
-        const LanguageGuard before("before");
-        L10n::loadSetting(StoredText("language", stored));
-        EXPECT_EQ(L10n::setting, stored);
-    }
-}
-
-TEST(L10nLoadSetting, IsSystemWhenNoTextIsStored)
-{
-    const LanguageGuard before("zh");
-    L10n::loadSetting(StoredText("language", std::nullopt));
+    const LanguageGuard before("before");
+    MemoryDefaults stored;
+    stored.set("Language", std::string("zh"));
+    L10n::loadSetting(stored);
     EXPECT_EQ(L10n::setting, "system");
+    for (const char* const text : {"zh", "en", "system", "fr", ""}) {
+        stored.set("language", std::string(text));
+        L10n::loadSetting(stored);
+        EXPECT_EQ(L10n::setting, text);
+    }
 }
 
-TEST(L10nLoadSetting, LooksUnderLanguageAloneAndWritesNothing)
-{
-    const LanguageGuard before("zh");
-    const StoredText store("Language", "zh");
-    L10n::loadSetting(store);
-    EXPECT_EQ(L10n::setting, "system");
-    EXPECT_EQ(store.writes, 0);
-}
-
-TEST(AppLanguage, HasThreeChoicesInThePanelsOrder)
+TEST(AppLanguage, HasThreeChoicesInThePanelsOrderMadeFromTheirRawValues)
 {
     EXPECT_THAT(allAppLanguages,
                 testing::ElementsAre(AppLanguage::system, AppLanguage::zh, AppLanguage::en));
-}
-
-TEST(AppLanguage, HasARawValueForEachChoice)
-{
-    EXPECT_EQ(rawValue(AppLanguage::system), "system");
-    EXPECT_EQ(rawValue(AppLanguage::zh), "zh");
-    EXPECT_EQ(rawValue(AppLanguage::en), "en");
-}
-
-TEST(AppLanguage, IsMadeFromItsRawValue)
-{
-    for (const AppLanguage language : allAppLanguages) {
-        EXPECT_EQ(appLanguage(rawValue(language)), language);
+    for (const char* const raw : {"system", "zh", "en"}) {
+        ASSERT_TRUE(appLanguage(raw)) << raw;
+        EXPECT_EQ(rawValue(*appLanguage(raw)), raw);
     }
+    EXPECT_EQ(appLanguage("zh"), AppLanguage::zh);
+    EXPECT_EQ(appLanguage("en"), AppLanguage::en);
 }
 
 TEST(AppLanguage, IsNoneForAnyOtherText)
@@ -381,21 +275,6 @@ TEST(L10nFormat, OtherUsesOfThePercentSignStay)
     EXPECT_EQ(L10n::format("%%@ %%1$d", "Ann"), "%@ %1$d");
     EXPECT_EQ(L10n::format("%1$d %d 50%", "Ann"), "%1$d %d 50%");
     EXPECT_EQ(L10n::format("%@", std::int64_t{7}), "%@");
-}
-
-TEST(L10nFormatOfTheTables, EveryPlaceholderIsFilled)
-{
-    for (const auto* const table : {&L10n::zh(), &L10n::en()}) {
-        for (const char* const key : {"status.lowDetail", "alert.titleOne", "alert.normalText"}) {
-            const std::string filled = L10n::format(table->at(key), "Ann");
-            EXPECT_THAT(filled, testing::HasSubstr("Ann")) << key;
-            EXPECT_THAT(filled, testing::Not(testing::HasSubstr("%"))) << key;
-        }
-    }
-    EXPECT_EQ(L10n::format(L10n::zh().at("alert.lowSingle"), std::int64_t{7}),
-              "当前电量7%，请及时充电。");
-    EXPECT_EQ(L10n::format(L10n::en().at("alert.lowSingle"), std::int64_t{7}),
-              "Battery at 7%. Please charge.");
 }
 
 } // namespace

@@ -45,13 +45,6 @@ TEST(IconLevelTest, IsLowAtTheThresholdAndNotAboveIt)
     }
 }
 
-TEST(IconLevelTest, ADeviceThatIsNotTheWeakestChangesNothing)
-{
-    EXPECT_EQ(iconLevel({mouse(42)}, 20), iconLevel({keyboard(90), mouse(42)}, 41));
-    EXPECT_NE(iconLevel({mouse(42)}, 20), iconLevel({mouse(42)}, 42));
-    EXPECT_NE(iconLevel({mouse(42)}, 20), iconLevel({mouse(41)}, 20));
-}
-
 TEST(IconShapeTest, WithoutADeviceIsTheStatusIconAlone)
 {
     const IconShape shape = shapeOf({});

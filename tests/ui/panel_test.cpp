@@ -28,48 +28,30 @@ protected:
     ModelWorld world;
 };
 
-TEST_F(PanelContentTest, SaysEverythingInEnglish)
+/// The panel's fixed texts, top to bottom.
+std::vector<std::string> fixedTexts(const PanelContent& panel)
 {
-    start("en");
-    const PanelContent panel = content();
-    EXPECT_EQ(panel.applicationName, "Cellsentry");
-    EXPECT_EQ(panel.emptySymbol, "questionmark.circle");
-    EXPECT_EQ(panel.emptyText, "No peripherals found");
-    EXPECT_EQ(panel.warnBelow, "Alert below");
-    EXPECT_EQ(panel.threshold.name, "Threshold");
-    EXPECT_EQ(panel.warnSuffix, "");
-    EXPECT_EQ(panel.instantAlert.title, "Immediately");
-    EXPECT_EQ(panel.dailyCheck.title, "Daily check");
-    EXPECT_EQ(panel.checkTime, "Check time");
-    EXPECT_EQ(panel.checkHour.name, "Hour");
-    EXPECT_EQ(panel.timeSeparator, ":");
-    EXPECT_EQ(panel.checkMinute.name, "Minute");
-    EXPECT_EQ(panel.testAlert, "Enable / test alert");
-    EXPECT_EQ(panel.launchAtLogin.title, "Launch at login");
-    EXPECT_EQ(panel.quit, "Quit");
-    EXPECT_EQ(panel.languageLabel, "Language");
-    EXPECT_EQ(panel.language.name, "Language");
+    return {panel.applicationName,    panel.emptySymbol,         panel.emptyText,
+            panel.warnBelow,          panel.threshold.name,      panel.warnSuffix,
+            panel.instantAlert.title, panel.dailyCheck.title,    panel.checkTime,
+            panel.checkHour.name,     panel.timeSeparator,       panel.checkMinute.name,
+            panel.testAlert,          panel.launchAtLogin.title, panel.quit,
+            panel.languageLabel,      panel.language.name};
 }
 
-TEST_F(PanelContentTest, SaysEverythingInChinese)
+TEST_F(PanelContentTest, SaysEverythingInTheLanguageChosen)
 {
+    start("en");
+    EXPECT_THAT(fixedTexts(content()),
+                ElementsAre("Cellsentry", "questionmark.circle", "No peripherals found",
+                            "Alert below", "Threshold", "", "Immediately", "Daily check",
+                            "Check time", "Hour", ":", "Minute", "Enable / test alert",
+                            "Launch at login", "Quit", "Language", "Language"));
     start("zh");
-    const PanelContent panel = content();
-    EXPECT_EQ(panel.applicationName, "续航哨兵");
-    EXPECT_EQ(panel.emptyText, "未检测到外设");
-    EXPECT_EQ(panel.warnBelow, "电量低于");
-    EXPECT_EQ(panel.threshold.name, "阈值");
-    EXPECT_EQ(panel.warnSuffix, "提醒");
-    EXPECT_EQ(panel.instantAlert.title, "立即提醒");
-    EXPECT_EQ(panel.dailyCheck.title, "每天定时检查");
-    EXPECT_EQ(panel.checkTime, "检查时间");
-    EXPECT_EQ(panel.checkHour.name, "小时");
-    EXPECT_EQ(panel.checkMinute.name, "分钟");
-    EXPECT_EQ(panel.testAlert, "开启/测试通知");
-    EXPECT_EQ(panel.launchAtLogin.title, "开机自动启动");
-    EXPECT_EQ(panel.quit, "退出");
-    EXPECT_EQ(panel.languageLabel, "语言");
-    EXPECT_EQ(panel.language.name, "语言");
+    EXPECT_THAT(fixedTexts(content()),
+                ElementsAre("续航哨兵", "questionmark.circle", "未检测到外设", "电量低于", "阈值",
+                            "提醒", "立即提醒", "每天定时检查", "检查时间", "小时", ":", "分钟",
+                            "开启/测试通知", "开机自动启动", "退出", "语言", "语言"));
 }
 
 TEST_F(PanelContentTest, HasARowForEachDeviceInTheModelsOrder)

@@ -5,6 +5,7 @@
 
 #include <iosfwd>
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -95,5 +96,8 @@ public:
     /// What can be seen now. Takes the events.
     virtual View look() = 0;
 };
+
+/// A run of the program itself.
+std::unique_ptr<Run> runProgram(const Beginning& beginning);
 
 } // namespace voltmere::year

@@ -1,11 +1,20 @@
 #pragma once
 
 #include "year/year.h"
-#include "year/year_texts.h"
 
 #include <functional>
 
 namespace voltmere::year {
+
+/// The texts of the program that the oracle expects, by its own names for them.
+struct Texts {
+    std::string waiting, noDevice, normal, lowDetail;
+    std::string kinds[3];
+    std::string separator;
+    std::string titleBeforeName, titleAfterName, titleMany, titleNormal;
+    std::string normalList, singleBefore, singleAfter, chargeSuffix;
+    std::string firstAction, launchAtLogin;
+};
 
 /// What the program must do, written down once more from its rules, without its code: its own
 /// catalogue, texts, calendar and timers.

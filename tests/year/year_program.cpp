@@ -1,8 +1,9 @@
-#include "year/year_program.h"
-
 #include "alerting/notifications.h"
+#include "fakes/model_world.h"
+#include "fakes/time_zones.h"
+#include "posix/calendar.h"
+#include "year/year.h"
 
-#include <array>
 #include <ostream>
 
 namespace voltmere::year {
@@ -26,11 +27,6 @@ private:
     std::shared_ptr<bool> visible;
     std::function<void()> cameToFront;
 };
-
-Seconds seconds(Millis span)
-{
-    return std::chrono::milliseconds(span);
-}
 
 std::set<std::string> storedIn(const DefaultsStore& store)
 {
@@ -74,210 +70,180 @@ std::ostream& operator<<(std::ostream& out, const View& view)
     return out;
 }
 
-YearProgram::YearProgram(const Beginning& beginning)
-    : zoneGuard(beginning.zone->name)
-{
-    BatteryModel::launchSettled = false;
-    world.clock.present = Instant(std::chrono::milliseconds(beginning.now));
-    world.defaults = MemoryDefaults();
-    if (!beginning.storedLanguage.empty()) {
-        world.defaults.set("language", beginning.storedLanguage);
+namespace {
+
+/// The program's model in a world of fakes, with the calendar of the C library. It notes readings,
+/// alerts, lines of the log and notifications.
+class YearProgram : public Run, BatterySource, AlertPresenter, SystemLog {
+public:
+    explicit YearProgram(const Beginning& beginning)
+        : zoneGuard(beginning.zone->name)
+    {
+        BatteryModel::launchSettled = false;
+        world.clock.present = Instant(std::chrono::milliseconds(beginning.now));
+        world.defaults = MemoryDefaults();
+        if (!beginning.storedLanguage.empty()) {
+            world.defaults.set("language", beginning.storedLanguage);
+        }
+        languages.wanted = {beginning.prefersChinese ? "zh-Hant-TW" : "de-DE"};
+        L10n::usePreferredLanguages(&languages);
+        if (beginning.registeredAtLogin) {
+            world.loginItems.present = LoginItemService::Status::enabled;
+        }
+        world.names.whileReading = [this] { happened("names read"); };
+        const auto reader = std::make_shared<DeviceReader>(
+            [this] {
+                return PeripheralSources{"fake", this, &world.names};
+            },
+            world.clock);
+        model = std::make_unique<BatteryModel>(
+            ModelServices{world.defaults, world.runLoop, world.clock, calendar, world.loginItems,
+                          world.notifications, world.notificationDelegate, *this, *this, reader});
+        world.runLoop.settle();
     }
-    languages.wanted = {beginning.prefersChinese ? "zh-Hant-TW" : "de-DE"};
-    L10n::usePreferredLanguages(&languages);
-    if (beginning.registeredAtLogin) {
-        world.loginItems.present = LoginItemService::Status::enabled;
+
+    void settleLaunch() override
+    {
+        L10n::loadSetting(world.defaults);
+        NotificationSetup::registerCategories(world.notifications, world.notificationDelegate);
+        BatteryModel::launchSettled = true;
     }
-    world.names.whileReading = [this] { happened("names read"); };
-    const auto reader = std::make_shared<DeviceReader>(
-        [this] {
-            return PeripheralSources{"fake", &levels, &world.names};
-        },
-        world.clock);
-    model = std::make_unique<BatteryModel>(
-        ModelServices{world.defaults, world.runLoop, world.clock, calendar, world.loginItems,
-                      world.notifications, world.notificationDelegate, alerts, log, reader});
-    world.runLoop.settle();
-}
 
-std::vector<BatteryEntry> YearProgram::Levels::readEntries()
-{
-    owner.happened("levels read");
-    return owner.world.batteries.entries;
-}
+    void stayAwake(Millis span) override { world.runLoop.advance(std::chrono::milliseconds(span)); }
+    void sleep(Millis span) override { world.runLoop.sleepFor(std::chrono::milliseconds(span)); }
+    void moveClock(Millis by) override { world.clock.present += std::chrono::milliseconds(by); }
+    void moveTo(const Zone& zone) override { ZoneGuard::set(zone.name); }
 
-std::unique_ptr<Alert> YearProgram::Alerts::present(AlertContent content, AlertActions given)
-{
-    owner.happened("alert " + content.title.whole() + "|" + content.detail +
-                   (content.detailIsRed ? "|red|" : "|plain|") +
-                   std::to_string(content.hour.values.at(*content.hour.selected)) + ":" +
-                   std::to_string(content.minute.values.at(*content.minute.selected)));
-    actions = std::move(given);
-    visible = std::make_shared<bool>(true);
-    return std::make_unique<NotedAlert>(visible, [this] { owner.happened("alert in front"); });
-}
-
-void YearProgram::settleLaunch()
-{
-    L10n::loadSetting(world.defaults);
-    NotificationSetup::registerCategories(world.notifications, world.notificationDelegate);
-    BatteryModel::launchSettled = true;
-}
-
-void YearProgram::stayAwake(Millis span)
-{
-    world.runLoop.advance(seconds(span));
-}
-
-void YearProgram::sleep(Millis span)
-{
-    world.runLoop.sleepFor(seconds(span));
-}
-
-void YearProgram::moveClock(Millis by)
-{
-    world.clock.present += std::chrono::milliseconds(by);
-}
-
-void YearProgram::moveTo(const Zone& zone)
-{
-    ZoneGuard::set(zone.name);
-}
-
-void YearProgram::setPeripherals(const std::vector<Peripheral>& peripherals)
-{
-    world.batteries.entries.clear();
-    for (const Peripheral& one : peripherals) {
-        BatteryEntry entry;
-        entry.product = one.product;
-        entry.level = one.level;
-        entry.address = one.address;
-        world.batteries.entries.push_back(entry);
+    void setPeripherals(const std::vector<Peripheral>& peripherals) override
+    {
+        world.batteries.entries.clear();
+        for (const Peripheral& one : peripherals) {
+            BatteryEntry entry;
+            entry.product = one.product;
+            entry.level = one.level;
+            entry.address = one.address;
+            world.batteries.entries.push_back(entry);
+        }
     }
-}
 
-void YearProgram::setNames(const Names& names)
-{
-    world.names.names = NameMap(names.begin(), names.end());
-}
-
-void YearProgram::setThreshold(std::int64_t value)
-{
-    model->threshold = value;
-}
-
-void YearProgram::setCheckHour(std::int64_t value)
-{
-    model->checkHour = value;
-}
-
-void YearProgram::setCheckMinute(std::int64_t value)
-{
-    model->checkMinute = value;
-}
-
-void YearProgram::setEnabled(bool value)
-{
-    model->enabled = value;
-}
-
-void YearProgram::setInstantEnabled(bool value)
-{
-    model->instantEnabled = value;
-}
-
-void YearProgram::setLanguage(const std::string& value)
-{
-    model->language = value;
-}
-
-void YearProgram::setLoginService(LoginService behaviour)
-{
-    using Status = LoginItemService::Status;
-    world.loginItems.failure =
-        behaviour == LoginService::fails ? std::optional<std::string>("Not now") : std::nullopt;
-    world.loginItems.afterRegistration =
-        behaviour == LoginService::wantsApproval ? Status::requiresApproval : Status::enabled;
-}
-
-void YearProgram::setLaunchAtLogin(bool value)
-{
-    model->launchAtLogin = value;
-    noteNotifications();
-}
-
-void YearProgram::showPanel()
-{
-    model->refreshLaunchAtLogin();
-    model->refresh(false);
-    world.runLoop.settle();
-}
-
-void YearProgram::testAlert()
-{
-    const AlertPayload payload = model->alertPayload();
-    model->showSnoozeAlert(payload.devices, payload.isLow);
-}
-
-void YearProgram::cancelAlert()
-{
-    alerts.actions.cancel();
-}
-
-void YearProgram::chooseOption(std::size_t option)
-{
-    const auto choose = alerts.actions.chooseOption;
-    choose(option);
-}
-
-void YearProgram::chooseTime(int hour, int minute)
-{
-    const auto choose = alerts.actions.chooseTime;
-    choose(hour, minute);
-}
-
-View YearProgram::look()
-{
-    View view;
-    view.devices = model->devices.get();
-    view.threshold = model->threshold;
-    view.checkHour = model->checkHour;
-    view.checkMinute = model->checkMinute;
-    view.enabled = model->enabled;
-    view.instantEnabled = model->instantEnabled;
-    if (const auto last = model->lastChecked.get()) {
-        view.lastChecked = millis(*last);
+    void setNames(const Names& names) override
+    {
+        world.names.names = NameMap(names.begin(), names.end());
     }
-    view.status = model->status.get();
-    view.language = model->language.get();
-    view.launchAtLogin = model->launchAtLogin;
-    view.customHour = model->customHour;
-    view.customMinute = model->customMinute;
-    view.alertVisible = *alerts.visible;
-    view.saved = storedIn(world.defaults);
-    if (!world.notifications.categories.empty()) {
-        view.actionTitle = world.notifications.categories[0].actions[0].title;
+
+    void setThreshold(std::int64_t value) override { model->threshold = value; }
+    void setCheckHour(std::int64_t value) override { model->checkHour = value; }
+    void setCheckMinute(std::int64_t value) override { model->checkMinute = value; }
+    void setEnabled(bool value) override { model->enabled = value; }
+    void setInstantEnabled(bool value) override { model->instantEnabled = value; }
+    void setLanguage(const std::string& value) override { model->language = value; }
+
+    void setLoginService(LoginService behaviour) override
+    {
+        using Status = LoginItemService::Status;
+        world.loginItems.failure =
+            behaviour == LoginService::fails ? std::optional<std::string>("Not now") : std::nullopt;
+        world.loginItems.afterRegistration =
+            behaviour == LoginService::wantsApproval ? Status::requiresApproval : Status::enabled;
     }
-    view.events.swap(events);
-    return view;
-}
 
-void YearProgram::happened(const std::string& what)
-{
-    events.push_back({millis(world.clock.present), what});
-}
-
-Millis YearProgram::millis(Instant instant) const
-{
-    return std::chrono::round<std::chrono::milliseconds>(instant.time_since_epoch()).count();
-}
-
-void YearProgram::noteNotifications()
-{
-    for (const NotificationRequest& request : world.notifications.requests) {
-        happened("notification " + request.content.title + "|" + request.content.body);
+    void setLaunchAtLogin(bool value) override
+    {
+        model->launchAtLogin = value;
+        for (const NotificationRequest& request : world.notifications.requests) {
+            happened("notification " + request.content.title + "|" + request.content.body);
+        }
+        world.notifications.requests.clear();
     }
-    world.notifications.requests.clear();
+
+    void showPanel() override
+    {
+        model->refreshLaunchAtLogin();
+        model->refresh(false);
+        world.runLoop.settle();
+    }
+
+    void testAlert() override
+    {
+        const AlertPayload payload = model->alertPayload();
+        model->showSnoozeAlert(payload.devices, payload.isLow);
+    }
+
+    void cancelAlert() override { actions.cancel(); }
+    void chooseOption(std::size_t option) override { actions.chooseOption(option); }
+    void chooseTime(int hour, int minute) override { actions.chooseTime(hour, minute); }
+
+    View look() override
+    {
+        View view;
+        view.devices = model->devices.get();
+        view.threshold = model->threshold;
+        view.checkHour = model->checkHour;
+        view.checkMinute = model->checkMinute;
+        view.enabled = model->enabled;
+        view.instantEnabled = model->instantEnabled;
+        if (const auto last = model->lastChecked.get()) {
+            view.lastChecked = millis(*last);
+        }
+        view.status = model->status.get();
+        view.language = model->language.get();
+        view.launchAtLogin = model->launchAtLogin;
+        view.customHour = model->customHour;
+        view.customMinute = model->customMinute;
+        view.alertVisible = *visible;
+        view.saved = storedIn(world.defaults);
+        if (!world.notifications.categories.empty()) {
+            view.actionTitle = world.notifications.categories[0].actions[0].title;
+        }
+        view.events.swap(events);
+        return view;
+    }
+
+private:
+    std::vector<BatteryEntry> readEntries() override
+    {
+        happened("levels read");
+        return world.batteries.entries;
+    }
+
+    std::unique_ptr<Alert> present(AlertContent content, AlertActions given) override
+    {
+        happened("alert " + content.title.whole() + "|" + content.detail +
+                 (content.detailIsRed ? "|red|" : "|plain|") +
+                 std::to_string(content.hour.values.at(*content.hour.selected)) + ":" +
+                 std::to_string(content.minute.values.at(*content.minute.selected)));
+        actions = std::move(given);
+        visible = std::make_shared<bool>(true);
+        return std::make_unique<NotedAlert>(visible, [this] { happened("alert in front"); });
+    }
+
+    void write(std::string_view line) override { happened("log " + std::string(line)); }
+
+    void happened(const std::string& what)
+    {
+        events.push_back({millis(world.clock.present), what});
+    }
+
+    static Millis millis(Instant instant)
+    {
+        return std::chrono::round<std::chrono::milliseconds>(instant.time_since_epoch()).count();
+    }
+
+    ZoneGuard zoneGuard;
+    ModelWorld world;
+    FakePreferredLanguages languages;
+    PosixCalendar calendar;
+    AlertActions actions; ///< of the latest alert
+    std::shared_ptr<bool> visible = std::make_shared<bool>(false);
+    std::vector<Event> events;
+    std::unique_ptr<BatteryModel> model;
+};
+
+} // namespace
+
+std::unique_ptr<Run> runProgram(const Beginning& beginning)
+{
+    return std::make_unique<YearProgram>(beginning);
 }
 
 } // namespace voltmere::year

@@ -1,4 +1,3 @@
-#include "year/year_program.h"
 #include "year/year_script.h"
 
 #include <gtest/gtest.h>
@@ -37,11 +36,11 @@ void count(const View& view, Reached& reached)
 void runYear(YearScript& script, Reached& reached)
 {
     const Beginning beginning = script.beginning();
-    YearProgram program(beginning);
+    const std::unique_ptr<Run> program = runProgram(beginning);
     YearOracle oracle(beginning);
     std::deque<std::string> steps{"start"};
     while (true) {
-        const View seen = program.look();
+        const View seen = program->look();
         const View expected = oracle.look();
         if (seen != expected) {
             std::string road;
@@ -56,7 +55,7 @@ void runYear(YearScript& script, Reached& reached)
         if (script.isOver()) {
             return;
         }
-        script.step(program, oracle);
+        script.step(*program, oracle);
         steps.push_back(script.lastStep());
         if (steps.size() > 12) {
             steps.pop_front();

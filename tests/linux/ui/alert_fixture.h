@@ -7,19 +7,12 @@
 #include "fakes/fake_run_loop.h"
 #include "fakes/sample_devices.h"
 #include "linux/ui/alert.h"
-#include "linux/ui/hover_controls.h"
 #include "linux/ui/theme.h"
+#include "linux/ui/widgets.h"
 #include "snooze/snooze_alert.h"
 
-#include <gmock/gmock.h>
-
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QComboBox>
 #include <QLabel>
 #include <QLayout>
-#include <QPointer>
-#include <QTest>
 
 #include <memory>
 #include <stdexcept>
@@ -55,11 +48,11 @@ public:
     {
     }
 
-    HighlightButton& button(const QString& title) const
+    HoverButton& button(const QString& title) const
     {
         for (QPushButton* button : window.findChildren<QPushButton*>()) {
-            if (button->accessibleName() == title) {
-                return dynamic_cast<HighlightButton&>(*button);
+            if (button->text() == title) {
+                return dynamic_cast<HoverButton&>(*button);
             }
         }
         throw std::runtime_error("no button " + title.toStdString());
@@ -89,16 +82,6 @@ public:
 
     void click(const QString& title) const { QTest::mouseClick(&button(title), Qt::LeftButton); }
 
-    /// Chooses an entry the way a person does: opens the list and presses Return on it.
-    static void choose(HoverPopUpButton& popUp, const QString& text)
-    {
-        const int row = popUp.findText(text);
-        ASSERT_GE(row, 0) << text.toStdString();
-        popUp.showPopup();
-        popUp.view()->setCurrentIndex(popUp.model()->index(row, 0));
-        QTest::keyClick(popUp.view(), Qt::Key_Return);
-    }
-
     SnoozeAlertWindow& window;
 
 private:
@@ -107,11 +90,6 @@ private:
         return dynamic_cast<HoverPopUpButton&>(*window.findChildren<QComboBox*>().at(index));
     }
 };
-
-inline QColor textColour(const QWidget& widget)
-{
-    return widget.palette().color(QPalette::WindowText);
-}
 
 /// An alert on screen whose controls do nothing but report what they were asked.
 class AlertWindowTest : public testing::Test {

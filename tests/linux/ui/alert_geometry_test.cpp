@@ -1,11 +1,10 @@
 #include "linux/ui/alert_fixture.h"
 
-#include "tests/linux/ui/without_pictures.h"
+#include "linux/ui/pictures.h"
 
 #include <QFontMetrics>
 #include <QProxyStyle>
 #include <QScreen>
-#include <QTextDocument>
 
 #include <algorithm>
 
@@ -20,20 +19,15 @@ protected:
     /// A title that is `width` points wide or a little less.
     static QString titleOfWidth(int width)
     {
-        const QFontMetrics metrics(AlertGeometryTest::boldFont());
+        QFont font = QApplication::font();
+        font.setPixelSize(13);
+        font.setBold(true);
+        const QFontMetrics metrics(font);
         QString text = "W";
         while (metrics.horizontalAdvance(text + 'i') <= width) {
             text += 'i';
         }
         return text;
-    }
-
-    static QFont boldFont()
-    {
-        QFont font = QApplication::font();
-        font.setPixelSize(13);
-        font.setBold(true);
-        return font;
     }
 
     AlertView showTitle(const NamedText& title)
@@ -44,83 +38,76 @@ protected:
     }
 
     AlertView showTitle(const QString& title) { return showTitle({title.toStdString(), {}, {}}); }
+
+    static QLabel& caption(const AlertView& view)
+    {
+        return *view.rows().back()->findChildren<QLabel*>().front();
+    }
 };
 
-TEST_F(AlertGeometryTest, TheContentIs237By252PointsWithNineRows)
+TEST_F(AlertGeometryTest, InEveryFormThatFitsTheContentIs237By252PointsInNineRowsWithGapsOf6)
 {
-    const AlertView view = showOneLow();
-
-    EXPECT_EQ(view.container().size(), QSize(237, 252));
-    EXPECT_EQ(view.rows().size(), 9U);
-}
-
-TEST_F(AlertGeometryTest, LabelsAre16HighAndRows237By28WithGapsOf6)
-{
-    const AlertView view = showOneLow();
-    std::vector<int> tops;
-    std::vector<int> heights;
-    for (const QWidget* row : view.rows()) {
-        tops.push_back(row->y());
-        heights.push_back(row->height());
-    }
-
-    EXPECT_THAT(heights, ElementsAre(16, 16, 16, 16, 28, 28, 28, 28, 28));
-    EXPECT_THAT(tops, ElementsAre(0, 22, 44, 66, 88, 122, 156, 190, 224));
-    for (std::size_t row = 4; row < 9; ++row) {
-        EXPECT_EQ(view.rows()[row]->width(), 237);
-        EXPECT_EQ(view.rows()[row]->x(), 0);
-    }
-}
-
-TEST_F(AlertGeometryTest, TheContentHasTheSameSizeInEveryFormThatFits)
-{
-    for (const char* setting : {"en", "zh"}) {
+    for (const char* const setting : {"en", "zh"}) {
         const LanguageGuard guard(setting);
-        EXPECT_EQ(show({mouse(12)}, true).container().size(), QSize(237, 252));
-        EXPECT_EQ(show({}, false).container().size(), QSize(237, 252));
+        for (const bool isLow : {true, false}) {
+            const AlertView view = isLow ? showOneLow() : show({}, false);
+            std::vector<int> tops;
+            std::vector<int> heights;
+            for (const QWidget* const row : view.rows()) {
+                tops.push_back(row->y());
+                heights.push_back(row->height());
+            }
+            EXPECT_EQ(view.container().size(), QSize(237, 252));
+            EXPECT_THAT(heights, ElementsAre(16, 16, 16, 16, 28, 28, 28, 28, 28));
+            EXPECT_THAT(tops, ElementsAre(0, 22, 44, 66, 88, 122, 156, 190, 224));
+            for (std::size_t row = 4; row < 9; ++row) {
+                EXPECT_EQ(view.rows()[row]->x(), 0);
+                EXPECT_EQ(view.rows()[row]->width(), 237);
+            }
+        }
     }
 }
 
-TEST_F(AlertGeometryTest, LabelsAreCentredOneLineOf13Pixels)
+TEST_F(AlertGeometryTest, LabelsAreCentredOneLineOf13PixelsAndTheTitleIsBold)
 {
     const AlertView view = showOneLow();
     for (std::size_t row = 0; row < 4; ++row) {
         const QLabel& label = view.label(row);
         EXPECT_EQ(label.font().pixelSize(), 13);
+        EXPECT_EQ(label.font().bold(), row == 1);
         EXPECT_FALSE(label.wordWrap());
         EXPECT_EQ(label.alignment(), Qt::AlignCenter);
         EXPECT_NEAR(label.geometry().center().x(), view.container().rect().center().x(), 1);
     }
-    EXPECT_FALSE(view.name().font().bold());
-    EXPECT_TRUE(view.title().font().bold());
-    EXPECT_FALSE(view.detail().font().bold());
-    EXPECT_FALSE(view.prompt().font().bold());
+    EXPECT_EQ(view.hour().font().pixelSize(), 13);
+    EXPECT_EQ(view.button("OK").font().pixelSize(), 13);
 }
 
-TEST_F(AlertGeometryTest, ThePopUpsAre52WideAndTheColonIs3FromBothWhileOtherGapsAre6)
+TEST_F(AlertGeometryTest, TheRowForAClockTimeIsCentredAndUncutWithPopUpsOf52AndItsOwnGaps)
 {
-    for (const char* setting : {"en", "zh"}) {
+    for (const char* const setting : {"en", "zh"}) {
         const LanguageGuard guard(setting);
         const AlertView view = showOneLow();
         const auto labels = view.rows().back()->findChildren<QLabel*>();
-        ASSERT_GE(labels.size(), 2); // the pop-ups have hidden ones
-        const QRect caption = labels[0]->geometry();
-        const QRect colon = labels[1]->geometry();
-        ASSERT_EQ(labels[1]->text(), ":");
+        ASSERT_EQ(labels.at(1)->text(), ":");
+        const QPushButton& ok = view.button(QString::fromStdString(L10n::t("alert.ok")));
+        const QRect colon = labels.at(1)->geometry();
         const QRect hour = view.hour().geometry();
         const QRect minute = view.minute().geometry();
-        const QRect confirm = view.button(QString::fromStdString(L10n::t("alert.ok"))).geometry();
         const auto gap = [](const QRect& left, const QRect& right) {
             return right.left() - left.right() - 1;
         };
 
-        EXPECT_EQ(hour.width(), 52);
-        EXPECT_EQ(minute.width(), 52);
-        EXPECT_EQ(gap(caption, hour), 6);
+        EXPECT_EQ(hour.size(), QSize(52, 28));
+        EXPECT_EQ(minute.size(), QSize(52, 28));
+        EXPECT_EQ(gap(caption(view).geometry(), hour), 6);
         EXPECT_EQ(gap(hour, colon), 3);
         EXPECT_EQ(gap(colon, minute), 3);
-        EXPECT_EQ(gap(minute, confirm), 6);
-        for (const QRect& part : {caption, colon, hour, minute, confirm}) {
+        EXPECT_EQ(gap(minute, ok.geometry()), 6);
+        EXPECT_NEAR(caption(view).x(), 237 - ok.geometry().right() - 1, 1);
+        EXPECT_GE(caption(view).width(), caption(view).sizeHint().width());
+        EXPECT_EQ(ok.width(), ok.fontMetrics().horizontalAdvance(ok.text()) + 20);
+        for (const QRect& part : {labels[0]->geometry(), colon, hour, minute, ok.geometry()}) {
             EXPECT_NEAR(part.y() + part.height() / 2.0, 14, 1);
         }
     }
@@ -165,12 +152,7 @@ int inkOfTitle(HoverPopUpButton& popUp)
     popUp.setCurrentIndex(-1);
     const QImage blank = popUp.grab().toImage();
     popUp.setCurrentIndex(selected);
-    int ink = 0;
-    for (int i = 0; i < titled.width() * titled.height(); ++i) {
-        const QPoint place(i % titled.width(), i / titled.width());
-        ink += titled.pixel(place) != blank.pixel(place) ? 1 : 0;
-    }
-    return ink;
+    return differingPixels(titled, blank);
 }
 
 /// The titles of which a wider pop-up shows more.
@@ -194,7 +176,6 @@ TEST_F(AlertGeometryTest, BothDigitsOfThePopUpsAreSeenAlsoInAStyleThatLeavesThem
 {
     const AlertView view = showOneLow();
     for (HoverPopUpButton* const popUp : {&view.hour(), &view.minute()}) {
-        EXPECT_EQ(popUp->font().pixelSize(), 13);
         EXPECT_THAT(cutTitles(*popUp), IsEmpty());
         popUp->setStyle(new NarrowStyle(popUp));
     }
@@ -202,54 +183,39 @@ TEST_F(AlertGeometryTest, BothDigitsOfThePopUpsAreSeenAlsoInAStyleThatLeavesThem
     for (HoverPopUpButton* const popUp : {&view.hour(), &view.minute()}) {
         EXPECT_THAT(cutTitles(*popUp), IsEmpty());
         EXPECT_GT(popUp->width(), 52);
-        EXPECT_EQ(popUp->width(), popUp->sizeHint().width());
+        EXPECT_LT(popUp->width(), 80);
     }
     EXPECT_LT(view.button("OK").geometry().right(), 237);
 }
 
 TEST_F(AlertGeometryTest, TheRowForAClockTimeIsWiderWhereItsControlsNeedMore)
 {
-    QFont large = QApplication::font();
-    large.setPixelSize(26);
-    CustomTimeRow row(makeAlertContent({mouse(12)}, true, {15, 35}), 237, 28, large);
-    row.layout()->activate();
+    AlertContent content = makeAlertContent({mouse(12)}, true, {15, 35});
+    content.hour.titles.front() = "half past eleven";
+    const AlertView view = show(content);
 
-    EXPECT_GT(row.width(), 237);
-    EXPECT_GE(row.findChildren<QLabel*>().front()->x(), 0);
-    EXPECT_LT(row.confirmButton()->geometry().right(), row.width());
-    EXPECT_GE(row.hourPopUp()->width(), row.hourPopUp()->sizeHint().width());
+    EXPECT_GT(view.rows().back()->width(), 237);
+    EXPECT_GE(caption(view).x(), 0);
+    EXPECT_LT(view.button("OK").geometry().right(), view.rows().back()->width());
+    EXPECT_THAT(cutTitles(view.hour()), IsEmpty());
 }
 
-TEST_F(AlertGeometryTest, TheRowForAClockTimeFitsInItsWidthCentredAndUncut)
+TEST_F(AlertGeometryTest, ATextWiderThan237WidensTheWindowToItselfUpTo420)
 {
-    for (const char* setting : {"en", "zh"}) {
-        const LanguageGuard guard(setting);
-        const AlertView view = showOneLow();
-        const QLabel& caption = *view.rows().back()->findChildren<QLabel*>().front();
-        const QPushButton& confirm = view.button(QString::fromStdString(L10n::t("alert.ok")));
+    for (const int width : {380, 420}) {
+        const QString title = titleOfWidth(width);
+        const AlertView view = showTitle(title);
 
-        EXPECT_GE(caption.x(), 0);
-        EXPECT_LT(confirm.geometry().right(), 237);
-        EXPECT_NEAR(caption.x(), 237 - confirm.geometry().right() - 1, 1);
-        EXPECT_GE(caption.width(), caption.fontMetrics().horizontalAdvance(caption.text()));
-        EXPECT_GT(confirm.width(), confirm.fontMetrics().horizontalAdvance(confirm.text()));
-    }
-}
-
-TEST_F(AlertGeometryTest, ATextWiderThan237WidensTheWindowToItself)
-{
-    const QString title = titleOfWidth(380);
-    const AlertView view = showTitle(title);
-
-    EXPECT_EQ(view.title().text(), title);
-    EXPECT_EQ(view.title().toolTip(), "");
-    EXPECT_GT(view.container().width(), 370);
-    EXPECT_LE(view.container().width(), 380);
-    EXPECT_EQ(view.container().height(), 252);
-    for (std::size_t row = 4; row < 9; ++row) {
-        EXPECT_EQ(view.rows()[row]->width(), 237);
-        EXPECT_NEAR(view.rows()[row]->geometry().center().x(), view.container().rect().center().x(),
-                    1);
+        EXPECT_EQ(view.title().text(), title);
+        EXPECT_EQ(view.title().toolTip(), "");
+        EXPECT_GT(view.container().width(), width - 10);
+        EXPECT_LE(view.container().width(), width);
+        EXPECT_EQ(view.container().height(), 252);
+        for (std::size_t row = 4; row < 9; ++row) {
+            EXPECT_EQ(view.rows()[row]->width(), 237);
+            EXPECT_NEAR(view.rows()[row]->geometry().center().x(),
+                        view.container().rect().center().x(), 1);
+        }
     }
 }
 
@@ -257,56 +223,43 @@ TEST_F(AlertGeometryTest, TwoLowDevicesAreNamedWhole)
 {
     const AlertView view = show({mouse(12), keyboard(8)}, true);
 
-    EXPECT_TRUE(view.detail().text().endsWith("12%, Keyboard8%. Please charge."))
-        << view.detail().text().toStdString();
+    EXPECT_EQ(view.detail().text(), "Mouse12%, Keyboard8%. Please charge.");
     EXPECT_GE(view.detail().width(), view.detail().sizeHint().width());
     EXPECT_EQ(view.container().width(), std::max(237, view.detail().width()));
-    EXPECT_EQ(view.container().height(), 252);
 }
 
-TEST_F(AlertGeometryTest, ATextOf420IsShownWhole)
-{
-    const QString title = titleOfWidth(420);
-    const AlertView view = showTitle(title);
-
-    EXPECT_EQ(view.title().text(), title);
-    EXPECT_LE(view.container().width(), 420);
-    EXPECT_GT(view.container().width(), 410);
-}
-
-TEST_F(AlertGeometryTest,
-       ATextWithoutANameWiderThan420IsCutAtItsEndAndKeptWholeInTooltipAndAccessibleName)
+TEST_F(AlertGeometryTest, ATextWithoutANameWiderThan420IsCutAtItsEndAndKeptWholeElsewhere)
 {
     const QString title = titleOfWidth(900);
     const AlertView view = showTitle(title);
-    QTextDocument tip;
-    tip.setHtml(view.title().toolTip());
 
     EXPECT_LE(view.container().width(), 420);
     EXPECT_GT(view.container().width(), 400);
     EXPECT_TRUE(view.title().text().startsWith("Wiii"));
     EXPECT_TRUE(view.title().text().endsWith(QChar(0x2026)));
-    EXPECT_EQ(tip.toPlainText(), title);
+    EXPECT_EQ(shownToolTip(view.title()), title);
     EXPECT_EQ(view.title().accessibleName(), title);
+    EXPECT_EQ(view.title().accessibleDescription(), title);
 }
 
 TEST_F(AlertGeometryTest, OfATextWiderThan420OnlyTheNameInItIsCutInItsMiddle)
 {
-    const std::string name = "Begin " + std::string(200, 'm') + " End";
+    const std::string name = "Begin <b>" + std::string(100'000, 'm') + " End";
     const AlertView view = showTitle({"<", name, " battery alert>"});
     const QString shown = view.title().text();
 
     EXPECT_LE(view.container().width(), 420);
     EXPECT_GT(view.container().width(), 400);
-    EXPECT_TRUE(shown.startsWith("<Begin mm")) << shown.toStdString();
+    EXPECT_TRUE(shown.startsWith("<Begin <b>mm")) << shown.toStdString();
     EXPECT_TRUE(shown.contains(QChar(0x2026))) << shown.toStdString();
     EXPECT_TRUE(shown.endsWith("mm End battery alert>")) << shown.toStdString();
     EXPECT_EQ(view.title().accessibleName().toStdString(), "<" + name + " battery alert>");
+    EXPECT_EQ(shownToolTip(view.title()).toStdString(), "<" + name + " battery alert>");
 }
 
 TEST_F(AlertGeometryTest, TheDetailWidensAndIsCutLikeTheTitle)
 {
-    std::vector<BatteryDevice> many(20, BatteryDevice{999, "Pencil Case", 7, "pencil", 3});
+    const std::vector<BatteryDevice> many(20, BatteryDevice{999, "Pencil Case", 7, "pencil", 3});
     const AlertView view = show(many, true);
 
     EXPECT_LE(view.container().width(), 420);
@@ -314,48 +267,33 @@ TEST_F(AlertGeometryTest, TheDetailWidensAndIsCutLikeTheTitle)
     EXPECT_TRUE(view.detail().accessibleName().endsWith("Pencil Case7%. Please charge."));
 }
 
-TEST_F(AlertGeometryTest, TheWindowIsCentredOnTheScreen)
-{
-    const AlertView view = showOneLow();
-    const QPoint centre = view.window.pos() + view.window.rect().center();
-    const QPoint screenCentre = view.window.screen()->availableGeometry().center();
-
-    EXPECT_EQ(centre, screenCentre);
-}
-
-TEST_F(AlertGeometryTest, TheWindowFloatsIsNotModalAndCannotBeResized)
+TEST_F(AlertGeometryTest, TheWindowFloatsInTheMiddleOfTheScreenIsNotModalAndCannotBeResized)
 {
     const AlertView view = showOneLow();
 
+    EXPECT_EQ(view.window.pos() + view.window.rect().center(),
+              view.window.screen()->availableGeometry().center());
     EXPECT_TRUE(view.window.windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     EXPECT_FALSE(view.window.isModal());
     EXPECT_EQ(view.window.minimumSize(), view.window.size());
     EXPECT_EQ(view.window.maximumSize(), view.window.size());
 }
 
-TEST_F(AlertGeometryTest, TheIconIs64PointsAboveTheContent)
-{
-    const AlertView view = showOneLow();
-    const QWidget* const icon = view.window.layout()->itemAt(0)->widget();
-
-    EXPECT_EQ(icon->size(), QSize(64, 64));
-    EXPECT_LT(icon->geometry().bottom(), view.container().y());
-    EXPECT_NEAR(icon->geometry().center().x(), view.window.rect().center().x(), 1);
-    EXPECT_EQ(view.window.layout()->itemAt(2)->widget(), &view.button("Cancel"));
-}
-
-TEST_F(AlertGeometryTest, ThereAre16PointsAroundTheContentAnd12BetweenItsParts)
+TEST_F(AlertGeometryTest, TheIconOf64PointsTheContentAndCancelStand12ApartAnd16FromTheEdges)
 {
     const AlertView view = showOneLow();
     const QRect icon = view.window.layout()->itemAt(0)->geometry();
     const QRect container = view.container().geometry();
     const QRect cancel = view.button("Cancel").geometry();
 
+    EXPECT_EQ(icon.size(), QSize(64, 64));
+    EXPECT_NEAR(icon.center().x(), view.window.rect().center().x(), 1);
     EXPECT_EQ(container.left(), 16);
     EXPECT_EQ(view.window.width() - container.right() - 1, 16);
     EXPECT_EQ(icon.top(), 16);
     EXPECT_EQ(container.top() - icon.bottom() - 1, 12);
     EXPECT_EQ(cancel.top() - container.bottom() - 1, 12);
+    EXPECT_EQ(cancel.size(), QSize(237, 28));
     EXPECT_EQ(view.window.height() - cancel.bottom() - 1, 16);
 }
 
@@ -365,7 +303,7 @@ TEST_F(AlertGeometryTest, WithoutAnApplicationIconThereIsNone)
     const AlertView view = showOneLow();
 
     EXPECT_EQ(view.window.layout()->itemAt(0)->widget(), &view.container());
-    EXPECT_EQ(view.container().y(), 16);
+    EXPECT_TRUE(view.window.windowIcon().isNull());
 }
 
 } // namespace

@@ -1,6 +1,6 @@
-#include "linux/ui/pictures.h"
-
 #include "linux/ui/app_icon_asset.h"
+
+#include "linux/ui/pictures.h"
 #include "posix/temporary_directory.h"
 
 #include <gmock/gmock.h>
@@ -22,13 +22,14 @@ std::string svgOf(const std::string& colour)
 /// Pictures in a directory, each kind in a colour of its own.
 class AppIconAssetTest : public testing::Test {
 protected:
-    void add(const std::string& name, const QByteArray& content) const
+    void addPng(const std::string& name, const QColor& colour, int side) const
     {
-        writeFile(directory / name, content.toStdString());
+        ASSERT_TRUE(filledImage(colour, side).save(QString::fromStdString(directory / name)));
     }
-    void addStatusPng() const { add("StatusIcon.png", pngOf(Qt::red, 20)); }
+    void addStatusPng() const { addPng("StatusIcon.png", Qt::red, 20); }
     void addStatusSvg() const { writeFile(directory / "StatusIcon.svg", svgOf("#00ff00")); }
     void addAppSvg() const { writeFile(directory / "AppIcon.svg", svgOf("#0000ff")); }
+    void damage(const std::string& name) const { writeFile(directory / name, "no picture"); }
 
     DrawnImage statusImage(const QIcon& applicationIcon = {}) const
     {
@@ -66,29 +67,23 @@ TEST_F(AppIconAssetTest, TheStatusIconIsThePngElseTheSvgElseTheApplicationsElseI
 TEST_F(AppIconAssetTest, ADamagedStatusIconLeadsToTheApplicationsAtOnce)
 {
     addAppSvg();
-    add("StatusIcon.svg", "no picture");
+    damage("StatusIcon.svg");
     EXPECT_EQ(statusColour(), QColor(Qt::blue));
 
     addStatusSvg();
-    add("StatusIcon.png", "no picture");
+    damage("StatusIcon.png");
     EXPECT_EQ(statusColour(), QColor(Qt::blue));
 
-    add("AppIcon.svg", "no picture");
+    damage("AppIcon.svg");
     EXPECT_EQ(statusColour(), QColor(Qt::magenta));
 }
 
-TEST_F(AppIconAssetTest, TheStatusIconDrawsNothingWithNoIconAtAll)
+TEST_F(AppIconAssetTest, TheStatusIconFillsTwentyPoints)
 {
-    EXPECT_EQ(statusImage().size, QSize(20, 20));
-    EXPECT_EQ(countInk(statusImage().rendered(1)), 0);
-}
-
-TEST_F(AppIconAssetTest, TheStatusIconFillsTwentyPointsAndIsNoTemplate)
-{
+    EXPECT_EQ(countInk(statusImage().rendered(1)), 0) << "no icon at all";
     const auto fills = [this](const QColor& colour) {
         const DrawnImage image = statusImage(applicationIcon);
         EXPECT_EQ(image.size, QSize(20, 20));
-        EXPECT_FALSE(image.isTemplate);
         EXPECT_EQ(countPixels(image.rendered(1), colour), 20 * 20);
         EXPECT_EQ(countPixels(image.rendered(2), colour), 40 * 40);
     };
@@ -102,7 +97,7 @@ TEST_F(AppIconAssetTest, TheStatusIconFillsTwentyPointsAndIsNoTemplate)
 TEST_F(AppIconAssetTest, TheStatusIconUsesTheDenserPngOnADenserScreen)
 {
     addStatusPng();
-    add("StatusIcon@2x.png", pngOf(Qt::green, 40));
+    addPng("StatusIcon@2x.png", Qt::green, 40);
     EXPECT_EQ(statusColour(1), QColor(Qt::red));
     EXPECT_EQ(statusColour(2), QColor(Qt::green));
 }
@@ -114,7 +109,6 @@ TEST_F(AppIconAssetTest, TheAppImageHasTheSideThatIsAskedFor)
         const auto image = appImage(side);
         ASSERT_TRUE(image);
         EXPECT_EQ(image->size, QSize(side, side));
-        EXPECT_FALSE(image->isTemplate);
         EXPECT_EQ(countPixels(image->rendered(2), Qt::blue), 4 * side * side);
     }
 }
@@ -124,7 +118,7 @@ TEST_F(AppIconAssetTest, TheAppImageIsNothingWithoutAnAppIcon)
     addStatusPng();
     addStatusSvg();
     EXPECT_FALSE(appImage(64));
-    add("AppIcon.svg", "no picture");
+    damage("AppIcon.svg");
     EXPECT_FALSE(appImage(64));
 }
 

@@ -118,17 +118,6 @@ TEST_F(StatusLabelTest, ThePictureIsSentOnlyWhenItLooksDifferent)
     EXPECT_NE(picture(), first);
 }
 
-TEST_F(StatusLabelTest, AReadingChangesTheIcon)
-{
-    show();
-    world.setLevels({{803, 14}});
-    model.refresh(false);
-    world.runLoop.settle();
-    turn();
-
-    EXPECT_TRUE(shows(IconLevel{14, true}));
-}
-
 TEST_F(StatusLabelTest, TheMenuListsTheDevicesAboveOpenAndQuit)
 {
     model.devices = {mouse(100), trackpad(5)};
@@ -178,24 +167,16 @@ TEST_F(StatusLabelTest, AnOpenMenuIsLeftAloneWhileItShowsTheSame)
     EXPECT_EQ(menuTexts().front(), "Magic Mouse 36%");
 }
 
-TEST_F(StatusLabelTest, AClickTogglesThePanel)
+TEST_F(StatusLabelTest, AClickTogglesThePanelAndNothingElseTouchesIt)
 {
     show();
-    emit icon().activated(QSystemTrayIcon::Trigger);
-
-    EXPECT_THAT(toggles, ElementsAre(icon().geometry()));
-    EXPECT_THAT(openings, IsEmpty());
-}
-
-TEST_F(StatusLabelTest, OtherWaysToTouchTheIconDoNothing)
-{
-    show();
-    for (const auto reason : {QSystemTrayIcon::Context, QSystemTrayIcon::DoubleClick,
-                              QSystemTrayIcon::MiddleClick, QSystemTrayIcon::Unknown}) {
+    for (const auto reason :
+         {QSystemTrayIcon::Trigger, QSystemTrayIcon::Context, QSystemTrayIcon::DoubleClick,
+          QSystemTrayIcon::MiddleClick, QSystemTrayIcon::Unknown}) {
         emit icon().activated(reason);
     }
 
-    EXPECT_THAT(toggles, IsEmpty());
+    EXPECT_THAT(toggles, ElementsAre(icon().geometry()));
     EXPECT_THAT(openings, IsEmpty());
 }
 

@@ -3,15 +3,9 @@
 #include "fakes/fake_appearance.h"
 #include "fakes/model_world.h"
 #include "linux/ui/panel.h"
+#include "linux/ui/widgets.h"
 
-#include <gmock/gmock.h>
-
-#include <QAbstractItemView>
-#include <QAccessible>
-#include <QComboBox>
-#include <QCoreApplication>
 #include <QLabel>
-#include <QTest>
 
 #include <cstdint>
 #include <memory>
@@ -51,6 +45,12 @@ protected:
         return *view;
     }
 
+    void openWithThreeDevices()
+    {
+        world.setLevels({{mouse, 37}, {keyboard, 15}, {trackpad, 60}});
+        open();
+    }
+
     /// Lets readings arrive and the event loop turn.
     void settle()
     {
@@ -75,50 +75,22 @@ protected:
         return find<QLabel>(objectName).text().toStdString();
     }
 
-    QColor colourOf(const QString& objectName)
-    {
-        return find(objectName).palette().color(QPalette::WindowText);
-    }
+    QColor colourOf(const QString& objectName) { return textColour(find(objectName)); }
 
     std::string selected(const QString& objectName)
     {
         return find<QComboBox>(objectName).currentText().toStdString();
     }
 
-    std::vector<std::string> choices(const QString& objectName)
-    {
-        const auto& picker = find<QComboBox>(objectName);
-        std::vector<std::string> texts;
-        for (int index = 0; index < picker.count(); ++index) {
-            texts.push_back(picker.itemText(index).toStdString());
-        }
-        return texts;
-    }
-
-    /// Chooses an entry of a picker the way a person does: opens the list and presses Return on it.
     void choose(const QString& objectName, const QString& text)
     {
-        auto& picker = find<QComboBox>(objectName);
-        const int row = picker.findText(text);
-        ASSERT_GE(row, 0) << text.toStdString();
-        picker.showPopup();
-        picker.view()->setCurrentIndex(picker.model()->index(row, 0));
-        QTest::keyClick(picker.view(), Qt::Key_Return);
+        chooseEntry(find<QComboBox>(objectName), text);
     }
 
     void click(const QString& objectName)
     {
         QWidget& widget = find(objectName);
         QTest::mouseClick(&widget, Qt::LeftButton, {}, {widget.height() / 2, widget.height() / 2});
-    }
-
-    /// What a screen reader calls a control: its label where one belongs to it, else its own name.
-    std::string accessibleName(const QString& objectName)
-    {
-        auto* const control = QAccessible::queryAccessibleInterface(&find(objectName));
-        const auto labels = control->relations(QAccessible::Label);
-        const auto* const named = labels.isEmpty() ? control : labels.front().first;
-        return named->text(QAccessible::Name).toStdString();
     }
 
     ModelWorld world;

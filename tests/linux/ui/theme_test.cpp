@@ -1,6 +1,6 @@
 #include "linux/ui/theme.h"
 
-#include "tests/linux/ui/contrast.h"
+#include "linux/ui/pictures.h"
 
 #include <gmock/gmock.h>
 
@@ -27,8 +27,6 @@ TEST_P(ThemeTest, EveryTextIsReadableOnItsBackground)
         {QPalette::ButtonText, QPalette::Button},
         {QPalette::HighlightedText, QPalette::Highlight},
         {QPalette::ToolTipText, QPalette::ToolTipBase},
-        {QPalette::PlaceholderText, QPalette::Base},
-        {QPalette::Link, QPalette::Window},
     };
     for (const auto group : {QPalette::Active, QPalette::Inactive}) {
         for (const auto& [text, background] : pairs) {
@@ -54,6 +52,7 @@ TEST_P(ThemeTest, TheTextsOfAWindowAreThoseOfAnActiveOneBeforeItBecomesActive)
 TEST_P(ThemeTest, DisabledTextStandsBackButCanBeRecognised)
 {
     for (const auto& [text, background] : {std::pair(QPalette::WindowText, QPalette::Window),
+                                           std::pair(QPalette::Text, QPalette::Base),
                                            std::pair(QPalette::ButtonText, QPalette::Button)}) {
         const double disabled = contrast(palette.color(QPalette::Disabled, text),
                                          palette.color(QPalette::Disabled, background));
@@ -90,9 +89,11 @@ TEST_P(ThemeTest, ColoursOfTheOtherSchemeAreReplacedAndFittingOnesStay)
 INSTANTIATE_TEST_SUITE_P(Schemes, ThemeTest,
                          testing::Values(ColourScheme::light, ColourScheme::dark));
 
-TEST(Theme, ADesktopWithoutASchemeGetsTheLightColours)
+TEST(Theme, TheRedIsTheSystemsOwnOfEachScheme)
 {
-    EXPECT_EQ(paletteFor(std::nullopt), paletteFor(ColourScheme::light));
+    EXPECT_EQ(systemRed(ColourScheme::light), QColor("#FF3B30"));
+    EXPECT_EQ(systemRed(ColourScheme::dark), QColor("#FF453A"));
+    EXPECT_EQ(systemRed(std::nullopt), QColor("#FF3B30"));
 }
 
 TEST(Theme, ATextColourIsTakenBack)
