@@ -3,30 +3,19 @@
 #include "mac.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <stdexcept>
 #include <utility>
 
 using namespace voltmere;
 
-std::string voltmere::text(NSRect rect)
-{
-    return number(rect.origin.x) + " " + number(rect.origin.y) + " " + number(rect.size.width) +
-        " " + number(rect.size.height);
-}
-
 // Appearance
 
 NSAppearanceName const NSAppearanceNameAqua = @"light";
 NSAppearanceName const NSAppearanceNameDarkAqua = @"dark";
-
 static std::string drawnIn; ///< the appearance
 
 @implementation NSAppearance
-+ (NSAppearance*)appearanceNamed:(NSAppearanceName)name
-{
-    return made(self, text(name));
-}
++ (NSAppearance*)appearanceNamed:(NSAppearanceName)name RETURNS(made(self, text(name)));
 - (NSAppearanceName)bestMatchFromAppearancesWithNames:(NSArray<NSAppearanceName>*)names
 {
     for (NSAppearanceName const name in names) {
@@ -60,64 +49,46 @@ void voltmere::setAppearance(NSString* name)
 
 static std::string fillColour;
 
-@interface NSGraphicsContext ()
-@property (strong) NSBitmapImageRep* bitmap;
-@end
-
 @implementation NSColor
-ANSWERS(+(NSColor*)whiteColor, shared(self, "white"))
-ANSWERS(+(NSColor*)blackColor, shared(self, "black"))
-ANSWERS(+(NSColor*)labelColor, shared(self, "label"))
-ANSWERS(+(NSColor*)secondaryLabelColor, shared(self, "secondary"))
-ANSWERS(+(NSColor*)systemRedColor, shared(self, "red"))
-ANSWERS(+(NSColor*)windowBackgroundColor, shared(self, "background"))
-DOES(-(void)setFill, fillColour = summary(self))
++ (NSColor*)whiteColor RETURNS(shared(self, "white"));
++ (NSColor*)blackColor RETURNS(shared(self, "black"));
++ (NSColor*)labelColor RETURNS(shared(self, "label"));
++ (NSColor*)secondaryLabelColor RETURNS(shared(self, "secondary"));
++ (NSColor*)systemRedColor RETURNS(shared(self, "red"));
++ (NSColor*)windowBackgroundColor RETURNS(shared(self, "background"));
+- (void)setFill DOES(fillColour = summary(self));
 - (NSColor*)colorWithAlphaComponent:(CGFloat)alpha
-{
-    return made(NSColor.class, summary(self) + " " + number(alpha));
-}
+    RETURNS(made(NSColor.class, summary(self) + " " + number(alpha)));
 @end
 
 const NSFontWeight NSFontWeightBold = 0.4;
 NSFontTextStyle const NSFontTextStyleHeadline = @"headline";
 
 @implementation NSFont
++ (NSFont*)systemFontOfSize:(CGFloat)size RETURNS(made(self, "regular " + number(size)));
++ (NSFont*)boldSystemFontOfSize:(CGFloat)size RETURNS(made(self, "bold " + number(size)));
 + (NSFont*)systemFontOfSize:(CGFloat)size
-{
-    return made(self, "regular " + number(size));
-}
-+ (NSFont*)boldSystemFontOfSize:(CGFloat)size
-{
-    return made(self, "bold " + number(size));
-}
-+ (NSFont*)systemFontOfSize:(CGFloat)size weight:(NSFontWeight)weight
-{
-    return made(self, (weight == NSFontWeightBold ? "bold " : "regular ") + number(size));
-}
-+ (NSFont*)preferredFontForTextStyle:(NSFontTextStyle)style options:(NSDictionary*)options
-{
-    return made(self, text(style));
-}
+                     weight:(NSFontWeight)weight
+    RETURNS(made(self, (weight == NSFontWeightBold ? "bold " : "regular ") + number(size)));
++ (NSFont*)preferredFontForTextStyle:(NSFontTextStyle)style
+                             options:(NSDictionary*)options RETURNS(made(self, text(style)));
 @end
 
 @implementation NSBezierPath
-+ (NSBezierPath*)bezierPathWithRoundedRect:(NSRect)rect xRadius:(CGFloat)x yRadius:(CGFloat)y
-{
-    return made(self, text(rect) + " rounded " + number(x) + " " + number(y));
-}
-DOES(-(void)fill, mac.drawn.push_back("fill " + summary(self) + " " + fillColour))
++ (NSBezierPath*)bezierPathWithRoundedRect:(NSRect)rect
+                                   xRadius:(CGFloat)x
+                                   yRadius:(CGFloat)y
+    RETURNS(made(self, text(rect) + " rounded " + number(x) + " " + number(y)));
+- (void)fill DOES(mac.drawn.push_back("fill " + summary(self) + " " + fillColour));
 @end
 
 @implementation NSGraphicsContext
-static NSGraphicsContext* currentContext;
-static NSGraphicsContext* savedContext;
-ANSWERS(+(NSGraphicsContext*)currentContext, currentContext)
-DOES(+(void)saveGraphicsState, savedContext = currentContext)
-DOES(+(void)restoreGraphicsState, currentContext = savedContext)
-+ (void)setCurrentContext:(NSGraphicsContext*)context
-{
-    currentContext = context;
-}
+static NSBitmapImageRep* currentBitmap;
+static NSBitmapImageRep* savedBitmap;
++ (NSGraphicsContext*)currentContext RETURNS(nil);
++ (void)setCurrentContext:(NSGraphicsContext*)context DOES(currentBitmap = context.bitmap);
++ (void)saveGraphicsState DOES(savedBitmap = currentBitmap);
++ (void)restoreGraphicsState DOES(currentBitmap = savedBitmap);
 + (NSGraphicsContext*)graphicsContextWithBitmapImageRep:(NSBitmapImageRep*)bitmap
 {
     NSGraphicsContext* const context = [[self alloc] init];
@@ -129,7 +100,7 @@ DOES(+(void)restoreGraphicsState, currentContext = savedContext)
 void NSRectFillUsingOperation(NSRect rect, NSCompositingOperation operation)
 {
     const bool isBelow = operation == NSCompositingOperationDestinationOver;
-    summary(currentContext.bitmap) += (isBelow ? "on " : "under ") + drawnIn + fillColour + "\n";
+    summary(currentBitmap) += (isBelow ? "on " : "under ") + drawnIn + fillColour + "\n";
 }
 
 NSAttributedStringKey const NSFontAttributeName = @"font";
@@ -140,23 +111,20 @@ NSAttributedStringKey const NSForegroundColorAttributeName = @"colour";
 - (NSSize)sizeWithAttributes:(NSDictionary<NSAttributedStringKey, id>*)attributes
 {
     const bool isUsual = summary([attributes objectForKey:NSFontAttributeName]) == "regular 13";
-    return {(isUsual ? 6.0 : 11.0) * static_cast<double>(text(self).size()), isUsual ? 16.0 : 9.0};
+    return NSMakeSize((isUsual ? 6.0 : 11.0) * static_cast<double>(text(self).size()), 16);
 }
-- (void)drawAtPoint:(NSPoint)point withAttributes:(NSDictionary*)attributes
-{
-    mac.drawn.push_back(text(self) + " at " + number(point.x) + " " + number(point.y) + " " +
-                        summary([attributes objectForKey:NSFontAttributeName]) + " " +
-                        summary([attributes objectForKey:NSForegroundColorAttributeName]));
-}
+- (void)drawAtPoint:(NSPoint)point
+     withAttributes:(NSDictionary*)attributes
+    DOES(mac.drawn.push_back(text(self) + " at " + number(point.x) + " " + number(point.y) + " " +
+                             summary([attributes objectForKey:NSFontAttributeName]) + " " +
+                             summary([attributes objectForKey:NSForegroundColorAttributeName])));
 @end
 
-@implementation NSImageRep
-@end
+EMPTY(NSImageRep)
 @implementation NSBitmapImageRep
-- (NSData*)representationUsingType:(NSBitmapImageFileType)type properties:(NSDictionary*)properties
-{
-    return made(NSData.class, (type == NSBitmapImageFileTypePNG ? "PNG " : "") + summary(self));
-}
+- (NSData*)representationUsingType:(NSBitmapImageFileType)type
+                        properties:(NSDictionary*)properties
+    RETURNS(made(NSData.class, (type == NSBitmapImageFileTypePNG ? "PNG " : "") + summary(self)));
 @end
 
 @implementation NSImage {
@@ -170,7 +138,6 @@ NSAttributedStringKey const NSForegroundColorAttributeName = @"colour";
 }
 - (instancetype)initWithContentsOfURL:(NSURL*)url
 {
-    _size = {512, 512};
     summary(self) = summary(url);
     return mac.damagedResources.count(summary(url)) == 0 ? self : nil;
 }
@@ -186,14 +153,9 @@ NSAttributedStringKey const NSForegroundColorAttributeName = @"colour";
 }
 + (instancetype)imageWithSystemSymbolName:(NSString*)name
                  accessibilityDescription:(NSString*)description
-{
-    return mac.unknownSymbols.count(text(name)) == 0 ? made(self, text(name)) : nil;
-}
-ANSWERS(-(BOOL)isTemplate, _isTemplate)
-- (void)setTemplate:(BOOL)isTemplate
-{
-    _isTemplate = isTemplate;
-}
+    RETURNS(mac.unknownSymbols.count(text(name)) == 0 ? made(self, text(name)) : nil);
+- (BOOL)isTemplate RETURNS(_isTemplate);
+- (void)setTemplate:(BOOL)isTemplate DOES(_isTemplate = isTemplate);
 - (void)drawInRect:(NSRect)rect
 {
     if (_handler == nil) {
@@ -222,17 +184,10 @@ std::vector<std::string> voltmere::drawing(NSView* view)
 
 static NSView* root(NSView* view)
 {
-    while (view.superview != nil) {
-        view = view.superview;
-    }
-    return view;
+    return view.superview == nil ? view : root(view.superview);
 }
 
-@implementation NSLayoutConstraint {
-@public
-    __weak NSView* _view;
-    __weak NSView* _other;
-}
+@implementation NSLayoutConstraint
 + (void)activateConstraints:(NSArray<NSLayoutConstraint*>*)constraints
 {
     for (NSLayoutConstraint* const constraint in constraints) {
@@ -241,75 +196,61 @@ static NSView* root(NSView* view)
 }
 - (void)setActive:(BOOL)active
 {
-    if (active && _other != nil && root(_view) != root(_other)) {
+    if (self.other != nil && root(self.view) != root(self.other)) {
         raise("the views of a constraint have no common ancestor");
     }
-    _active = active;
-    auto& all = [_view constraints];
-    active ? all.push_back(summary(self)) : (void)std::erase(all, summary(self));
+    if (active) {
+        [self.view constraints].push_back(summary(self));
+    }
 }
 @end
 
-@implementation NSLayoutAnchor {
-@public
-    __weak NSView* _view;
-}
+@implementation NSLayoutAnchor
 static id anchor(id itsClass, NSView* view, const char* name)
 {
     NSLayoutAnchor* const anchor = made(itsClass, name);
-    anchor->_view = view;
+    anchor.view = view;
     return anchor;
 }
-static NSLayoutConstraint* constraint(NSLayoutAnchor* anchor, const std::string& relation,
-                                      NSLayoutAnchor* other = nil)
+static id constraint(NSLayoutAnchor* anchor, std::string relation, NSLayoutAnchor* other = nil)
 {
-    NSLayoutConstraint* const one = made(NSLayoutConstraint.class, summary(anchor) + relation);
-    one->_view = anchor->_view;
     if (other != nil) {
-        one->_other = other->_view;
-        const bool isSuperview = other->_view == anchor->_view.superview;
-        summary(one) += (isSuperview ? "superview " : "another's ") + summary(other);
+        relation += other.view == anchor.view.superview ? "superview " : "another's ";
+        relation += summary(other);
     }
+    NSLayoutConstraint* const one = made(NSLayoutConstraint.class, summary(anchor) + relation);
+    one.view = anchor.view;
+    one.other = other.view;
     return one;
 }
 - (NSLayoutConstraint*)constraintEqualToAnchor:(NSLayoutAnchor*)other
-{
-    return constraint(self, " = ", other);
-}
+    RETURNS(constraint(self, " = ", other));
 @end
-@implementation NSLayoutXAxisAnchor
-@end
-@implementation NSLayoutYAxisAnchor
-@end
+EMPTY(NSLayoutXAxisAnchor)
+EMPTY(NSLayoutYAxisAnchor)
 @implementation NSLayoutDimension
 - (NSLayoutConstraint*)constraintEqualToConstant:(CGFloat)constant
-{
-    return constraint(self, " = " + number(constant));
-}
+    RETURNS(constraint(self, " = " + number(constant)));
 - (NSLayoutConstraint*)constraintLessThanOrEqualToConstant:(CGFloat)constant
-{
-    return constraint(self, " <= " + number(constant));
-}
-- (NSLayoutConstraint*)constraintEqualToAnchor:(NSLayoutDimension*)other constant:(CGFloat)constant
-{
-    return constraint(self, " = " + number(constant) + " + ", other);
-}
+    RETURNS(constraint(self, " <= " + number(constant)));
+- (NSLayoutConstraint*)constraintEqualToAnchor:(NSLayoutDimension*)other
+                                      constant:(CGFloat)constant
+    RETURNS(constraint(self, " = " + number(constant) + " + ", other));
 @end
 
 // Events
 
 @implementation NSEvent
-ANSWERS(+(NSPoint)mouseLocation, mac.pointer)
-ANSWERS(+(NSUInteger)pressedMouseButtons, mac.pressedButtons)
-+ (id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask handler:(void (^)(NSEvent*))handler
-{
-    mac.monitors.push_back({made(self, "monitor"), nil, "", mask, nil, handler});
-    return mac.monitors.back().token;
-}
++ (NSPoint)mouseLocation RETURNS(mac.pointer);
++ (NSUInteger)pressedMouseButtons RETURNS(mac.pressedButtons);
++ (id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask
+                                    handler:(void (^)(NSEvent*))handler
+    RETURNS(mac.monitors.emplace_back(made(self, "monitor"), mask, handler).token);
 + (void)removeMonitor:(id)monitor
+    DOES(std::erase_if(mac.monitors, [&](const Monitor& one)
 {
-    std::erase_if(mac.monitors, [&](const Registration& one) { return one.token == monitor; });
-}
+    return one.token == monitor;
+}));
 + (NSEvent*)otherEventWithType:(NSEventType)type
                       location:(NSPoint)location
                  modifierFlags:(NSEventModifierFlags)flags
@@ -318,71 +259,45 @@ ANSWERS(+(NSUInteger)pressedMouseButtons, mac.pressedButtons)
                        context:(id)context
                        subtype:(short)subtype
                          data1:(NSInteger)data1
-                         data2:(NSInteger)data2
-{
-    return made(self, "event");
-}
+                         data2:(NSInteger)data2 RETURNS(made(self, "event"));
 @end
 
 void voltmere::clickElsewhere()
 {
     const auto monitors = mac.monitors;
-    for (const Registration& one : monitors) {
+    for (const Monitor& one : monitors) {
         one.handle(made(NSEvent.class, "click"));
     }
 }
 
 @implementation NSResponder
-- (void)mouseUp:(NSEvent*)event
-{
-}
-- (void)cancelOperation:(id)sender
-{
-}
+- (void)mouseUp:(NSEvent*)event DOES();
+- (void)cancelOperation:(id)sender DOES();
 @end
 
 // The application
 
-NSNotificationName const NSApplicationDidChangeScreenParametersNotification = @"screens";
 __kindof NSApplication* NSApp;
 
 @implementation NSApplication
-ANSWERS(+(NSApplication*)sharedApplication, NSApp = shared(self))
-ANSWERS(-(BOOL)isActive, mac.isActive)
++ (NSApplication*)sharedApplication RETURNS(NSApp = shared(self));
+- (BOOL)isActive RETURNS(mac.isActive);
 - (NSAppearance*)effectiveAppearance
-{
-    return _appearance != nil || mac.appearance == nil
-        ? _appearance
-        : made(NSAppearance.class, text(mac.appearance));
-}
-- (NSImage*)applicationIconImage
-{
-    return _applicationIconImage != nil ? _applicationIconImage : made(NSImage.class, "own icon");
-}
+    RETURNS(_appearance != nil || mac.appearance == nil
+                ? _appearance
+                : [NSAppearance appearanceNamed:mac.appearance]);
+- (NSImage*)applicationIconImage RETURNS(made(NSImage.class, "own icon"));
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)policy
-{
-    note(self, policy == NSApplicationActivationPolicyAccessory ? "accessory" : "in the Dock");
-    return YES;
-}
-- (void)activateIgnoringOtherApps:(BOOL)flag
-{
-    note(self, flag ? "activate ignoring others" : "activate");
-    mac.isActive = true;
-}
+    RETURNS(mac.isAgent = policy == NSApplicationActivationPolicyAccessory);
+- (void)activateIgnoringOtherApps:(BOOL)flag DOES(mac.isActive = flag);
 - (void)hide:(id)sender
 {
-    note(self, "hide");
     mac.isActive = false;
     mac.isHidden = true;
 }
-- (void)unhideWithoutActivation
-{
-    note(self, "unhide");
-    mac.isHidden = false;
-}
+- (void)unhideWithoutActivation DOES(mac.isHidden = false);
 - (void)run
 {
-    note(self, "run");
     mac.isStopping = mac.hasEvent = false;
     [self.delegate applicationDidFinishLaunching:made(NSNotification.class, "launched")];
     if (mac.whileRunning) {
@@ -392,62 +307,46 @@ ANSWERS(-(BOOL)isActive, mac.isActive)
         [NSRunLoop.mainRunLoop runMode:NSDefaultRunLoopMode beforeDate:NSDate.distantFuture];
     }
 }
-DOES(-(void)stop : (id)sender, mac.isStopping = true)
-DOES(-(void)postEvent : (NSEvent*)event atStart : (BOOL)atStart, mac.hasEvent = mac.isStopping)
+- (void)stop:(id)sender DOES(mac.isStopping = true);
+- (void)postEvent:(NSEvent*)event atStart:(BOOL)atStart DOES(mac.hasEvent = mac.isStopping);
 @end
 
 // Windows
 
-@implementation NSScreen {
-    NSRect _frame;
-    NSRect _visibleFrame;
-}
+@implementation NSScreen
 static NSScreen* screen(NSRect frame, NSRect visible)
 {
     NSScreen* const one = [[NSScreen alloc] init];
-    one->_frame = frame;
-    one->_visibleFrame = visible;
+    one.frame = frame;
+    one.visibleFrame = visible;
     return one;
 }
-ANSWERS(+(NSScreen*)mainScreen, screen(mac.screen, mac.visibleScreen))
++ (NSScreen*)mainScreen RETURNS(screen(mac.screen, mac.visibleScreen));
 + (NSArray<NSScreen*>*)screens
 {
-    NSMutableArray* const all = [NSMutableArray array];
-    [all addObject:self.mainScreen];
+    std::vector<id> all{self.mainScreen};
     for (const NSRect& other : mac.otherScreens) {
-        [all addObject:screen(other, other)];
+        all.push_back(screen(other, other));
     }
-    return all;
+    return array(all);
 }
-ANSWERS(-(NSRect)frame, _frame)
-ANSWERS(-(NSRect)visibleFrame, _visibleFrame)
-- (BOOL)isEqual:(id)other
-{
-    return text(_frame) == text(((NSScreen*)other).frame);
-}
+- (BOOL)isEqual:(id)other RETURNS(text(_frame) == text(((NSScreen*)other).frame));
 @end
 
-@interface NSWindow ()
-@property (getter=isVisible) BOOL visible;
-@property NSRect frame;
-@property (strong) NSMutableArray<NSButton*>* standardButtons;
-@end
-@implementation NSWindow
+@implementation NSWindow {
+    std::vector<NSButton*> _standardButtons;
+}
 - (instancetype)initWithContentRect:(NSRect)rect
                           styleMask:(NSWindowStyleMask)style
                             backing:(NSBackingStoreType)backing
                               defer:(BOOL)defer
 {
-    const bool isPanel = [self isKindOfClass:NSPanel.class];
     _frame = rect;
     _styleMask = style;
-    _releasedWhenClosed = !isPanel;
-    _hidesOnDeactivate = isPanel;
+    _hidesOnDeactivate = [self isKindOfClass:NSPanel.class];
+    _releasedWhenClosed = !_hidesOnDeactivate;
     _movable = YES;
-    _standardButtons = [NSMutableArray array];
-    for (int i = 0; i < 3; ++i) {
-        [_standardButtons addObject:[[NSButton alloc] initWithFrame:NSZeroRect]];
-    }
+    _standardButtons = {[[NSButton alloc] init], [[NSButton alloc] init], [[NSButton alloc] init]};
     mac.windows.push_back(self);
     self.contentView = [[NSView alloc] initWithFrame:{{0, 0}, rect.size}];
     return self;
@@ -467,69 +366,37 @@ ANSWERS(-(NSRect)visibleFrame, _visibleFrame)
     }
     return nil;
 }
-ANSWERS(-(BOOL)isVisible, _visible && !mac.isHidden)
-ANSWERS(-(BOOL)isKeyWindow, mac.keyWindow == self)
-ANSWERS(-(BOOL)canBecomeKeyWindow, (_styleMask & NSWindowStyleMaskTitled) != 0)
-- (NSView*)standardWindowButton:(NSWindowButton)button
-{
-    NSUInteger index = 0;
-    for (NSView* const one in _standardButtons) {
-        if (index++ == button) {
-            return one;
-        }
-    }
-    return nil;
-}
-- (NSRect)convertRectToScreen:(NSRect)rect
-{
-    return NSMakeRect(rect.origin.x + _frame.origin.x, rect.origin.y + _frame.origin.y,
-                      rect.size.width, rect.size.height);
-}
+- (BOOL)isVisible RETURNS(_visible && !mac.isHidden);
+- (BOOL)canBecomeKeyWindow RETURNS((_styleMask & NSWindowStyleMaskTitled) != 0);
+- (NSView*)standardWindowButton:(NSWindowButton)button RETURNS(_standardButtons[button]);
+- (NSRect)convertRectToScreen:(NSRect)rect RETURNS(moved(rect, _frame.origin));
 - (NSPoint)convertPointFromScreen:(NSPoint)point
-{
-    return {point.x - _frame.origin.x, point.y - _frame.origin.y};
-}
-- (void)setLevel:(NSWindowLevel)level
-{
-    note(self, "level " + std::to_string(level));
-    _level = level;
-}
-DOES(-(void)setContentSize : (NSSize)size, _frame.size = size)
-DOES(-(void)setFrameTopLeftPoint
-     : (NSPoint)point, _frame.origin = NSMakePoint(point.x, point.y - _frame.size.height))
-DOES(-(void)center, note(self, "center"))
+    RETURNS(NSMakePoint(point.x - _frame.origin.x, point.y - _frame.origin.y));
+- (void)setContentSize:(NSSize)size DOES(_frame.size = size);
+- (void)setFrameTopLeftPoint:(NSPoint)point
+    DOES(_frame.origin = NSMakePoint(point.x, point.y - _frame.size.height));
+- (void)center DOES();
 - (void)makeKeyAndOrderFront:(id)sender
 {
-    note(self, "key and front");
     _visible = YES;
-    NSWindow* const old = mac.keyWindow;
-    if (self.canBecomeKeyWindow && old != self) {
+    if (self.canBecomeKeyWindow && mac.keyWindow != self) {
+        NSWindow* const old = mac.keyWindow;
         mac.keyWindow = self;
         [old.delegate windowDidResignKey:made(NSNotification.class, "resigned")];
     }
 }
-- (void)orderFrontRegardless
-{
-    note(self, "front regardless");
-    _visible = YES;
-}
+- (void)orderFrontRegardless DOES(_visible = YES);
 - (void)orderOut:(id)sender
 {
-    note(self, "out");
     _visible = NO;
     if (mac.keyWindow == self) {
         mac.keyWindow = nil;
         [self.delegate windowDidResignKey:made(NSNotification.class, "resigned")];
     }
 }
-- (BOOL)makeFirstResponder:(NSResponder*)responder
-{
-    note(self, responder == nil ? "no first responder" : "first responder");
-    return YES;
-}
+- (BOOL)makeFirstResponder:(NSResponder*)responder RETURNS(responder == nil);
 @end
-@implementation NSPanel
-@end
+EMPTY(NSPanel)
 
 void voltmere::pressEscape()
 {
@@ -546,23 +413,16 @@ void voltmere::pressEscape()
 
 // Views
 
-@interface NSView ()
-@property (nullable, readwrite, assign) NSView* superview;
-@end
 @implementation NSView {
     std::vector<NSView*> _children;
     std::vector<std::string> _constraints;
     std::map<std::string, float> _priorities;
 }
-- (instancetype)init
-{
-    return [self initWithFrame:NSZeroRect];
-}
+- (instancetype)init RETURNS([self initWithFrame:NSZeroRect]);
 - (instancetype)initWithFrame:(NSRect)frame
 {
     _frame = frame;
     _translatesAutoresizingMaskIntoConstraints = YES;
-    _accessibilityElement = YES;
     return self;
 }
 - (void)dealloc
@@ -571,22 +431,15 @@ void voltmere::pressEscape()
         child.superview = nil;
     }
 }
-ANSWERS(-(std::vector<std::string>&)constraints, _constraints)
-ANSWERS(-(std::map<std::string, float>&)priorities, _priorities)
-ANSWERS(-(NSWindow*)window, _superview != nil ? _superview.window : _ownWindow)
-ANSWERS(-(NSRect)bounds, NSMakeRect(0, 0, _frame.size.width, _frame.size.height))
-DOES(-(void)setBounds : (NSRect)bounds, _frame.size = bounds.size)
-ANSWERS(-(NSArray*)subviews, [NSArray arrayWithObjects:_children.data() count:_children.size()])
-- (void)setSubviews:(NSArray<NSView*>*)subviews
+- (std::vector<std::string>&)constraints RETURNS(_constraints);
+- (std::map<std::string, float>&)priorities RETURNS(_priorities);
+- (NSWindow*)window RETURNS(_superview != nil ? _superview.window : _ownWindow);
+- (NSRect)bounds RETURNS(NSMakeRect(0, 0, _frame.size.width, _frame.size.height));
+- (void)setBounds:(NSRect)bounds DOES(_frame.size = bounds.size);
+- (NSArray*)subviews RETURNS(array(
 {
-    const auto old = _children;
-    for (NSView* const view : old) {
-        [view removeFromSuperview];
-    }
-    for (NSView* const view in subviews) {
-        [self addSubview:view];
-    }
-}
+    _children.begin(), _children.end()
+}));
 - (void)addSubview:(NSView*)view
 {
     [view removeFromSuperview];
@@ -595,34 +448,24 @@ ANSWERS(-(NSArray*)subviews, [NSArray arrayWithObjects:_children.data() count:_c
 }
 - (void)removeFromSuperview
 {
-    NSView* const parent = _superview;
-    _superview = nil;
+    NSView* const parent = std::exchange(_superview, nil);
     if (parent != nil) {
         std::erase(parent->_children, self);
     }
 }
-DOES(-(void)drawRect : (NSRect)dirty, mac.drawn.push_back("the view itself"))
-DOES(-(void)layoutSubtreeIfNeeded, note(self, "layout"))
-ANSWERS(-(NSSize)fittingSize, mac.fittingSize)
-- (NSPoint)originInWindow
-{
-    const NSPoint outer = _superview == nil ? NSMakePoint(0, 0) : [_superview originInWindow];
-    return {outer.x + _frame.origin.x, outer.y + _frame.origin.y};
-}
-- (NSRect)convertRect:(NSRect)rect toView:(NSView*)view
-{
-    const NSPoint origin = [self originInWindow];
-    return {{rect.origin.x + origin.x, rect.origin.y + origin.y}, rect.size};
-}
+- (void)drawRect:(NSRect)dirty DOES(mac.drawn.push_back("the view itself"));
+- (void)layoutSubtreeIfNeeded DOES();
+- (NSSize)fittingSize RETURNS(mac.fittingSize);
+- (NSPoint)placeInWindow
+    RETURNS(_superview == nil ? _frame.origin : moved(_frame, [_superview placeInWindow]).origin);
+- (NSRect)convertRect:(NSRect)rect toView:(NSView*)view RETURNS(moved(rect, [self placeInWindow]));
 - (NSPoint)convertPoint:(NSPoint)point fromView:(NSView*)view
 {
-    const NSPoint origin = [self originInWindow];
-    return {point.x - origin.x, point.y - origin.y};
+    const NSPoint place = [self placeInWindow];
+    return {point.x - place.x, point.y - place.y};
 }
 - (NSBitmapImageRep*)bitmapImageRepForCachingDisplayInRect:(NSRect)rect
-{
-    return made(NSBitmapImageRep.class, "");
-}
+    RETURNS(made(NSBitmapImageRep.class, ""));
 /// The picture holds the texts that a person would read in it.
 - (void)cacheDisplayInRect:(NSRect)rect toBitmapImageRep:(NSBitmapImageRep*)bitmap
 {
@@ -634,30 +477,24 @@ ANSWERS(-(NSSize)fittingSize, mac.fittingSize)
         } else if ([view isKindOfClass:NSTextField.class]) {
             summary(bitmap) += text(((NSTextField*)view).stringValue) + "\n";
         } else if ([view isKindOfClass:NSImageView.class]) {
-            for (const std::string& step : drawing(((NSImageView*)view).image)) {
-                summary(bitmap) += step + "\n";
-            }
+            summary(bitmap) += drawing(((NSImageView*)view).image).back() + "\n";
         }
     }
 }
 - (void)setContentHuggingPriority:(NSLayoutPriority)priority
                    forOrientation:(NSLayoutConstraintOrientation)orientation
-{
-    _priorities["hugging " + std::to_string(orientation)] = priority;
-}
+    DOES(_priorities["hugging " + std::to_string(orientation)] = priority);
 - (void)setContentCompressionResistancePriority:(NSLayoutPriority)priority
                                  forOrientation:(NSLayoutConstraintOrientation)orientation
-{
-    _priorities["resistance " + std::to_string(orientation)] = priority;
-}
-ANSWERS(-(NSLayoutXAxisAnchor*)leadingAnchor, anchor(NSLayoutXAxisAnchor.class, self, "leading"))
-ANSWERS(-(NSLayoutXAxisAnchor*)trailingAnchor, anchor(NSLayoutXAxisAnchor.class, self, "trailing"))
-ANSWERS(-(NSLayoutXAxisAnchor*)centerXAnchor, anchor(NSLayoutXAxisAnchor.class, self, "centreX"))
-ANSWERS(-(NSLayoutYAxisAnchor*)topAnchor, anchor(NSLayoutYAxisAnchor.class, self, "top"))
-ANSWERS(-(NSLayoutYAxisAnchor*)bottomAnchor, anchor(NSLayoutYAxisAnchor.class, self, "bottom"))
-ANSWERS(-(NSLayoutYAxisAnchor*)centerYAnchor, anchor(NSLayoutYAxisAnchor.class, self, "centreY"))
-ANSWERS(-(NSLayoutDimension*)widthAnchor, anchor(NSLayoutDimension.class, self, "width"))
-ANSWERS(-(NSLayoutDimension*)heightAnchor, anchor(NSLayoutDimension.class, self, "height"))
+    DOES(_priorities["resistance " + std::to_string(orientation)] = priority);
+- (NSLayoutXAxisAnchor*)leadingAnchor RETURNS(anchor(NSLayoutXAxisAnchor.class, self, "leading"));
+- (NSLayoutXAxisAnchor*)trailingAnchor RETURNS(anchor(NSLayoutXAxisAnchor.class, self, "trailing"));
+- (NSLayoutXAxisAnchor*)centerXAnchor RETURNS(anchor(NSLayoutXAxisAnchor.class, self, "centreX"));
+- (NSLayoutYAxisAnchor*)topAnchor RETURNS(anchor(NSLayoutYAxisAnchor.class, self, "top"));
+- (NSLayoutYAxisAnchor*)bottomAnchor RETURNS(anchor(NSLayoutYAxisAnchor.class, self, "bottom"));
+- (NSLayoutYAxisAnchor*)centerYAnchor RETURNS(anchor(NSLayoutYAxisAnchor.class, self, "centreY"));
+- (NSLayoutDimension*)widthAnchor RETURNS(anchor(NSLayoutDimension.class, self, "width"));
+- (NSLayoutDimension*)heightAnchor RETURNS(anchor(NSLayoutDimension.class, self, "height"));
 @end
 
 std::vector<NSView*> voltmere::viewsIn(NSView* view)
@@ -671,43 +508,25 @@ std::vector<NSView*> voltmere::viewsIn(NSView* view)
     return all;
 }
 
-@implementation NSVisualEffectView
-@end
-@implementation NSBox
-@end
+EMPTY(NSVisualEffectView)
+EMPTY(NSBox)
 
-@implementation NSStackView {
-    std::vector<NSView*> _arranged;
-}
-- (instancetype)initWithFrame:(NSRect)frame
-{
-    _spacing = 8;
-    _distribution = NSStackViewDistributionGravityAreas;
-    return [super initWithFrame:frame];
-}
+/// Shows its subviews in their order.
+@implementation NSStackView
 + (instancetype)stackViewWithViews:(NSArray<NSView*>*)views
 {
     NSStackView* const stack = [[self alloc] init];
     stack.translatesAutoresizingMaskIntoConstraints = NO;
-    stack.alignment = NSLayoutAttributeCenterY;
     for (NSView* const view in views) {
         [stack addArrangedSubview:view];
     }
     return stack;
 }
-- (NSArray*)arrangedSubviews
-{
-    std::erase_if(_arranged, [self](NSView* view) { return view.superview != self; });
-    return [NSArray arrayWithObjects:_arranged.data() count:_arranged.size()];
-}
-- (void)addArrangedSubview:(NSView*)view
-{
-    [self addSubview:view];
-    _arranged.push_back(view);
-}
+- (NSArray*)arrangedSubviews RETURNS(self.subviews);
+- (void)addArrangedSubview:(NSView*)view DOES([self addSubview:view]);
 - (void)setCustomSpacing:(CGFloat)spacing afterView:(NSView*)view
 {
-    if (std::find(_arranged.begin(), _arranged.end(), view) == _arranged.end()) {
+    if (view.superview != self) {
         raise("the view is not in the stack");
     }
     view.gapAfter = spacing;
@@ -718,18 +537,14 @@ std::vector<NSView*> voltmere::viewsIn(NSView* view)
 
 @implementation NSControl
 - (NSInteger)sendActionOn:(NSEventMask)mask
-{
-    return static_cast<NSInteger>(std::exchange(_eventMask, mask));
-}
+    RETURNS(static_cast<NSInteger>(std::exchange(_eventMask, mask)));
 - (void)sendAction
 {
     id const target = self.target;
-    if (target == nil || self.action == nullptr) {
-        note(self, "has no target");
-        return;
+    if (target != nil) {
+        const IMP body = objc_msg_lookup(target, self.action);
+        reinterpret_cast<void (*)(id, SEL, id)>(body)(target, self.action, self);
     }
-    const IMP body = objc_msg_lookup(target, self.action);
-    reinterpret_cast<void (*)(id, SEL, id)>(body)(target, self.action, self);
 }
 @end
 
@@ -763,7 +578,7 @@ std::vector<NSView*> voltmere::viewsIn(NSView* view)
     button.isCheckBox = YES;
     return button;
 }
-DOES(-(void)highlight : (BOOL)highlight, _isHighlighted = highlight)
+- (void)highlight:(BOOL)highlight DOES(_isHighlighted = highlight);
 - (void)mouseUp:(NSEvent*)event
 {
     [self highlight:NO];
@@ -774,8 +589,7 @@ DOES(-(void)highlight : (BOOL)highlight, _isHighlighted = highlight)
 void voltmere::press(NSButton* button)
 {
     if (button.isCheckBox) {
-        button.state =
-            button.state == NSControlStateValueOn ? NSControlStateValueOff : NSControlStateValueOn;
+        button.state = NSControlStateValueOn - button.state;
     }
     [button sendAction];
 }
@@ -810,8 +624,11 @@ void voltmere::press(NSButton* button)
     }
     _selected = index;
 }
-ANSWERS(-(NSInteger)indexOfSelectedItem, _selected)
-ANSWERS(-(NSArray*)itemTitles, [NSArray arrayWithObjects:_titles.data() count:_titles.size()])
+- (NSInteger)indexOfSelectedItem RETURNS(_selected);
+- (NSArray*)itemTitles RETURNS(array(
+{
+    _titles.begin(), _titles.end()
+}));
 @end
 
 void voltmere::choose(NSPopUpButton* popUp, NSInteger index)
@@ -831,14 +648,11 @@ void voltmere::choose(NSPopUpButton* popUp, NSInteger index)
 
 // The alert
 
-@interface NSAlert ()
-@property (readwrite, copy) NSArray<NSButton*>* buttons;
-@end
-@implementation NSAlert
+@implementation NSAlert {
+    std::vector<NSButton*> _all;
+}
 - (instancetype)init
 {
-    _buttons = @[];
-    _messageText = @"Alert";
     _window = [[NSPanel alloc] initWithContentRect:NSMakeRect(500, 300, 300, 400)
                                          styleMask:NSWindowStyleMaskTitled
                                            backing:NSBackingStoreBuffered
@@ -846,28 +660,23 @@ void voltmere::choose(NSPopUpButton* popUp, NSInteger index)
     mac.alert = self;
     return self;
 }
-ANSWERS(-(NSImage*)icon, _icon != nil ? _icon : NSApp.applicationIconImage)
+- (NSImage*)icon RETURNS(_icon != nil ? _icon : NSApp.applicationIconImage);
+- (NSArray*)buttons RETURNS(array(
+{
+    _all.begin(), _all.end()
+}));
 - (NSButton*)addButtonWithTitle:(NSString*)title
 {
-    NSMutableArray* const all = [NSMutableArray array];
-    for (NSButton* const button in _buttons) {
-        [all addObject:button];
-    }
     NSButton* const button = [NSButton buttonWithTitle:title target:nil action:nullptr];
     button.frame = NSMakeRect(0, 0, 100, 28);
-    button.keyEquivalent = all.count == 0 ? @"\r" : @"";
-    [all addObject:button];
-    self.buttons = all;
+    button.keyEquivalent = _all.empty() ? @"\r" : @"";
+    _all.push_back(button);
     return button;
 }
 - (void)layout
 {
-    note(self, "layout");
-    if (_buttons.count == 0) {
-        [self addButtonWithTitle:@"OK"];
-    }
     [_window.contentView addSubview:_accessoryView];
-    for (NSButton* const button in _buttons) {
+    for (NSButton* const button : _all) {
         [_window.contentView addSubview:button];
     }
 }
@@ -875,32 +684,14 @@ ANSWERS(-(NSImage*)icon, _icon != nil ? _icon : NSApp.applicationIconImage)
 
 // The menu bar
 
-@implementation NSStatusBarButton
-- (void)setImage:(NSImage*)image
-{
-    note(self, "image");
-    super.image = image;
-}
-- (void)setToolTip:(NSString*)toolTip
-{
-    note(self, "tool tip");
-    super.toolTip = toolTip;
-}
-@end
-
-@interface NSStatusItem ()
-@property (nullable, readwrite, strong) NSStatusBarButton* button;
-@property (strong) NSWindow* window;
-@end
-@implementation NSStatusItem
-@end
+EMPTY(NSStatusBarButton)
+EMPTY(NSStatusItem)
 
 @implementation NSStatusBar
-ANSWERS(+(NSStatusBar*)systemStatusBar, shared(self))
++ (NSStatusBar*)systemStatusBar RETURNS(shared(self));
 - (NSStatusItem*)statusItemWithLength:(CGFloat)length
 {
-    note(self, "item " + number(length));
-    NSStatusItem* const item = [[NSStatusItem alloc] init];
+    NSStatusItem* const item = made(NSStatusItem.class, number(length));
     item.button = [[NSStatusBarButton alloc] initWithFrame:{{0, 0}, mac.statusWindow.size}];
     item.window = [[NSWindow alloc] initWithContentRect:mac.statusWindow
                                               styleMask:NSWindowStyleMaskBorderless
@@ -910,17 +701,14 @@ ANSWERS(+(NSStatusBar*)systemStatusBar, shared(self))
     mac.statusItem = item;
     return item;
 }
-- (void)removeStatusItem:(NSStatusItem*)item
-{
-    note(self, item == mac.statusItem ? "remove" : "remove another's");
-    mac.statusItem = nil;
-}
+- (void)removeStatusItem:(NSStatusItem*)item DOES(item.window = nil);
 @end
 
 NSNotificationName const NSWorkspaceDidWakeNotification = @"wake";
 NSNotificationName const NSWorkspaceActiveSpaceDidChangeNotification = @"space";
 
 @implementation NSWorkspace
-ANSWERS(+(NSWorkspace*)sharedWorkspace, shared(self))
-ANSWERS(-(NSNotificationCenter*)notificationCenter, shared(NSNotificationCenter.class, "workspace"))
++ (NSWorkspace*)sharedWorkspace RETURNS(shared(self));
+- (NSNotificationCenter*)notificationCenter RETURNS(shared(NSNotificationCenter.class,
+                                                           "workspace"));
 @end

@@ -6,10 +6,11 @@
 
 #include <algorithm>
 #include <cstdarg>
-#include <cstring>
+#include <cstdio>
 #include <ctime>
 #include <fstream>
 #include <stdexcept>
+#include <utility>
 
 namespace voltmere {
 
@@ -27,11 +28,27 @@ std::string text(NSString* text)
     return text == nil ? "nil" : text.UTF8String;
 }
 
+std::string text(NSRect rect)
+{
+    return number(rect.origin.x) + " " + number(rect.origin.y) + " " + number(rect.size.width) +
+        " " + number(rect.size.height);
+}
+
 std::string number(double value)
 {
     char line[32];
     std::snprintf(line, sizeof line, "%g", value);
     return line;
+}
+
+NSArray* array(const std::vector<id>& items)
+{
+    return [NSArray arrayWithObjects:items.data() count:items.size()];
+}
+
+NSRect moved(NSRect rect, NSPoint by)
+{
+    return {{rect.origin.x + by.x, rect.origin.y + by.y}, rect.size};
 }
 
 std::string& summary(id object)
@@ -68,6 +85,32 @@ void raise(const std::string& reason)
     @throw made(NSException.class, reason);
 }
 
+/// Messages whose order tests look at.
+static void noteMessage(const char* className, const char* selector)
+{
+    static const std::set<std::string> noted{"activateIgnoringOtherApps:",
+                                             "center",
+                                             "hide:",
+                                             "layout",
+                                             "makeFirstResponder:",
+                                             "makeKeyAndOrderFront:",
+                                             "orderFrontRegardless",
+                                             "orderOut:",
+                                             "registerAndReturnError:",
+                                             "removeStatusItem:",
+                                             "run",
+                                             "setImage:",
+                                             "setLevel:",
+                                             "setToolTip:",
+                                             "statusItemWithLength:",
+                                             "unhideWithoutActivation",
+                                             "unregisterAndReturnError:"};
+    if (noted.count(selector) != 0) {
+        mac.calls.push_back(className + (" " + std::string(selector)));
+    }
+}
+static const auto previous = std::exchange(objc::onMessage, &noteMessage);
+
 static void runFirst(std::deque<dispatch_block_t>& queue)
 {
     @autoreleasepool {
@@ -98,7 +141,7 @@ void settle()
 void post(NSNotificationCenter* centre, NSString* name)
 {
     const auto observers = mac.observers;
-    for (const Registration& one : observers) {
+    for (const Observer& one : observers) {
         if (one.centre == centre && one.name == text(name)) {
             one.notify(made(NSNotification.class, one.name));
         }
@@ -118,28 +161,19 @@ using namespace voltmere;
 
 // The queues
 
-static const char mainQueue = 'm';
-static const char globalQueue = 'g';
-
 dispatch_queue_t dispatch_get_main_queue()
 {
-    return &mainQueue;
+    return &mac.mainQueue;
 }
 
 dispatch_queue_t dispatch_get_global_queue(intptr_t quality, uintptr_t /*flags*/)
 {
-    return quality == QOS_CLASS_UTILITY ? &globalQueue : nullptr;
+    return quality == QOS_CLASS_UTILITY ? &mac.background : nullptr;
 }
 
 void dispatch_async(dispatch_queue_t queue, dispatch_block_t block)
 {
-    if (queue == &mainQueue) {
-        mac.mainQueue.push_back(block);
-    } else if (queue == &globalQueue) {
-        mac.background.push_back(block);
-    } else {
-        raise("no such queue");
-    }
+    queue->push_back(block);
 }
 
 // Values
@@ -152,40 +186,31 @@ void dispatch_async(dispatch_queue_t queue, dispatch_block_t block)
     summary(self).assign(static_cast<const char*>(bytes), length);
     return encoding == NSUTF8StringEncoding && isValidUtf8(summary(self)) ? self : nil;
 }
-ANSWERS(-(const char*)UTF8String, summary(self).c_str())
-ANSWERS(-(BOOL)isEqualToString : (NSString*)other, text(self) == text(other))
-ANSWERS(-(BOOL)isEqual
-        : (id)other, [other isKindOfClass:NSString.class] && [self isEqualToString:other])
-ANSWERS(-(id)copyWithZone : (struct _NSZone*)zone, self)
+- (const char*)UTF8String RETURNS(summary(self).c_str());
+- (BOOL)isEqualToString:(NSString*)other RETURNS(text(self) == text(other));
+- (BOOL)isEqual:(id)other RETURNS([self isEqualToString:other]);
+- (id)copyWithZone:(struct _NSZone*)zone RETURNS(self);
 @end
 @implementation NSConstantString
-ANSWERS(-(const char*)UTF8String, _bytes)
+- (const char*)UTF8String RETURNS(_bytes);
 @end
 
 @implementation NSNumber {
-    double _double;
-    long long _integer;
+    long double _value; // wide enough for each integer of 64 bits
 }
-+ (NSNumber*)numberWithLongLong:(long long)value
+static NSNumber* boxed(long double value)
 {
-    NSNumber* const number = [[self alloc] init];
-    number->_integer = value;
-    number->_double = static_cast<double>(value);
+    NSNumber* const number = [[NSNumber alloc] init];
+    number->_value = value;
     return number;
 }
-+ (NSNumber*)numberWithDouble:(double)value
-{
-    NSNumber* const number = [[self alloc] init];
-    number->_double = value;
-    number->_integer = value >= 9.3e18 ? INT64_MAX : static_cast<long long>(value);
-    return number;
-}
-ANSWERS(+(NSNumber*)numberWithBool : (BOOL)value, [self numberWithLongLong:value])
-ANSWERS(+(NSNumber*)numberWithInt : (int)value, [self numberWithLongLong:value])
-ANSWERS(+(NSNumber*)numberWithLong : (long)value, [self numberWithLongLong:value])
-ANSWERS(-(long long)longLongValue, _integer)
-ANSWERS(-(BOOL)isEqualToNumber
-        : (NSNumber*)other, _integer == other->_integer && _double == other->_double)
++ (NSNumber*)numberWithBool:(BOOL)value RETURNS(boxed(value));
++ (NSNumber*)numberWithInt:(int)value RETURNS(boxed(value));
++ (NSNumber*)numberWithLong:(long)value RETURNS(boxed(value));
++ (NSNumber*)numberWithLongLong:(long long)value RETURNS(boxed(value));
++ (NSNumber*)numberWithDouble:(double)value RETURNS(boxed(value));
+- (long long)longLongValue RETURNS(_value >= 9.2e18L ? INT64_MAX : static_cast<long long>(_value));
+- (BOOL)isEqualToNumber:(NSNumber*)other RETURNS(_value == other->_value);
 @end
 
 @implementation NSArray {
@@ -198,12 +223,14 @@ ANSWERS(-(BOOL)isEqualToNumber
     array->_items.assign(objects, objects + count);
     return array;
 }
-ANSWERS(-(NSUInteger)count, _items.size())
-ANSWERS(-(id)firstObject, _items.empty() ? nil : _items.front())
-ANSWERS(-(BOOL)isEqualToArray
-        : (NSArray*)other,
-          std::equal(_items.begin(), _items.end(), other->_items.begin(), other->_items.end(),
-                     [](id one, id two) { return [one isEqual:two]; }))
+- (NSUInteger)count RETURNS(_items.size());
+- (id)firstObject RETURNS(_items.empty() ? nil : _items.front());
+- (BOOL)isEqualToArray:(NSArray*)other
+    RETURNS(std::equal(_items.begin(), _items.end(), other->_items.begin(), other->_items.end(),
+                       [](id one, id two)
+{
+    return [one isEqual:two];
+}));
 - (NSUInteger)countByEnumeratingWithState:(NSFastEnumerationState*)state
                                   objects:(id __unsafe_unretained[])buffer
                                     count:(NSUInteger)length
@@ -219,15 +246,9 @@ ANSWERS(-(BOOL)isEqualToArray
 }
 @end
 @implementation NSMutableArray
-ANSWERS(+(instancetype)array, [[self alloc] init])
-ANSWERS(-(id)copy, [NSArray arrayWithObjects:_items.data() count:_items.size()])
-- (void)addObject:(id)object
-{
-    if (object == nil) {
-        raise("nil is added to an array");
-    }
-    _items.push_back(object);
-}
++ (instancetype)array RETURNS([[self alloc] init]);
+- (void)addObject:(id)object DOES(_items.push_back(object));
+- (id)copy RETURNS(::array(_items));
 @end
 
 @implementation NSDictionary {
@@ -243,11 +264,7 @@ ANSWERS(-(id)copy, [NSArray arrayWithObjects:_items.data() count:_items.size()])
     }
     return dictionary;
 }
-- (id)objectForKey:(NSString*)key
-{
-    const auto found = _items.find(text(key));
-    return found == _items.end() ? nil : found->second;
-}
+- (id)objectForKey:(NSString*)key RETURNS(_items[text(key)]);
 @end
 @implementation NSSet
 + (instancetype)setWithArray:(NSArray*)array
@@ -267,26 +284,24 @@ ANSWERS(-(id)copy, [NSArray arrayWithObjects:_items.data() count:_items.size()])
     return file.good();
 }
 @end
-@implementation NSURL
-ANSWERS(-(NSString*)path, string(summary(self)))
-@end
+EMPTY(NSURL)
 @implementation NSDate
-ANSWERS(+(NSDate*)distantFuture, shared(self))
++ (NSDate*)distantFuture RETURNS(shared(self));
 @end
 @implementation NSException
-ANSWERS(-(NSString*)reason, string(summary(self)))
+- (NSString*)reason RETURNS(string(summary(self)));
 @end
 @implementation NSError
-ANSWERS(-(NSString*)localizedDescription, string(summary(self)))
+- (NSString*)localizedDescription RETURNS(string(summary(self)));
 @end
 
 // The program and its user
 
 @implementation NSBundle
-ANSWERS(+(NSBundle*)mainBundle, shared(self))
-ANSWERS(-(NSString*)bundleIdentifier, mac.hasBundle ? @"org.voltmere.Voltmere" : nil)
-ANSWERS(-(NSString*)bundlePath, string(mac.bundlePath))
-ANSWERS(-(NSString*)resourcePath, string(mac.bundlePath + "/Contents/Resources"))
++ (NSBundle*)mainBundle RETURNS(shared(self));
+- (NSString*)bundleIdentifier RETURNS(mac.hasBundle ? @"org.voltmere.Voltmere" : nil);
+- (NSString*)bundlePath RETURNS(string(mac.bundlePath));
+- (NSString*)resourcePath RETURNS(string(mac.bundlePath + "/Contents/Resources"));
 - (NSURL*)URLForResource:(NSString*)name withExtension:(NSString*)extension
 {
     const std::string file = text(name) + "." + text(extension);
@@ -295,21 +310,18 @@ ANSWERS(-(NSString*)resourcePath, string(mac.bundlePath + "/Contents/Resources")
 @end
 
 @implementation NSUserDefaults
-ANSWERS(+(NSUserDefaults*)standardUserDefaults, shared(self))
++ (NSUserDefaults*)standardUserDefaults RETURNS(shared(self));
 - (id)objectForKey:(NSString*)key
-{
-    const auto found = mac.defaults.find(text(key));
-    return found == mac.defaults.end() ? nil : found->second;
-}
+    RETURNS(mac.defaults.count(text(key)) == 0 ? nil : mac.defaults[text(key)]);
 - (void)setInteger:(NSInteger)value forKey:(NSString*)key
 {
     note(self, text(key) + " = " + std::to_string(value));
-    mac.defaults[text(key)] = [NSNumber numberWithLong:value];
+    mac.defaults[text(key)] = boxed(value);
 }
 - (void)setBool:(BOOL)value forKey:(NSString*)key
 {
     note(self, text(key) + " = " + (value ? "YES" : "NO"));
-    mac.defaults[text(key)] = [NSNumber numberWithBool:value];
+    mac.defaults[text(key)] = boxed(value);
 }
 @end
 
@@ -323,17 +335,15 @@ NSArray<NSString*>* NSSearchPathForDirectoriesInDomains(NSSearchPathDirectory di
 @implementation NSLocale
 + (NSArray<NSString*>*)preferredLanguages
 {
-    NSMutableArray* const all = [NSMutableArray array];
-    for (const std::string& tag : mac.languages) {
-        [all addObject:string(tag)];
-    }
-    return all;
+    std::vector<id> all;
+    std::ranges::transform(mac.languages, std::back_inserter(all), &string);
+    return array(all);
 }
 @end
 
 @implementation NSProcessInfo
-ANSWERS(+(NSProcessInfo*)processInfo, shared(self))
-ANSWERS(-(NSString*)operatingSystemVersionString, @"Version 14.5 (Build 23F79)")
++ (NSProcessInfo*)processInfo RETURNS(shared(self));
+- (NSString*)operatingSystemVersionString RETURNS(@"Version 14.5 (Build 23F79)");
 - (id<NSObject>)beginActivityWithOptions:(NSActivityOptions)options reason:(NSString*)reason
 {
     if (options != NSActivityUserInitiatedAllowingIdleSystemSleep) {
@@ -341,13 +351,12 @@ ANSWERS(-(NSString*)operatingSystemVersionString, @"Version 14.5 (Build 23F79)")
     }
     return *mac.activities.insert(made(NSNotification.class, text(reason))).first;
 }
-DOES(-(void)endActivity : (id<NSObject>)activity, mac.activities.erase(activity))
+- (void)endActivity:(id<NSObject>)activity DOES(mac.activities.erase(activity));
 @end
 
 CFDictionaryRef CGSessionCopyCurrentDictionary()
 {
-    return mac.isLoggedIn ? (__bridge_retained CFDictionaryRef)[[NSDictionary alloc] init]
-                          : nullptr;
+    return mac.isLoggedIn ? (__bridge_retained CFDictionaryRef) @{} : nullptr;
 }
 
 void CFRelease(CFTypeRef object)
@@ -360,44 +369,38 @@ void NSLog(NSString* format, ...)
 {
     va_list arguments;
     va_start(arguments, format);
-    const bool isPlain = text(format) == "%@";
-    mac.log.push_back(isPlain ? text(va_arg(arguments, __unsafe_unretained NSString*))
-                              : "format: " + text(format));
+    NSString* const line = va_arg(arguments, __unsafe_unretained NSString*);
+    mac.calls.push_back("NSLog " + text(text(format) == "%@" ? line : format));
     va_end(arguments);
-    mac.calls.push_back("NSLog " + mac.log.back());
 }
 
 // Notifications within the program and between programs
 
-@implementation NSNotification
-@end
-@implementation NSOperationQueue
-ANSWERS(+(NSOperationQueue*)mainQueue, shared(self))
-@end
+EMPTY(NSNotification)
+EMPTY(NSOperationQueue)
 @implementation NSNotificationCenter
-ANSWERS(+(NSNotificationCenter*)defaultCenter, shared(self))
 - (id<NSObject>)addObserverForName:(NSNotificationName)name
                             object:(id)object
                              queue:(NSOperationQueue*)queue
                         usingBlock:(void (^)(NSNotification*))block
 {
-    id const token = made(NSNotification.class, "observer");
-    mac.observers.push_back({token, self, text(name), 0, block, nil});
-    return token;
+    mac.observers.push_back({made(NSNotification.class, "observer"), self, text(name), block});
+    return mac.observers.back().token;
 }
-DOES(-(void)removeObserver
-     : (id)observer,
-       std::erase_if(mac.observers, [=](const Registration& one) { return one.token == observer; }))
+- (void)removeObserver:(id)observer
+    DOES(std::erase_if(mac.observers, [=](const Observer& one)
+{
+    return one.token == observer;
+}));
 @end
 @implementation NSDistributedNotificationCenter
-ANSWERS(+(NSDistributedNotificationCenter*)defaultCenter, shared(self))
++ (NSDistributedNotificationCenter*)defaultCenter RETURNS(shared(self));
 /// AppKit holds back a notification for a program that is not active.
 - (void)postNotificationName:(NSNotificationName)name
                       object:(NSString*)object
                     userInfo:(NSDictionary*)userInfo
           deliverImmediately:(BOOL)deliverImmediately
 {
-    note(self, "post" + std::string(deliverImmediately ? " at once" : ""));
     if (deliverImmediately) {
         post(self, name);
     }
@@ -409,16 +412,15 @@ ANSWERS(+(NSDistributedNotificationCenter*)defaultCenter, shared(self))
                       ofObject:(id)object
                         change:(NSDictionary<NSKeyValueChangeKey, id>*)change
                        context:(void*)context
-{
-    raise("nobody handles the change of " + text(keyPath));
-}
+    DOES(raise("nobody handles the change of " + text(keyPath)));
 - (void)addObserver:(NSObject*)observer
          forKeyPath:(NSString*)keyPath
             options:(NSKeyValueObservingOptions)options
             context:(void*)context
+    DOES(mac.appearanceObservers.push_back(
 {
-    mac.appearanceObservers.push_back({observer, text(keyPath), context});
-}
+    observer, text(keyPath), context
+}));
 - (void)removeObserver:(NSObject*)observer forKeyPath:(NSString*)keyPath context:(void*)context
 {
     std::erase_if(mac.appearanceObservers, [&](const KeyValueObserver& one) {
@@ -458,7 +460,7 @@ NSRunLoopMode const NSRunLoopCommonModes = @"common";
 @end
 
 @implementation NSRunLoop
-ANSWERS(+(NSRunLoop*)mainRunLoop, shared(self))
++ (NSRunLoop*)mainRunLoop RETURNS(shared(self));
 - (void)addTimer:(NSTimer*)timer forMode:(NSRunLoopMode)mode
 {
     timer->_isCommon = mode == NSRunLoopCommonModes;
@@ -467,10 +469,8 @@ ANSWERS(+(NSRunLoop*)mainRunLoop, shared(self))
 }
 - (BOOL)runMode:(NSRunLoopMode)mode beforeDate:(NSDate*)limit
 {
-    if (!mac.mainQueue.empty()) {
-        runFirst(mac.mainQueue);
-    } else if (!mac.background.empty()) {
-        runFirst(mac.background);
+    if (!mac.mainQueue.empty() || !mac.background.empty()) {
+        runFirst(mac.mainQueue.empty() ? mac.background : mac.mainQueue);
     } else if (!mac.timers.empty() && ++mac.idleTurns < 1000) {
         advance(60);
     } else {
@@ -539,18 +539,12 @@ static BOOL setLoginItem(SMAppServiceStatus status, NSError* __autoreleasing* er
     return NO;
 }
 @implementation SMAppService
-ANSWERS(+(SMAppService*)mainAppService, shared(self))
-ANSWERS(-(SMAppServiceStatus)status, mac.loginItem)
++ (SMAppService*)mainAppService RETURNS(shared(self));
+- (SMAppServiceStatus)status RETURNS(mac.loginItem);
 - (BOOL)registerAndReturnError:(NSError**)error
-{
-    note(self, "register");
-    return setLoginItem(mac.loginItemAfterRegistration, error);
-}
+    RETURNS(setLoginItem(mac.loginItemAfterRegistration, error));
 - (BOOL)unregisterAndReturnError:(NSError**)error
-{
-    note(self, "unregister");
-    return setLoginItem(SMAppServiceStatusNotRegistered, error);
-}
+    RETURNS(setLoginItem(SMAppServiceStatusNotRegistered, error));
 @end
 
 // The user's notifications
@@ -564,9 +558,7 @@ NSString* const UNNotificationDismissActionIdentifier =
 + (instancetype)actionWithIdentifier:(NSString*)identifier
                                title:(NSString*)title
                              options:(UNNotificationActionOptions)options
-{
-    return made(self, text(identifier) + "=" + text(title) + "/" + std::to_string(options));
-}
+    RETURNS(made(self, text(identifier) + "=" + text(title) + "/" + std::to_string(options)));
 @end
 @implementation UNNotificationCategory
 + (instancetype)categoryWithIdentifier:(NSString*)identifier
@@ -582,14 +574,11 @@ NSString* const UNNotificationDismissActionIdentifier =
 }
 @end
 @implementation UNNotificationSound
-ANSWERS(+(UNNotificationSound*)defaultSound, shared(self))
++ (UNNotificationSound*)defaultSound RETURNS(shared(self));
 @end
-@implementation UNNotificationContent
-@end
-@implementation UNMutableNotificationContent
-@end
-@implementation UNNotificationTrigger
-@end
+EMPTY(UNNotificationContent)
+EMPTY(UNMutableNotificationContent)
+EMPTY(UNNotificationTrigger)
 @implementation UNTimeIntervalNotificationTrigger
 + (instancetype)triggerWithTimeInterval:(NSTimeInterval)interval repeats:(BOOL)repeats
 {
@@ -612,7 +601,7 @@ ANSWERS(+(UNNotificationSound*)defaultSound, shared(self))
 }
 @end
 @implementation UNNotificationResponse
-ANSWERS(-(NSString*)actionIdentifier, string(summary(self)))
+- (NSString*)actionIdentifier RETURNS(string(summary(self)));
 @end
 
 @implementation UNUserNotificationCenter
@@ -629,14 +618,9 @@ ANSWERS(-(NSString*)actionIdentifier, string(summary(self)))
     note(self, "authorise " + std::to_string(options));
     handler(NO, made(NSError.class, "refused"));
 }
-DOES(-(void)setNotificationCategories
-     : (NSSet*)categories, note(self, "categories " + summary(categories)))
+- (void)setNotificationCategories:(NSSet*)categories
+    DOES(note(self, "categories " + summary(categories)));
 - (void)addNotificationRequest:(UNNotificationRequest*)request
          withCompletionHandler:(void (^)(NSError*))handler
-{
-    note(self, "add " + summary(request));
-    if (handler != nil) {
-        handler(made(NSError.class, "refused"));
-    }
-}
+    DOES(note(self, "add " + summary(request)));
 @end

@@ -17,13 +17,18 @@
 
 namespace voltmere {
 
-/// A block in a notification centre, or in a monitor of events.
-struct Registration {
+/// A block in a notification centre.
+struct Observer {
     id token;
     id centre;
     std::string name; ///< of the notification
-    NSEventMask mask;
     void (^notify)(NSNotification*);
+};
+
+/// A block that sees the events of other programs.
+struct Monitor {
+    id token;
+    NSEventMask mask;
     void (^handle)(NSEvent*);
 };
 
@@ -35,9 +40,8 @@ struct KeyValueObserver {
 
 /// A Mac around the program: what a test sets, and what the program did.
 struct Mac {
-    std::vector<std::string> calls; ///< "Class method arguments", in order
+    std::vector<std::string> calls; ///< "Class selector" of each noted message, in order
     std::vector<std::string> drawn;
-    std::vector<std::string> log;
 
     bool hasBundle = true;
     std::string bundlePath = "/Applications/Voltmere.app";
@@ -71,14 +75,15 @@ struct Mac {
     double asleep = 0;
     int idleTurns = 0;       ///< of the run loop, where only timers were left
     std::set<id> activities; ///< that keep the program from napping
-    std::vector<Registration> observers;
-    std::vector<Registration> monitors;
+    std::vector<Observer> observers;
+    std::vector<Monitor> monitors;
     std::vector<KeyValueObserver> appearanceObservers;
 
     std::vector<__weak NSWindow*> windows;
     __weak NSAlert* alert; ///< the last one
     __weak NSWindow* keyWindow;
     __weak NSStatusItem* statusItem;
+    bool isAgent = false;
     bool isActive = false;
     bool isHidden = false;
     bool isStopping = false;
@@ -91,6 +96,8 @@ NSString* string(const std::string& text);
 std::string text(NSString* text);
 std::string text(NSRect rect);
 std::string number(double value);
+NSArray* array(const std::vector<id>& items);
+NSRect moved(NSRect rect, NSPoint by);
 
 /// What an object is, in one line, where the program cannot ask: a colour's name, a font's name and
 /// size, an image's file.
@@ -102,7 +109,7 @@ id made(id itsClass, const std::string& summary);
 /// The one object of a class or of a class and a name, which no test counts as left.
 id shared(id itsClass, const std::string& name = {});
 
-/// Writes down a call.
+/// Writes down a call with its arguments.
 void note(id receiver, const std::string& call);
 
 [[noreturn]] void raise(const std::string& reason);
@@ -144,17 +151,18 @@ std::vector<NSView*> viewsIn(NSView* view);
 
 } // namespace voltmere
 
-/// A method of one line, for a stand-in.
-#define ANSWERS(signature, ...)                                                                    \
-    signature                                                                                      \
+// For stand-ins: the body of a method of one statement, and a class without methods of its own.
+#define RETURNS(...)                                                                               \
     {                                                                                              \
         return __VA_ARGS__;                                                                        \
     }
-#define DOES(signature, ...)                                                                       \
-    signature                                                                                      \
+#define DOES(...)                                                                                  \
     {                                                                                              \
         __VA_ARGS__;                                                                               \
     }
+#define EMPTY(Class)                                                                               \
+    @implementation Class                                                                          \
+    @end
 
 // What the program only sets, and what it never sees.
 
@@ -167,7 +175,18 @@ std::vector<NSView*> viewsIn(NSView* view);
 @interface NSDictionary (Test)
 - (id)objectForKey:(NSString*)key;
 @end
+@interface NSGraphicsContext ()
+@property (strong) NSBitmapImageRep* bitmap;
+@end
+@interface NSLayoutConstraint ()
+@property (weak) NSView* view;
+@property (weak) NSView* other;
+@end
+@interface NSLayoutAnchor ()
+@property (weak) NSView* view;
+@end
 @interface NSView ()
+@property (readwrite, assign) NSView* superview;
 @property (copy) NSString* accessibilityLabel;
 @property (getter=isAccessibilityElement) BOOL accessibilityElement;
 @property (weak) NSWindow* ownWindow;
@@ -183,6 +202,16 @@ std::vector<NSView*> viewsIn(NSView* view);
 @property BOOL isHighlighted;
 @property BOOL isCheckBox;
 @end
+@interface NSScreen ()
+@property NSRect frame;
+@property NSRect visibleFrame;
+@end
 @interface NSWindow ()
+@property (getter=isVisible) BOOL visible;
+@property NSRect frame;
 @property NSWindowStyleMask styleMask;
+@end
+@interface NSStatusItem ()
+@property (readwrite, strong) NSStatusBarButton* button;
+@property (strong) NSWindow* window; ///< nil once it is removed
 @end

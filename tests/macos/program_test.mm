@@ -82,15 +82,16 @@ TEST_F(MacProgram, StartsInTheMenuBarAndEndsWithQuit)
         press(button("Quit"));
     };
     EXPECT_EQ(run({}), 0);
-    Lines asked = calls({"image", "tool tip", "level"});
-    asked.resize(5);
+    Lines asked = calls({"setImage:", "setToolTip:", "setLevel:"});
+    asked.resize(4);
     const std::string category = "UNUserNotificationCenter categories LOW_BATTERY, "
                                  "SNOOZE_20=In 20 minutes/0, SNOOZE_30=In 30 minutes/0, "
                                  "SNOOZE_60=In 1 hour/0, SNOOZE_120=In 2 hours/0, "
                                  "SNOOZE_CUSTOM=At a specific time…/4";
     EXPECT_EQ(asked,
-              (Lines{"NSApplication accessory", "UNUserNotificationCenter authorise 6",
-                     "NSApplication run", "NSStatusBar item -1", category}));
+              (Lines{"UNUserNotificationCenter authorise 6", "NSApplication run",
+                     "NSStatusBar statusItemWithLength:", category}));
+    EXPECT_TRUE(mac.isAgent);
     EXPECT_EQ(NSApp.delegate, nil);
     EXPECT_EQ(mac.statusItem, nil);
 }
@@ -115,7 +116,7 @@ TEST_F(MacProgram, AnswersWhatTheUserChoseInANotification)
         const std::string content = "|Magic Mouse battery alert|Snoozed reminder: please charge "
                                     "your mouse.|sound||in 3600";
         EXPECT_NE(added[0].find(content), std::string::npos);
-        EXPECT_EQ(asked("SNOOZE_CUSTOM"), (Lines{"NSApplication activate ignoring others"}));
+        EXPECT_EQ(asked("SNOOZE_CUSTOM"), (Lines{"NSApplication activateIgnoringOtherApps:"}));
         EXPECT_EQ(asked("unknown"), Lines());
         EXPECT_EQ(*answers, 3);
         press(button("Quit"));
@@ -132,7 +133,7 @@ TEST_F(MacProgram, LogsAFailedLoginItemAndThenNotifies)
         press(button("Launch at login"));
         const Lines asked = calls();
         ASSERT_EQ(asked.size(), 3U);
-        EXPECT_EQ(asked[0], "SMAppService register");
+        EXPECT_EQ(asked[0], "SMAppService registerAndReturnError:");
         EXPECT_EQ(asked[1], "NSLog Voltmere: 设置开机启动失败 Operation not permitted");
         EXPECT_EQ(asked[2].rfind("UNUserNotificationCenter add launch-fail-", 0), 0U);
         EXPECT_NE(asked[2].find("|Launch at login|Operation not permitted|silent||at once"),

@@ -12,6 +12,9 @@ namespace voltmere::objc {
 /// The objects that were made and not destroyed yet, by the name of their class.
 std::map<std::string, long>& liveObjects();
 
+/// What is called for each message, with the names of the receiver's class and of the method.
+extern void (*onMessage)(const char* className, const char* selector);
+
 /// Releases what was autoreleased outside of every pool.
 void drainPool();
 

@@ -284,20 +284,18 @@ TEST_F(MacServices, ALaterStartAsksTheFirstForItsPanel)
     const std::filesystem::path file = instanceLockPath();
     EXPECT_EQ(file, directory / "org.voltmere.Voltmere" / "instance.lock");
     int asked = 0;
-    auto first = std::make_unique<LockedInstance>(file, log);
-    EXPECT_EQ(first->start(), SingleInstance::Role::first);
+    auto first = std::make_unique<LockedInstance>();
+    EXPECT_FALSE(first->isLaterStart(file, log));
     first->onActivation([&] { ++asked; });
-    EXPECT_EQ(LockedInstance(file, log).start(), SingleInstance::Role::later);
+    EXPECT_TRUE(LockedInstance().isLaterStart(file, log));
     EXPECT_EQ(asked, 1);
-    EXPECT_EQ(calls(), (Lines{"NSDistributedNotificationCenter post at once"}));
     first.reset();
     EXPECT_TRUE(mac.observers.empty());
-    EXPECT_EQ(LockedInstance(file, log).start(), SingleInstance::Role::first) << "the lock is free";
+    EXPECT_FALSE(LockedInstance().isLaterStart(file, log)) << "the end frees the lock";
     EXPECT_EQ(log.lines, Lines());
-    EXPECT_EQ(LockedInstance("/dev/null/lock", log).start(), SingleInstance::Role::alone);
+    EXPECT_FALSE(LockedInstance().isLaterStart("/dev/null/lock", log));
     ASSERT_EQ(log.lines.size(), 1U);
     EXPECT_EQ(log.lines[0].rfind("Voltmere: /dev/null/lock", 0), 0U);
-    EXPECT_EQ(calls(), Lines());
 }
 
 // The terminal

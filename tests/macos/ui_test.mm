@@ -133,7 +133,7 @@ TEST_F(MacWindows, TheIconIsSetOnlyWhenItChanges)
     model->checkNow();
     EXPECT_EQ(calls(), Lines()) << "not before the reading is done";
     settle();
-    EXPECT_EQ(calls(), (Lines{"NSStatusBarButton image", "NSStatusBarButton tool tip"}));
+    EXPECT_EQ(calls(), (Lines{"NSStatusBarButton setImage:", "NSStatusBarButton setToolTip:"}));
 }
 
 TEST_F(MacWindows, TheIconTakesBothMouseButtonsAndGoesWithTheProgram)
@@ -141,7 +141,7 @@ TEST_F(MacWindows, TheIconTakesBothMouseButtonsAndGoesWithTheProgram)
     start();
     EXPECT_EQ(icon().eventMask, NSEventMaskLeftMouseDown | NSEventMaskRightMouseDown);
     scene.reset();
-    EXPECT_EQ(calls(), (Lines{"NSStatusBar remove"}));
+    EXPECT_EQ(calls(), (Lines{"NSStatusBar removeStatusItem:"}));
     setAppearance(NSAppearanceNameDarkAqua);
 }
 
@@ -277,9 +277,9 @@ TEST_F(MacWindows, ThePanelTakesTheKeyboardWithoutActivatingTheProgram)
     press(icon());
     EXPECT_EQ(mac.keyWindow, panel());
     EXPECT_FALSE(mac.isActive);
-    EXPECT_EQ(calls({"layout"}),
-              (Lines{"NSApplication unhide", "VoltmerePanel key and front",
-                     "VoltmerePanel no first responder"}));
+    EXPECT_EQ(calls({"ImageView", "setLevel:"}),
+              (Lines{"NSApplication unhideWithoutActivation",
+                     "VoltmerePanel makeKeyAndOrderFront:", "VoltmerePanel makeFirstResponder:"}));
     EXPECT_EQ(panel().level, NSStatusWindowLevel);
     EXPECT_EQ(panel().styleMask,
               NSWindowStyleMaskTitled | NSWindowStyleMaskFullSizeContentView |
@@ -374,7 +374,8 @@ TEST_F(MacWindows, ThePanelOpensAtTheTopRightForAHiddenIcon)
     EXPECT_EQ(text(panel().frame), "1120 476 320 400");
     mac.calls.clear();
     scene->openPanel();
-    EXPECT_EQ(calls(), (Lines{"VoltmerePanel key and front"})) << "an open one comes to the front";
+    EXPECT_EQ(calls(), (Lines{"VoltmerePanel makeKeyAndOrderFront:"}))
+        << "an open one comes to the front";
     scene.reset();
     EXPECT_EQ(mac.monitors.size(), 0U);
     model->threshold = 5;
@@ -401,11 +402,11 @@ TEST_F(MacWindows, TheKeyboardGoesBackAfterTheLastWindow)
     EXPECT_TRUE(mac.isActive);
     EXPECT_FALSE(panel().visible) << "the alert has the keyboard";
     pressEscape();
-    EXPECT_EQ(calls().back(), "NSApplication hide");
+    EXPECT_EQ(calls().back(), "NSApplication hide:");
     pressIcon();
     EXPECT_TRUE(panel().visible) << "a hidden program's windows are shown again";
     pressEscape();
-    EXPECT_EQ(calls().back(), "VoltmerePanel out") << "the program was not active";
+    EXPECT_EQ(calls().back(), "VoltmerePanel orderOut:") << "the program was not active";
     model->showSnoozeAlert({}, false);
     scene->openPanel();
     pressEscape();
@@ -508,15 +509,16 @@ TEST_F(MacWindows, TheAlertIsShownInTheDefinedOrderAndBroughtToTheFrontAgain)
     mac.calls.clear();
     model->checkNow();
     settle();
-    EXPECT_EQ(calls({"Button", "unhide"}),
-              (Lines{"NSAlert layout", "NSPanel center", "NSPanel level 3",
-                     "NSApplication activate ignoring others", "NSPanel key and front",
-                     "NSPanel front regardless", "NSPanel no first responder"}));
+    EXPECT_EQ(calls({"Button", "unhide", "ImageView"}),
+              (Lines{"NSAlert layout", "NSPanel center", "NSPanel setLevel:",
+                     "NSApplication activateIgnoringOtherApps:", "NSPanel makeKeyAndOrderFront:",
+                     "NSPanel orderFrontRegardless", "NSPanel makeFirstResponder:"}));
+    EXPECT_EQ(alert().level, NSFloatingWindowLevel);
     EXPECT_FALSE(alert().hidesOnDeactivate);
     NSAlert* const first = mac.alert;
     mac.keyWindow = nil;
     model->showSnoozeAlert({}, false);
-    EXPECT_EQ(calls(), (Lines{"NSPanel key and front"}));
+    EXPECT_EQ(calls(), (Lines{"NSPanel makeKeyAndOrderFront:"}));
     EXPECT_EQ(mac.keyWindow, first.window);
     EXPECT_EQ(mac.alert, first) << "it is not built again";
 }

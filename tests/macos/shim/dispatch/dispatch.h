@@ -4,8 +4,10 @@
 #include <Block.h>
 #include <objc/objc.h>
 
+#include <deque>
+
 typedef void (^dispatch_block_t)(void);
-typedef const void* dispatch_queue_t;
+typedef std::deque<dispatch_block_t>* dispatch_queue_t;
 typedef unsigned qos_class_t;
 enum : qos_class_t { QOS_CLASS_UTILITY = 0x11 };
 
