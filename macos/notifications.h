@@ -16,8 +16,6 @@ class UserNotifications : public NotificationCentre {
 public:
     explicit UserNotifications(SystemLog& log);
     ~UserNotifications() override;
-    UserNotifications(const UserNotifications&) = delete;
-    UserNotifications& operator=(const UserNotifications&) = delete;
 
     void requestAuthorisation(std::uint32_t options) override;
     void setDelegate(NotificationCentreDelegate* delegate) override;

@@ -38,7 +38,7 @@ public:
             addObserverForName:NSWorkspaceDidWakeNotification
                         object:nil
                          queue:nil
-                    usingBlock:^(NSNotification*) { arm(); }];
+                    usingBlock:^(NSNotification*) { armAgain(); }];
         activity = [NSProcessInfo.processInfo
             beginActivityWithOptions:NSActivityUserInitiatedAllowingIdleSystemSleep
                               reason:@"A battery check or a reminder is due at a set time"];
@@ -58,9 +58,6 @@ public:
 private:
     void arm()
     {
-        if (hasFiredForGood) {
-            return;
-        }
         [timer invalidate];
         const Seconds rest = std::max(due - uptime(), Seconds::zero());
         timer = [NSTimer timerWithTimeInterval:rest.count()
@@ -69,14 +66,21 @@ private:
         [NSRunLoop.mainRunLoop addTimer:timer forMode:NSRunLoopCommonModes];
     }
 
+    void armAgain()
+    {
+        if (timer != nil) {
+            arm();
+        }
+    }
+
     void fire()
     {
-        hasFiredForGood = interval == Seconds::zero();
-        if (!hasFiredForGood) {
+        timer = nil;
+        if (interval > Seconds::zero()) {
             const double missed = std::floor((uptime() - due) / interval);
             due += interval * (std::max(missed, 0.0) + 1);
+            arm();
         }
-        arm();
         const RunLoop::Action current = action; // the action may destroy this timer
         current();
     }
@@ -85,7 +89,6 @@ private:
     Seconds interval;
     RunLoop::Action action;
     Seconds due;
-    bool hasFiredForGood = false;
     NSTimer* timer = nil;
     id<NSObject> wakeObserver;
     id<NSObject> activity;

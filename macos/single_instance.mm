@@ -35,7 +35,8 @@ bool LockedInstance::isLaterStart(const std::filesystem::path& file, SystemLog& 
                   "), so a second start runs a second time");
         return false;
     }
-    // Unless told otherwise, the system holds a notification back from a program that is not active.
+    // Unless told otherwise, the system holds a notification back from a program that is not
+    // active.
     [NSDistributedNotificationCenter.defaultCenter postNotificationName:openPanelName
                                                                  object:nil
                                                                userInfo:nil

@@ -2,29 +2,27 @@
 
 #include "macos/text.h"
 #include "macos/ui/front_end.h"
+#include "macos/ui/hover_controls.h"
 #include "macos/ui/status_image.h"
 #include "snooze/snooze_alert.h"
 
 #include <dispatch/dispatch.h>
 
 #include <utility>
+#include <vector>
 
 namespace voltmere {
 
 namespace {
 
-// All in points.
-constexpr CGFloat iconSide = 64;
-constexpr CGFloat fontSize = 13;
-constexpr CGFloat popUpWidth = 52;
-constexpr CGFloat colonSpacing = 3; // on both sides
+constexpr CGFloat fontSize = 13; // points
 
-NSTextField* makeAlertLabel(const std::string& text, NSFont* font, NSColor* colour)
+NSTextField* makeAlertLabel(const std::string& text, NSFont* font, bool isRed)
 {
     NSTextField* const label = [NSTextField labelWithString:cocoaText(text)];
     label.font = font;
     label.alignment = NSTextAlignmentCenter;
-    label.textColor = colour;
+    label.textColor = isRed ? NSColor.systemRedColor : NSColor.labelColor;
     [label.heightAnchor constraintEqualToConstant:alertGeometry::labelHeight].active = YES;
     return label;
 }
@@ -34,7 +32,7 @@ NSTextField* makeAlertLabel(const std::string& text, NSFont* font, NSColor* colo
 NSTextField* makeTitleLabel(const NamedText& title)
 {
     NSTextField* const label =
-        makeAlertLabel(title.whole(), [NSFont boldSystemFontOfSize:fontSize], NSColor.labelColor);
+        makeAlertLabel(title.whole(), [NSFont boldSystemFontOfSize:fontSize], false);
     if (!title.name.empty()) {
         label.lineBreakMode = NSLineBreakByTruncatingMiddle;
         label.allowsExpansionToolTips = YES;
@@ -45,179 +43,183 @@ NSTextField* makeTitleLabel(const NamedText& title)
 
 void makeRowSized(NSView* view)
 {
-    view.translatesAutoresizingMaskIntoConstraints = NO;
-    [NSLayoutConstraint activateConstraints:@[
-        [view.widthAnchor constraintEqualToConstant:alertGeometry::width],
-        [view.heightAnchor constraintEqualToConstant:alertGeometry::rowHeight],
-    ]];
+    fixWidth(view, alertGeometry::width);
+    [view.heightAnchor constraintEqualToConstant:alertGeometry::rowHeight].active = YES;
 }
+
+class NativeSnoozeAlert : public SnoozeAlert {
+public:
+    NativeSnoozeAlert(const AlertContent& content, const AlertActions& actions,
+                      MacApplication& application)
+        : application(application)
+    {
+        constexpr CGFloat iconSide = 64; // points
+        alert.messageText = @"";
+        alert.alertStyle = NSAlertStyleWarning;
+        NSImage* const icon = AppIconAsset::appImage(iconSide);
+        // Without an icon of its own an alert shows the application's.
+        alert.icon = icon != nil ? icon : [[NSImage alloc] initWithSize:NSMakeSize(1, 1)];
+        [alert addButtonWithTitle:cocoaText(content.cancelTitle)];
+        connectCancel(alert.buttons.firstObject, actions);
+        alert.accessoryView = makeAccessory(content, actions);
+        [alert layout];
+    }
+
+    NativeSnoozeAlert(const NativeSnoozeAlert&) = delete;
+    NativeSnoozeAlert& operator=(const NativeSnoozeAlert&) = delete;
+
+    ~NativeSnoozeAlert() override
+    {
+        orderOut();
+        // The alert's button may be the caller, so the alert goes in the next turn.
+        NSAlert* const kept = alert;
+        dispatch_async(dispatch_get_main_queue(), ^{ (void)kept; });
+    }
+
+    void show(RunLoop& runLoop) override
+    {
+        [window() center];
+        window().level = NSFloatingWindowLevel;
+        window().hidesOnDeactivate = NO;
+        application.windowOpens();
+        application.activate();
+        [window() makeKeyAndOrderFront:nil];
+        // The system may refuse the activation; the alert then floats without the keyboard.
+        [window() orderFrontRegardless];
+        // The alert appears while a person may be typing: no control must take the next key.
+        [window() makeFirstResponder:nil];
+        hoverPoller = std::make_unique<HoverPoller>(window(), hoverItems, runLoop);
+    }
+
+    NSWindow* window() const override { return alert.window; }
+
+    bool isVisible() const override { return window().visible; }
+
+    void bringToFront() override { [window() makeKeyAndOrderFront:nil]; }
+
+    void orderOut() override
+    {
+        if (hoverPoller == nullptr) {
+            return; // it is not on screen
+        }
+        hoverPoller->stop();
+        hoverPoller.reset();
+        [window() orderOut:nil];
+        application.windowCloses();
+    }
+
+private:
+    /// Escape presses it, and Return presses nothing.
+    void connectCancel(NSButton* cancel, const AlertActions& actions)
+    {
+        cancel.target = rowTargets.add(actions.cancel);
+        cancel.action = @selector(fire);
+        cancel.keyEquivalent = @"\x1b";
+        cancel.keyEquivalentModifierMask = 0;
+        if (cancel != nil) {
+            nativeHover = [[VoltmereNativeButtonHover alloc] init];
+            nativeHover.button = cancel;
+            hoverItems.push_back({cancel, nativeHover});
+        }
+    }
+
+    NSView* makeAccessory(const AlertContent& content, const AlertActions& actions)
+    {
+        NSFont* const font = [NSFont systemFontOfSize:fontSize];
+        NSStackView* const stack = [NSStackView stackViewWithViews:@[
+            makeAlertLabel(content.applicationName, font, false), makeTitleLabel(content.title),
+            makeAlertLabel(content.detail, font, content.detailIsRed),
+            makeAlertLabel(content.prompt, font, false)
+        ]];
+        stack.orientation = NSUserInterfaceLayoutOrientationVertical;
+        stack.alignment = NSLayoutAttributeCenterX;
+        stack.spacing = alertGeometry::spacing;
+        for (std::size_t index = 0; index < content.options.size(); ++index) {
+            VoltmereHoverButton* const row = makeButton(
+                content.options[index], [choose = actions.chooseOption, index] { choose(index); });
+            row.controlSize = NSControlSizeLarge;
+            makeRowSized(row);
+            [stack addArrangedSubview:row];
+        }
+        [stack addArrangedSubview:makeCustomTimeRow(content, actions)];
+
+        NSView* const container = [[NSView alloc]
+            initWithFrame:NSMakeRect(0, 0, alertGeometry::width, alertGeometry::height())];
+        [container addSubview:stack];
+        [stack.topAnchor constraintEqualToAnchor:container.topAnchor].active = YES;
+        [stack.leadingAnchor constraintEqualToAnchor:container.leadingAnchor].active = YES;
+        return container;
+    }
+
+    NSView* makeCustomTimeRow(const AlertContent& content, const AlertActions& actions)
+    {
+        constexpr CGFloat besideColon = 3; // points
+        VoltmereHoverPopUpButton* const hour = makePopUp(content.hour);
+        VoltmereHoverPopUpButton* const minute = makePopUp(content.minute);
+        VoltmereHoverButton* const confirm =
+            makeButton(content.confirmTitle,
+                       [hour, minute, choose = actions.chooseTime, hours = content.hour.values,
+                        minutes = content.minute.values] {
+                           const auto hourChoice = selectedChoice(hour);
+                           const auto minuteChoice = selectedChoice(minute);
+                           if (hourChoice && minuteChoice) {
+                               choose(hours.at(*hourChoice), minutes.at(*minuteChoice));
+                           }
+                       });
+        NSView* const caption = [NSTextField labelWithString:cocoaText(content.customTimeCaption)];
+        NSView* const colon = [NSTextField labelWithString:@":"];
+        NSStackView* const stack =
+            [NSStackView stackViewWithViews:@[ caption, hour, colon, minute, confirm ]];
+        stack.spacing = alertGeometry::spacing;
+        stack.alignment = NSLayoutAttributeCenterY;
+        [stack setCustomSpacing:besideColon afterView:hour];
+        [stack setCustomSpacing:besideColon afterView:colon];
+
+        NSView* const row = [[NSView alloc] initWithFrame:NSZeroRect];
+        makeRowSized(row);
+        [row addSubview:stack];
+        [stack.centerXAnchor constraintEqualToAnchor:row.centerXAnchor].active = YES;
+        [stack.centerYAnchor constraintEqualToAnchor:row.centerYAnchor].active = YES;
+        return row;
+    }
+
+    VoltmereHoverButton* makeButton(const std::string& title, std::function<void()> action)
+    {
+        VoltmereHoverButton* const button =
+            [VoltmereHoverButton buttonWithTitle:cocoaText(title)
+                                          target:rowTargets.add(std::move(action))
+                                          action:@selector(fire)];
+        button.translatesAutoresizingMaskIntoConstraints = NO;
+        hoverItems.push_back({button, button});
+        return button;
+    }
+
+    VoltmereHoverPopUpButton* makePopUp(const PopUp<std::int64_t>& content)
+    {
+        constexpr CGFloat width = 52; // points
+        VoltmereHoverPopUpButton* const popUp =
+            [[VoltmereHoverPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO];
+        presentPopUp(popUp, content);
+        fixWidth(popUp, width);
+        hoverItems.push_back({popUp, popUp});
+        return popUp;
+    }
+
+    MacApplication& application;
+    NSAlert* const alert = [[NSAlert alloc] init];
+    RowTargets rowTargets;
+    std::vector<HoverPoller::Item> hoverItems;
+    VoltmereNativeButtonHover* nativeHover = nil;
+    std::unique_ptr<HoverPoller> hoverPoller; ///< while the alert is on screen
+};
 
 } // namespace
 
-SnoozeAlert::SnoozeAlert(const AlertContent& content, const AlertActions& actions,
-                         MacApplication& application)
-    : application(application)
+std::unique_ptr<SnoozeAlert> makeSnoozeAlert(const AlertContent& content,
+                                             const AlertActions& actions,
+                                             MacApplication& application)
 {
-    alert.messageText = @"";
-    alert.alertStyle = NSAlertStyleWarning;
-    NSImage* const icon = AppIconAsset::appImage(iconSide);
-    // Without an icon of its own an alert shows the application's.
-    alert.icon = icon != nil ? icon : [[NSImage alloc] initWithSize:NSMakeSize(1, 1)];
-    [alert addButtonWithTitle:cocoaText(content.cancelTitle)];
-    connectCancelButton(actions);
-    alert.accessoryView = makeAccessory(content, actions);
-    [alert layout];
-}
-
-SnoozeAlert::~SnoozeAlert()
-{
-    orderOut();
-    // The alert's button may be the caller, so the alert goes in the next turn.
-    NSAlert* const kept = alert;
-    dispatch_async(dispatch_get_main_queue(), ^{ (void)kept; });
-}
-
-void SnoozeAlert::show(RunLoop& runLoop)
-{
-    onScreen = true;
-    NSWindow* const shown = alert.window;
-    [shown center];
-    shown.level = NSFloatingWindowLevel;
-    shown.hidesOnDeactivate = NO;
-    application.windowOpens();
-    application.activate();
-    [shown makeKeyAndOrderFront:nil];
-    // The system may refuse the activation; the alert then floats without the keyboard.
-    [shown orderFrontRegardless];
-    // The alert appears while a person may be typing: no control must take the next key.
-    [shown makeFirstResponder:nil];
-    hoverPoller = std::make_unique<HoverPoller>(shown, hoverItems, runLoop);
-}
-
-void SnoozeAlert::bringToFront()
-{
-    [alert.window makeKeyAndOrderFront:nil];
-}
-
-void SnoozeAlert::orderOut()
-{
-    if (!std::exchange(onScreen, false)) {
-        return;
-    }
-    hoverPoller->stop();
-    hoverPoller.reset();
-    [alert.window orderOut:nil];
-    application.windowCloses();
-}
-
-/// Escape presses it, and Return presses nothing.
-void SnoozeAlert::connectCancelButton(const AlertActions& actions)
-{
-    VoltmereActionTarget* const target = rowTargets.add(actions.cancel);
-    alert.buttons.firstObject.target = target;
-    alert.buttons.firstObject.action = @selector(fire);
-    alert.buttons.firstObject.keyEquivalent = @"\x1b";
-    alert.buttons.firstObject.keyEquivalentModifierMask = 0;
-    if (NSButton* const cancel = alert.buttons.firstObject) {
-        nativeHover = [[VoltmereNativeButtonHover alloc] init];
-        nativeHover.button = cancel;
-        hoverItems.push_back({cancel, nativeHover});
-    }
-}
-
-NSView* SnoozeAlert::makeAccessory(const AlertContent& content, const AlertActions& actions)
-{
-    NSStackView* const stack = [NSStackView stackViewWithViews:@[]];
-    stack.orientation = NSUserInterfaceLayoutOrientationVertical;
-    stack.alignment = NSLayoutAttributeCenterX;
-    stack.spacing = alertGeometry::spacing;
-
-    NSFont* const font = [NSFont systemFontOfSize:fontSize];
-    [stack addArrangedSubview:makeAlertLabel(content.applicationName, font, NSColor.labelColor)];
-    [stack addArrangedSubview:makeTitleLabel(content.title)];
-    [stack addArrangedSubview:makeAlertLabel(content.detail, font,
-                                             content.detailIsRed ? NSColor.systemRedColor
-                                                                 : NSColor.labelColor)];
-    [stack addArrangedSubview:makeAlertLabel(content.prompt, font, NSColor.labelColor)];
-    for (std::size_t index = 0; index < content.options.size(); ++index) {
-        [stack addArrangedSubview:optionRow(
-                                      cocoaText(content.options[index]),
-                                      [choose = actions.chooseOption, index] { choose(index); })];
-    }
-    [stack addArrangedSubview:customTimeRow(content, actions)];
-
-    stack.translatesAutoresizingMaskIntoConstraints = NO;
-    NSView* const container = [[NSView alloc]
-        initWithFrame:NSMakeRect(0, 0, alertGeometry::width, alertGeometry::height())];
-    [container addSubview:stack];
-    [NSLayoutConstraint activateConstraints:@[
-        [stack.topAnchor constraintEqualToAnchor:container.topAnchor],
-        [stack.leadingAnchor constraintEqualToAnchor:container.leadingAnchor],
-    ]];
-    return container;
-}
-
-NSView* SnoozeAlert::optionRow(NSString* title, std::function<void()> action)
-{
-    VoltmereHoverButton* const button =
-        [VoltmereHoverButton buttonWithTitle:title
-                                      target:rowTargets.add(std::move(action))
-                                      action:@selector(fire)];
-    button.controlSize = NSControlSizeLarge;
-    makeRowSized(button);
-    hoverItems.push_back({button, button});
-    return button;
-}
-
-NSView* SnoozeAlert::customTimeRow(const AlertContent& content, const AlertActions& actions)
-{
-    NSView* const row = [[NSView alloc] initWithFrame:NSZeroRect];
-    makeRowSized(row);
-    VoltmereHoverPopUpButton* const hour = makePopUp(content.hour);
-    VoltmereHoverPopUpButton* const minute = makePopUp(content.minute);
-    VoltmereActionTarget* const target =
-        rowTargets.add([hour, minute, choose = actions.chooseTime, hours = content.hour.values,
-                        minutes = content.minute.values] {
-            const auto hourChoice = selectedChoice(hour);
-            const auto minuteChoice = selectedChoice(minute);
-            if (hourChoice && minuteChoice) {
-                choose(hours.at(*hourChoice), minutes.at(*minuteChoice));
-            }
-        });
-    VoltmereHoverButton* const confirm =
-        [VoltmereHoverButton buttonWithTitle:cocoaText(content.confirmTitle)
-                                      target:target
-                                      action:@selector(fire)];
-    confirm.translatesAutoresizingMaskIntoConstraints = NO;
-    hoverItems.insert(hoverItems.end(), {{hour, hour}, {minute, minute}, {confirm, confirm}});
-
-    NSTextField* const colon = [NSTextField labelWithString:@":"];
-    NSTextField* const caption = [NSTextField labelWithString:cocoaText(content.customTimeCaption)];
-    NSStackView* const stack =
-        [NSStackView stackViewWithViews:@[ caption, hour, colon, minute, confirm ]];
-    stack.orientation = NSUserInterfaceLayoutOrientationHorizontal;
-    stack.spacing = alertGeometry::spacing;
-    stack.alignment = NSLayoutAttributeCenterY;
-    stack.translatesAutoresizingMaskIntoConstraints = NO;
-    [stack setCustomSpacing:colonSpacing afterView:hour];
-    [stack setCustomSpacing:colonSpacing afterView:colon];
-    [row addSubview:stack];
-    [NSLayoutConstraint activateConstraints:@[
-        [stack.centerXAnchor constraintEqualToAnchor:row.centerXAnchor],
-        [stack.centerYAnchor constraintEqualToAnchor:row.centerYAnchor],
-    ]];
-    return row;
-}
-
-VoltmereHoverPopUpButton* SnoozeAlert::makePopUp(const PopUp<std::int64_t>& content)
-{
-    VoltmereHoverPopUpButton* const popUp =
-        [[VoltmereHoverPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO];
-    presentChoices(popUp, content.titles, content.selected);
-    [popUp setAccessibilityLabel:cocoaText(content.name)];
-    popUp.translatesAutoresizingMaskIntoConstraints = NO;
-    [popUp.widthAnchor constraintEqualToConstant:popUpWidth].active = YES;
-    return popUp;
+    return std::make_unique<NativeSnoozeAlert>(content, actions, application);
 }
 
 } // namespace voltmere

@@ -55,9 +55,6 @@ public:
 
     ~MacScene() override { [panel dismiss]; }
 
-    MacScene(const MacScene&) = delete;
-    MacScene& operator=(const MacScene&) = delete;
-
     void openPanel() override { [panel open]; }
 
 private:
@@ -123,7 +120,7 @@ std::unique_ptr<Scene> MacFrontEnd::show(BatteryModel& model)
 
 std::unique_ptr<Alert> MacFrontEnd::present(AlertContent content, AlertActions actions)
 {
-    auto alert = std::make_unique<SnoozeAlert>(content, actions, macApplication);
+    auto alert = makeSnoozeAlert(content, actions, macApplication);
     alert->show(mainLoop);
     return alert;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ports/desktop.h"
 #include "ports/time.h"
 
 #import <AppKit/AppKit.h>
@@ -39,6 +40,9 @@
 
 namespace voltmere {
 
+/// Fixes the width, in points, by a constraint.
+void fixWidth(NSView* view, CGFloat width);
+
 /// Keeps the targets of a window's controls alive.
 class RowTargets {
 public:
@@ -48,9 +52,15 @@ private:
     std::vector<VoltmereActionTarget*> targets;
 };
 
-/// Shows `titles` in the pop-up button and selects one of them, or none.
-void presentChoices(NSPopUpButton* popUp, const std::vector<std::string>& titles,
-                    std::optional<std::size_t> selected);
+/// Shows the titles in the pop-up button and selects one of them, or none.
+void presentChoices(NSPopUpButton* popUp, const std::string& name,
+                    const std::vector<std::string>& titles, std::optional<std::size_t> selected);
+
+template<typename Value>
+void presentPopUp(NSPopUpButton* control, const PopUp<Value>& popUp)
+{
+    presentChoices(control, popUp.name, popUp.titles, popUp.selected);
+}
 
 /// The selected choice, counted from 0.
 std::optional<std::size_t> selectedChoice(NSPopUpButton* popUp);

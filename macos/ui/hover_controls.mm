@@ -97,8 +97,14 @@ VoltmereActionTarget* RowTargets::add(std::function<void()> action)
     return targets.back();
 }
 
-void presentChoices(NSPopUpButton* popUp, const std::vector<std::string>& titles,
-                    std::optional<std::size_t> selected)
+void fixWidth(NSView* view, CGFloat width)
+{
+    view.translatesAutoresizingMaskIntoConstraints = NO;
+    [view.widthAnchor constraintEqualToConstant:width].active = YES;
+}
+
+void presentChoices(NSPopUpButton* popUp, const std::string& name,
+                    const std::vector<std::string>& titles, std::optional<std::size_t> selected)
 {
     NSMutableArray<NSString*>* const texts = [NSMutableArray array];
     for (const std::string& title : titles) {
@@ -108,6 +114,7 @@ void presentChoices(NSPopUpButton* popUp, const std::vector<std::string>& titles
         [popUp removeAllItems];
         [popUp addItemsWithTitles:texts];
     }
+    [popUp setAccessibilityLabel:cocoaText(name)];
     [popUp selectItemAtIndex:selected ? static_cast<NSInteger>(*selected) : -1];
 }
 

@@ -8,7 +8,6 @@
 #include <dispatch/dispatch.h>
 
 #include <algorithm>
-#include <memory>
 #include <utility>
 
 namespace voltmere {
@@ -24,22 +23,6 @@ namespace {
 
 constexpr NSWindowStyleMask panelStyle = NSWindowStyleMaskTitled |
     NSWindowStyleMaskFullSizeContentView | NSWindowStyleMaskNonactivatingPanel;
-
-/// The system's material behind the rows, which reach to its edges.
-NSView* makeBackdrop(NSView* rows)
-{
-    NSVisualEffectView* const backdrop = [[NSVisualEffectView alloc] initWithFrame:NSZeroRect];
-    backdrop.material = NSVisualEffectMaterialPopover;
-    backdrop.state = NSVisualEffectStateActive; // otherwise grey in a program that is not active
-    [backdrop addSubview:rows];
-    [NSLayoutConstraint activateConstraints:@[
-        [rows.topAnchor constraintEqualToAnchor:backdrop.topAnchor],
-        [rows.leadingAnchor constraintEqualToAnchor:backdrop.leadingAnchor],
-        [rows.trailingAnchor constraintEqualToAnchor:backdrop.trailingAnchor],
-        [rows.bottomAnchor constraintEqualToAnchor:backdrop.bottomAnchor],
-    ]];
-    return backdrop;
-}
 
 NSRect placeOnScreen(NSView* view)
 {
@@ -59,7 +42,7 @@ using voltmere::MacApplication;
     MacApplication* _application;
     NSStatusBarButton* _icon;
     std::function<void()> _quit;
-    std::unique_ptr<ContentView> _content; // null while the panel is closed
+    ContentView _content; // empty while the panel is closed
     id _clickMonitor;
     id<NSObject> _spaceObserver;
 }
@@ -113,7 +96,7 @@ using voltmere::MacApplication;
 
 - (void)toggle
 {
-    if (_content != nullptr) {
+    if (_content.rows != nullptr) {
         [self dismiss];
         return;
     }
@@ -122,8 +105,8 @@ using voltmere::MacApplication;
     const NSPoint pointer = NSEvent.mouseLocation;
     for (NSScreen* const screen in NSScreen.screens) {
         if (NSPointInRect(pointer, screen.frame) && ![screen isEqual:_icon.window.screen]) {
-            const NSRect visible = screen.visibleFrame;
-            [self openBelow:NSMakeRect(pointer.x, NSMaxY(visible), 0, 0) inside:visible];
+            const NSRect place = NSMakeRect(pointer.x, NSMaxY(screen.visibleFrame), 0, 0);
+            [self openBelow:place inside:screen.visibleFrame];
             return;
         }
     }
@@ -132,7 +115,7 @@ using voltmere::MacApplication;
 
 - (void)open
 {
-    if (_content != nullptr) {
+    if (_content.rows != nullptr) {
         [self makeKeyAndOrderFront:nil];
         return;
     }
@@ -151,9 +134,9 @@ using voltmere::MacApplication;
 {
     __weak VoltmerePanel* const weakSelf = self;
     self.title = voltmere::cocoaText(voltmere::L10n::t("app.name")); // for screen readers
-    _content = std::make_unique<ContentView>(*_model, _quit, [weakSelf] { [weakSelf fit]; });
+    _content = voltmere::makeContentView(*_model, _quit, [weakSelf] { [weakSelf fit]; });
     [self fit];
-    self.contentView = voltmere::makeBackdrop(_content->view());
+    self.contentView = _content.view;
     [self setFrameTopLeftPoint:voltmere::panelCorner(icon, self.frame.size, visible)];
 
     // Other icons of the menu bar do not take the keyboard from the panel.
@@ -174,12 +157,13 @@ using voltmere::MacApplication;
     [self makeFirstResponder:nil];
     // The button drops its highlight when the click that opened the panel ends.
     dispatch_async(dispatch_get_main_queue(), ^{ [weakSelf highlightIcon]; });
-    _content->appeared();
+    _model->refreshLaunchAtLogin();
+    _model->refresh(false);
 }
 
 - (void)highlightIcon
 {
-    [_icon highlight:_content != nullptr];
+    [_icon highlight:_content.rows != nullptr];
 }
 
 /// A click on the icon closes the panel by the icon's own action; closed before that, it would open
@@ -194,11 +178,11 @@ using voltmere::MacApplication;
 
 - (void)dismiss
 {
-    if (_content == nullptr) {
+    if (_content.rows == nullptr) {
         return;
     }
     // The views stay until the next opening: one of them may be the caller.
-    _content.reset();
+    _content = {};
     [NSEvent removeMonitor:_clickMonitor];
     [NSWorkspace.sharedWorkspace.notificationCenter removeObserver:_spaceObserver];
     [self orderOut:nil];
@@ -209,12 +193,11 @@ using voltmere::MacApplication;
 /// Keeps the upper edge where it is.
 - (void)fit
 {
-    if (_content == nullptr) {
+    if (_content.rows == nullptr) {
         return; // it is still being built
     }
     const NSPoint corner = NSMakePoint(NSMinX(self.frame), NSMaxY(self.frame));
-    [_content->view() layoutSubtreeIfNeeded];
-    [self setContentSize:_content->view().fittingSize];
+    [self setContentSize:_content.view.fittingSize];
     [self setFrameTopLeftPoint:corner];
 }
 

@@ -15,20 +15,30 @@
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
-#include <utility>
 
 namespace voltmere {
 
 namespace {
 
-/// Writes pictures into one directory until one cannot be written.
-class Album {
-public:
-    explicit Album(std::filesystem::path directory)
-        : directory(std::move(directory))
-    {
-    }
+/// The view as PNG, on the colour of a window.
+NSData* drawn(NSView* view)
+{
+    [view layoutSubtreeIfNeeded];
+    const NSRect bounds = view.bounds;
+    NSBitmapImageRep* const bitmap = [view bitmapImageRepForCachingDisplayInRect:bounds];
+    [view cacheDisplayInRect:bounds toBitmapImageRep:bitmap];
+    [NSGraphicsContext saveGraphicsState];
+    NSGraphicsContext.currentContext = [NSGraphicsContext graphicsContextWithBitmapImageRep:bitmap];
+    [NSApp.effectiveAppearance performAsCurrentDrawingAppearance:^{
+        [NSColor.windowBackgroundColor setFill];
+        NSRectFillUsingOperation(bounds, NSCompositingOperationDestinationOver);
+    }];
+    [NSGraphicsContext restoreGraphicsState];
+    return [bitmap representationUsingType:NSBitmapImageFileTypePNG properties:@{}];
+}
 
+/// Writes pictures into one directory until one cannot be written.
+struct Album {
     void add(const std::string& name, NSView* view)
     {
         const std::string path = directory / (name + ".png");
@@ -40,44 +50,23 @@ public:
         }
     }
 
-    bool complete = true;
-
-private:
-    /// The view as PNG, on the colour of a window.
-    static NSData* drawn(NSView* view)
-    {
-        [view layoutSubtreeIfNeeded];
-        const NSRect bounds = view.bounds;
-        NSBitmapImageRep* const bitmap = [view bitmapImageRepForCachingDisplayInRect:bounds];
-        [view cacheDisplayInRect:bounds toBitmapImageRep:bitmap];
-        [NSGraphicsContext saveGraphicsState];
-        NSGraphicsContext.currentContext =
-            [NSGraphicsContext graphicsContextWithBitmapImageRep:bitmap];
-        [NSApp.effectiveAppearance performAsCurrentDrawingAppearance:^{
-            [NSColor.windowBackgroundColor setFill];
-            NSRectFillUsingOperation(bounds, NSCompositingOperationDestinationOver);
-        }];
-        [NSGraphicsContext restoreGraphicsState];
-        return [bitmap representationUsingType:NSBitmapImageFileTypePNG properties:@{}];
-    }
-
     std::filesystem::path directory;
+    bool complete = true;
 };
 
-void drawPanel(Studio& studio, const std::string& suffix, Album& album)
+void drawPanel(BatteryModel& model, const std::string& suffix, Album& album)
 {
-    const ContentView panel(
-        studio.model, [] {}, [] {});
-    NSView* const view = panel.view();
-    // Controls are drawn as in a window only in a window.
+    const ContentView panel = makeContentView(
+        model, [] {}, [] {});
+    // Controls look as in a window only in a window.
     NSWindow* const window = [[NSWindow alloc] initWithContentRect:NSZeroRect
                                                          styleMask:NSWindowStyleMaskBorderless
                                                            backing:NSBackingStoreBuffered
                                                              defer:YES];
     window.releasedWhenClosed = NO;
-    window.contentView = view;
-    [window setContentSize:view.fittingSize];
-    album.add("panel-" + suffix, view);
+    window.contentView = panel.view;
+    [window setContentSize:panel.view.fittingSize];
+    album.add("panel-" + suffix, panel.view);
 }
 
 void drawAlerts(const std::string& suffix, Album& album)
@@ -85,24 +74,23 @@ void drawAlerts(const std::string& suffix, Album& album)
     constexpr ClockTime preselected{15, 35};
     MacApplication application;
     for (const AlertSample& sample : alertSamples()) {
-        const SnoozeAlert alert(makeAlertContent(sample.devices, sample.isLow, preselected), {},
-                                application);
-        album.add("alert-" + sample.name + "-" + suffix, alert.window().contentView);
+        const auto alert = makeSnoozeAlert(
+            makeAlertContent(sample.devices, sample.isLow, preselected), {}, application);
+        album.add("alert-" + sample.name + "-" + suffix, alert->window().contentView);
     }
 }
 
-void drawAll(Studio& studio, const std::string& scheme, Album& album)
+void drawAll(BatteryModel& model, const std::string& scheme, Album& album)
 {
-    const BatteryModel& model = studio.model;
     NSImage* const icon = StatusImage::make(model.devices, model.threshold, applicationScheme());
     NSImageView* const bar = [NSImageView imageViewWithImage:icon];
     bar.frame = NSMakeRect(0, 0, icon.size.width, icon.size.height);
     album.add("menu-bar-" + scheme, bar);
     for (const AppLanguage language : {AppLanguage::zh, AppLanguage::en}) {
-        const std::string raw(rawValue(language));
-        studio.model.language = raw;
-        drawPanel(studio, raw + "-" + scheme, album);
-        drawAlerts(raw + "-" + scheme, album);
+        model.language = std::string(rawValue(language));
+        const std::string suffix = model.language.get() + "-" + scheme;
+        drawPanel(model, suffix, album);
+        drawAlerts(suffix, album);
     }
 }
 
@@ -110,20 +98,19 @@ void drawAll(Studio& studio, const std::string& scheme, Album& album)
 
 int drawScreenshots(const CommandLine& commandLine)
 {
+    Album album{commandLine.screenshotsDirectory};
     std::error_code error;
-    std::filesystem::create_directories(commandLine.screenshotsDirectory, error);
+    std::filesystem::create_directories(album.directory, error);
     if (error) {
-        std::fprintf(stderr, "voltmere: cannot make the directory %s\n",
-                     commandLine.screenshotsDirectory.c_str());
+        std::fprintf(stderr, "voltmere: cannot make the directory %s\n", album.directory.c_str());
         return exitStatus::cannotRun;
     }
     MacRunLoop mainLoop;
     Studio studio(commandLine, mainLoop);
-    Album album(commandLine.screenshotsDirectory);
     NSApp.appearance = [NSAppearance appearanceNamed:NSAppearanceNameAqua];
-    drawAll(studio, "light", album);
+    drawAll(studio.model, "light", album);
     NSApp.appearance = [NSAppearance appearanceNamed:NSAppearanceNameDarkAqua];
-    drawAll(studio, "dark", album);
+    drawAll(studio.model, "dark", album);
     return album.complete ? 0 : exitStatus::cannotRun;
 }
 
