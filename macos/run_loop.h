@@ -3,14 +3,10 @@
 #include "app/platform.h"
 
 #include <atomic>
-#include <functional>
 #include <list>
 #include <memory>
 
 namespace voltmere {
-
-/// The time since an arbitrary moment, with the time in which the machine slept.
-Seconds uptimeWithSleep();
 
 /// The main run loop, and the application's own one where an application object exists. Its timers
 /// also fire while a menu is open or a control tracks the mouse. While a timer is scheduled, the
@@ -18,8 +14,6 @@ Seconds uptimeWithSleep();
 /// the daily check would miss its minute.
 class MacRunLoop : public MainLoop {
 public:
-    explicit MacRunLoop(std::function<Seconds()> uptime = &uptimeWithSleep);
-
     int run() override;
     void stop(int status) override;
     bool isBusy() const override { return *running > 0; }
@@ -31,7 +25,6 @@ public:
     void runInBackground(Action work) override;
 
 private:
-    std::function<Seconds()> uptime;
     bool stopped = false;
     int exitStatus = 0;
     std::list<std::unique_ptr<Timer>> later;

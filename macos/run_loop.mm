@@ -11,15 +11,16 @@
 
 namespace voltmere {
 
-Seconds uptimeWithSleep()
+namespace {
+
+/// The time since an arbitrary moment, with the time in which the machine slept: on macOS this
+/// clock goes on then.
+Seconds uptime()
 {
-    // On macOS this clock goes on while the machine sleeps, unlike CLOCK_UPTIME_RAW.
     timespec now{};
     ::clock_gettime(CLOCK_MONOTONIC, &now);
     return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
 }
-
-namespace {
 
 /// An NSTimer stands still while the machine sleeps, so each wake sets it anew. It has no
 /// tolerance: a tick of the daily check that came some seconds late could fall into the next
@@ -27,10 +28,8 @@ namespace {
 class SleepCountingTimer : public Timer {
 public:
     /// An interval of zero makes it fire once.
-    SleepCountingTimer(std::function<Seconds()> givenUptime, Seconds delay, Seconds interval,
-                       RunLoop::Action action)
-        : uptime(std::move(givenUptime))
-        , interval(interval)
+    SleepCountingTimer(Seconds delay, Seconds interval, RunLoop::Action action)
+        : interval(interval)
         , action(std::move(action))
         , due(uptime() + delay)
     {
@@ -85,7 +84,6 @@ private:
         current();
     }
 
-    std::function<Seconds()> uptime;
     Seconds interval;
     RunLoop::Action action;
     Seconds due;
@@ -95,11 +93,6 @@ private:
 };
 
 } // namespace
-
-MacRunLoop::MacRunLoop(std::function<Seconds()> uptime)
-    : uptime(std::move(uptime))
-{
-}
 
 int MacRunLoop::run()
 {
@@ -137,12 +130,12 @@ void MacRunLoop::stop(int status)
 
 std::unique_ptr<Timer> MacRunLoop::scheduleOnce(Seconds delay, Action action)
 {
-    return std::make_unique<SleepCountingTimer>(uptime, delay, Seconds::zero(), std::move(action));
+    return std::make_unique<SleepCountingTimer>(delay, Seconds::zero(), std::move(action));
 }
 
 std::unique_ptr<Timer> MacRunLoop::scheduleRepeating(Seconds interval, Action action)
 {
-    return std::make_unique<SleepCountingTimer>(uptime, interval, interval, std::move(action));
+    return std::make_unique<SleepCountingTimer>(interval, interval, std::move(action));
 }
 
 void MacRunLoop::postLater(Seconds delay, Action action)
