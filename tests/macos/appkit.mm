@@ -182,10 +182,7 @@ std::vector<std::string> voltmere::drawing(NSView* view)
 
 // Layout
 
-static NSView* root(NSView* view)
-{
-    return view.superview == nil ? view : root(view.superview);
-}
+static NSView* root(NSView* view) RETURNS(view.superview == nil ? view : root(view.superview));
 
 @implementation NSLayoutConstraint
 + (void)activateConstraints:(NSArray<NSLayoutConstraint*>*)constraints
@@ -401,8 +398,7 @@ EMPTY(NSPanel)
 void voltmere::pressEscape()
 {
     NSWindow* const window = mac.keyWindow;
-    for (NSView* const view : viewsIn(window.contentView)) {
-        NSButton* const button = [view isKindOfClass:NSButton.class] ? (NSButton*)view : nil;
+    for (NSButton* const button : viewsIn(window.contentView, NSButton.class)) {
         if (text(button.keyEquivalent) == "\x1b" && button.keyEquivalentModifierMask == 0) {
             press(button);
             return;
@@ -432,7 +428,6 @@ void voltmere::pressEscape()
     }
 }
 - (std::vector<std::string>&)constraints RETURNS(_constraints);
-- (std::map<std::string, float>&)priorities RETURNS(_priorities);
 - (NSWindow*)window RETURNS(_superview != nil ? _superview.window : _ownWindow);
 - (NSRect)bounds RETURNS(NSMakeRect(0, 0, _frame.size.width, _frame.size.height));
 - (void)setBounds:(NSRect)bounds DOES(_frame.size = bounds.size);
@@ -466,21 +461,18 @@ void voltmere::pressEscape()
 }
 - (NSBitmapImageRep*)bitmapImageRepForCachingDisplayInRect:(NSRect)rect
     RETURNS(made(NSBitmapImageRep.class, ""));
-/// The picture holds the texts that a person would read in it.
-- (void)cacheDisplayInRect:(NSRect)rect toBitmapImageRep:(NSBitmapImageRep*)bitmap
+- (void)cacheDisplayInRect:(NSRect)rect
+          toBitmapImageRep:(NSBitmapImageRep*)bitmap DOES(summary(bitmap) += [self seen] + "\n");
+- (std::string)seen
 {
-    auto views = viewsIn(self);
-    views.push_back(self);
-    for (NSView* const view : views) {
-        if ([view isKindOfClass:NSButton.class]) {
-            summary(bitmap) += text(((NSButton*)view).title) + "\n";
-        } else if ([view isKindOfClass:NSTextField.class]) {
-            summary(bitmap) += text(((NSTextField*)view).stringValue) + "\n";
-        } else if ([view isKindOfClass:NSImageView.class]) {
-            summary(bitmap) += drawing(((NSImageView*)view).image).back() + "\n";
-        }
+    std::string all = _priorities["hugging 0"] == 1 ? "~" : "";
+    for (NSView* const child : _children) {
+        const std::string part = child.hidden ? "" : [child seen];
+        all += (all.empty() || part.empty() ? "" : [self separator]) + part;
     }
+    return all;
 }
+- (std::string)separator RETURNS(" ");
 - (void)setContentHuggingPriority:(NSLayoutPriority)priority
                    forOrientation:(NSLayoutConstraintOrientation)orientation
     DOES(_priorities["hugging " + std::to_string(orientation)] = priority);
@@ -497,22 +489,27 @@ void voltmere::pressEscape()
 - (NSLayoutDimension*)heightAnchor RETURNS(anchor(NSLayoutDimension.class, self, "height"));
 @end
 
-std::vector<NSView*> voltmere::viewsIn(NSView* view)
+std::vector<id> voltmere::viewsIn(NSView* view, id itsClass)
 {
-    std::vector<NSView*> all;
+    std::vector<id> all;
     for (NSView* const child in view.subviews) {
-        all.push_back(child);
-        const auto below = viewsIn(child);
-        all.insert(all.end(), below.begin(), below.end());
+        if ([child isKindOfClass:itsClass]) {
+            all.push_back(child);
+        }
+        std::ranges::copy(viewsIn(child, itsClass), std::back_inserter(all));
     }
     return all;
 }
 
 EMPTY(NSVisualEffectView)
-EMPTY(NSBox)
+@implementation NSBox
+- (std::string)seen RETURNS(_boxType == NSBoxSeparator ? "---" : "box");
+@end
 
 /// Shows its subviews in their order.
 @implementation NSStackView
+- (std::string)separator RETURNS(_orientation == NSUserInterfaceLayoutOrientationVertical ? "\n"
+                                                                                          : " ");
 + (instancetype)stackViewWithViews:(NSArray<NSView*>*)views
 {
     NSStackView* const stack = [[self alloc] init];
@@ -549,6 +546,9 @@ EMPTY(NSBox)
 @end
 
 @implementation NSTextField
+- (std::string)seen RETURNS(text(self.stringValue) +
+                            (self.font == nil ? "" : " " + summary(self.font)) +
+                            (_textColor == nil ? "" : " " + summary(_textColor)));
 + (instancetype)labelWithString:(NSString*)text
 {
     NSTextField* const label = [[self alloc] init];
@@ -564,6 +564,11 @@ EMPTY(NSBox)
 @end
 
 @implementation NSButton
+- (std::string)seen
+{
+    const char* const mark = _state == NSControlStateValueOn ? "x " : "o ";
+    return "[" + std::string(_isCheckBox ? mark : "") + text(_title) + "]";
+}
 + (instancetype)buttonWithTitle:(NSString*)title target:(id)target action:(SEL)action
 {
     NSButton* const button = [[self alloc] init];
@@ -624,6 +629,8 @@ void voltmere::press(NSButton* button)
     }
     _selected = index;
 }
+- (std::string)seen RETURNS(
+    "<" + (_selected < 0 ? "" : text(_titles[static_cast<std::size_t>(_selected)])) + ">");
 - (NSInteger)indexOfSelectedItem RETURNS(_selected);
 - (NSArray*)itemTitles RETURNS(array(
 {
@@ -638,6 +645,8 @@ void voltmere::choose(NSPopUpButton* popUp, NSInteger index)
 }
 
 @implementation NSImageView
+- (std::string)seen RETURNS(
+    "(" + (summary(_image) == "drawn" ? drawing(_image).back() : summary(_image)) + ")");
 + (instancetype)imageViewWithImage:(NSImage*)image
 {
     NSImageView* const view = [[self alloc] init];

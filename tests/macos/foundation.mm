@@ -23,10 +23,7 @@ NSString* string(const std::string& text)
                                   encoding:NSUTF8StringEncoding];
 }
 
-std::string text(NSString* text)
-{
-    return text == nil ? "nil" : text.UTF8String;
-}
+std::string text(NSString* text) RETURNS(text == nil ? "nil" : text.UTF8String);
 
 std::string text(NSRect rect)
 {
@@ -41,10 +38,8 @@ std::string number(double value)
     return line;
 }
 
-NSArray* array(const std::vector<id>& items)
-{
-    return [NSArray arrayWithObjects:items.data() count:items.size()];
-}
+NSArray* array(const std::vector<id>& items) RETURNS([NSArray arrayWithObjects:items.data()
+                                                                         count:items.size()]);
 
 NSRect moved(NSRect rect, NSPoint by)
 {
@@ -76,14 +71,8 @@ id shared(id itsClass, const std::string& name)
 }
 
 void note(id receiver, const std::string& call)
-{
-    mac.calls.push_back(class_getName([receiver class]) + (" " + call));
-}
-
-void raise(const std::string& reason)
-{
-    @throw made(NSException.class, reason);
-}
+    DOES(mac.calls.push_back(class_getName([receiver class]) + (" " + call)));
+void raise(const std::string& reason) DOES(@throw made(NSException.class, reason));
 
 /// Messages whose order tests look at.
 static void noteMessage(const char* className, const char* selector)
@@ -161,20 +150,10 @@ using namespace voltmere;
 
 // The queues
 
-dispatch_queue_t dispatch_get_main_queue()
-{
-    return &mac.mainQueue;
-}
-
+dispatch_queue_t dispatch_get_main_queue() RETURNS(&mac.mainQueue);
 dispatch_queue_t dispatch_get_global_queue(intptr_t quality, uintptr_t /*flags*/)
-{
-    return quality == QOS_CLASS_UTILITY ? &mac.background : nullptr;
-}
-
-void dispatch_async(dispatch_queue_t queue, dispatch_block_t block)
-{
-    queue->push_back(block);
-}
+    RETURNS(quality == QOS_CLASS_UTILITY ? &mac.background : nullptr);
+void dispatch_async(dispatch_queue_t queue, dispatch_block_t block) DOES(queue->push_back(block));
 
 // Values
 
@@ -359,10 +338,7 @@ CFDictionaryRef CGSessionCopyCurrentDictionary()
     return mac.isLoggedIn ? (__bridge_retained CFDictionaryRef) @{} : nullptr;
 }
 
-void CFRelease(CFTypeRef object)
-{
-    (void)(__bridge_transfer id)object;
-}
+void CFRelease(CFTypeRef object) DOES((void)(__bridge_transfer id)object);
 
 /// A format other than "%@" would read a text as one, so it is written down as it is.
 void NSLog(NSString* format, ...)

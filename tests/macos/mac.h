@@ -146,23 +146,10 @@ void setAppearance(NSString* name);
 std::vector<std::string> drawing(NSImage* image);
 std::vector<std::string> drawing(NSView* view);
 
-/// Every view below `view`, in order.
-std::vector<NSView*> viewsIn(NSView* view);
+/// Every view of a class below `view`, in order.
+std::vector<id> viewsIn(NSView* view, id itsClass);
 
 } // namespace voltmere
-
-// For stand-ins: the body of a method of one statement, and a class without methods of its own.
-#define RETURNS(...)                                                                               \
-    {                                                                                              \
-        return __VA_ARGS__;                                                                        \
-    }
-#define DOES(...)                                                                                  \
-    {                                                                                              \
-        __VA_ARGS__;                                                                               \
-    }
-#define EMPTY(Class)                                                                               \
-    @implementation Class                                                                          \
-    @end
 
 // What the program only sets, and what it never sees.
 
@@ -190,9 +177,11 @@ std::vector<NSView*> viewsIn(NSView* view);
 @property (copy) NSString* accessibilityLabel;
 @property (getter=isAccessibilityElement) BOOL accessibilityElement;
 @property (weak) NSWindow* ownWindow;
-@property CGFloat gapAfter;                  ///< in a stack; 0 for the stack's own
-- (std::vector<std::string>&)constraints;    ///< the active ones, as texts
-- (std::map<std::string, float>&)priorities; ///< such as "hugging 0"
+@property CGFloat gapAfter;               ///< in a stack; 0 for the stack's own
+- (std::vector<std::string>&)constraints; ///< the active ones, as texts
+/// What a person sees of it, from left to right; the rows of a column on lines of their own.
+- (std::string)seen;
+- (std::string)separator;
 @end
 @interface NSControl ()
 @property NSEventMask eventMask;

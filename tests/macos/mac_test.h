@@ -72,10 +72,8 @@ protected:
     {
         NSButton* found = nil;
         for (NSWindow* const window : mac.windows) {
-            for (NSView* const view : viewsIn(window.contentView)) {
-                if ([view isKindOfClass:NSButton.class] && text(((NSButton*)view).title) == title) {
-                    found = (NSButton*)view;
-                }
+            for (NSButton* const one : viewsIn(window.contentView, NSButton.class)) {
+                found = text(one.title) == title ? one : found;
             }
         }
         EXPECT_NE(found, nil) << title;
@@ -84,12 +82,7 @@ protected:
 
     static NSPopUpButton* popUp(NSWindow* window, int index)
     {
-        for (NSView* const view : viewsIn(window.contentView)) {
-            if ([view isKindOfClass:NSPopUpButton.class] && index-- == 0) {
-                return (NSPopUpButton*)view;
-            }
-        }
-        return nil;
+        return viewsIn(window.contentView, NSPopUpButton.class)[static_cast<unsigned>(index)];
     }
 
     static void pressIcon()

@@ -2,6 +2,7 @@
 
 #include <Block.h>
 #include <objc/objc.h>
+#include <prefix.h>
 #include <unwind.h>
 
 #include <cstdio>
@@ -194,16 +195,10 @@ bool isCounted(id object)
 }
 
 /// The owners of a counted object, before the object in memory; 0 once it is destroyed.
-long& countOf(id object)
-{
-    return reinterpret_cast<long*>(object)[-1];
-}
+long& countOf(id object) RETURNS(reinterpret_cast<long*>(object)[-1]);
 
 /// What a message to nil does.
-id nothing(id /*receiver*/, SEL /*selector*/, ...)
-{
-    return nullptr;
-}
+id nothing(id /*receiver*/, SEL /*selector*/, ...) RETURNS(nullptr);
 
 // Exceptions. The tables of a function name the class that it catches as a text, so the
 // personality of C++ cannot read them.
@@ -313,10 +308,7 @@ void __objc_exec_class(Module* module)
     }
 }
 
-const char* class_getName(Class aClass)
-{
-    return aClass->name;
-}
+const char* class_getName(Class aClass) RETURNS(aClass->name);
 
 IMP objc_msg_lookup(id receiver, SEL selector)
 {
@@ -349,11 +341,6 @@ IMP objc_msg_lookup_stret(id, SEL) SAME_AS(objc_msg_lookup);
 IMP objc_msg_lookup_super_stret(objc_super*, SEL) SAME_AS(objc_msg_lookup_super);
 
 // For the root class.
-
-bool voltmere_responds(id object, SEL selector)
-{
-    return find(object->isa, selector->name) != nullptr;
-}
 
 bool voltmere_isKind(id object, Class wanted)
 {
@@ -415,16 +402,8 @@ void objc_release(id object)
     }
 }
 
-id objc_autorelease(id object)
-{
-    state().pool.push_back(object);
-    return object;
-}
-
-void* objc_autoreleasePoolPush()
-{
-    return reinterpret_cast<void*>(state().pool.size());
-}
+id objc_autorelease(id object) RETURNS(state().pool.emplace_back(object));
+void* objc_autoreleasePoolPush() RETURNS(reinterpret_cast<void*>(state().pool.size()));
 
 void objc_autoreleasePoolPop(void* mark)
 {
@@ -435,15 +414,7 @@ void objc_autoreleasePoolPop(void* mark)
     }
 }
 
-id objc_retainAutorelease(id object)
-{
-    return objc_autorelease(objc_retain(object));
-}
-
-id objc_unsafeClaimAutoreleasedReturnValue(id object)
-{
-    return object;
-}
+id objc_retainAutorelease(id object) RETURNS(objc_autorelease(objc_retain(object)));
 
 id objc_retainBlock(id) SAME_AS(objc_retain);
 id objc_retainAutoreleasedReturnValue(id) SAME_AS(objc_retain);
@@ -451,23 +422,15 @@ id objc_retainAutoreleaseReturnValue(id) SAME_AS(objc_retainAutorelease);
 id objc_autoreleaseReturnValue(id) SAME_AS(objc_autorelease);
 
 void objc_storeStrong(id* place, id object)
-{
-    const id old = *place;
-    *place = objc_retain(object);
-    objc_release(old);
-}
+    DOES(objc_release(std::exchange(*place, objc_retain(object))));
 
 id objc_initWeak(id* place, id object)
 {
-    *place = object;
     state().weakPlaces[object].insert(place);
-    return object;
+    return *place = object;
 }
 
-void objc_destroyWeak(id* place)
-{
-    state().weakPlaces[*place].erase(place);
-}
+void objc_destroyWeak(id* place) DOES(state().weakPlaces[*place].erase(place));
 
 id objc_storeWeak(id* place, id object)
 {
@@ -475,20 +438,8 @@ id objc_storeWeak(id* place, id object)
     return objc_initWeak(place, object);
 }
 
-id objc_loadWeakRetained(id* place)
-{
-    return objc_retain(*place);
-}
-
-id objc_loadWeak(id* place)
-{
-    return objc_retainAutorelease(*place);
-}
-
-void objc_copyWeak(id* to, id* from)
-{
-    objc_initWeak(to, *from);
-}
+id objc_loadWeakRetained(id* place) RETURNS(objc_retain(*place));
+void objc_copyWeak(id* to, id* from) DOES(objc_initWeak(to, *from));
 
 void objc_moveWeak(id* to, id* from)
 {
@@ -499,14 +450,9 @@ void objc_moveWeak(id* to, id* from)
 // Declared properties without methods of their own.
 
 static id* memberAt(id self, long offset)
-{
-    return reinterpret_cast<id*>(reinterpret_cast<char*>(self) + offset);
-}
-
+    RETURNS(reinterpret_cast<id*>(reinterpret_cast<char*>(self) + offset));
 id objc_getProperty(id self, SEL /*selector*/, long offset, bool /*atomic*/)
-{
-    return objc_retainAutorelease(*memberAt(self, offset));
-}
+    RETURNS(objc_retainAutorelease(*memberAt(self, offset)));
 
 void objc_setProperty(id self, SEL /*selector*/, long offset, id value, bool /*atomic*/,
                       bool copies)
@@ -519,16 +465,11 @@ void objc_setProperty(id self, SEL /*selector*/, long offset, id value, bool /*a
 }
 
 void objc_getPropertyStruct(void* to, const void* from, long size, bool /*atomic*/, bool /*strong*/)
-{
-    std::memcpy(to, from, static_cast<std::size_t>(size));
-}
+    DOES(std::memcpy(to, from, static_cast<std::size_t>(size)));
 
 void objc_setPropertyStruct(void*, const void*, long, bool, bool) SAME_AS(objc_getPropertyStruct);
 
-void objc_enumerationMutation(id object)
-{
-    die("changed while enumerated", object);
-}
+void objc_enumerationMutation(id object) DOES(die("changed while enumerated", object));
 
 [[noreturn]] void objc_exception_throw(id object)
 {
@@ -574,9 +515,6 @@ std::map<std::string, long>& liveObjects()
     return state().live;
 }
 
-void drainPool()
-{
-    objc_autoreleasePoolPop(nullptr);
-}
+void drainPool() DOES(objc_autoreleasePoolPop(nullptr));
 
 } // namespace voltmere::objc

@@ -1,29 +1,15 @@
 // The runtime itself: what the other tests take for granted.
 
-#include "runtime.h"
-
-#include <gtest/gtest.h>
-#include <objc/NSObject.h>
+#include "mac_test.h"
 
 #include <memory>
 
-@interface Failure : NSObject
-- (int)hasUnknownMethod;
+@interface Special : NSException
+- (int)unknown;
 @end
-@implementation Failure
-- (int)hasUnknownMethod
-{
-    return 0;
-}
+@implementation Special
+- (int)unknown RETURNS(0);
 @end
-@interface SpecialFailure : Failure
-@end
-@implementation SpecialFailure
-@end
-
-struct Four {
-    double a, b, c, d;
-};
 
 @interface Base : NSObject {
     char _first;
@@ -32,25 +18,13 @@ struct Four {
 @property (strong) id owned;
 @property (weak) id seen;
 @property (copy) void (^block)(void);
-@property Four four;
+@property NSRect rect;
 @end
 @implementation Base
-- (void)share:(std::shared_ptr<int>)shared
-{
-    _shared = shared;
-}
-- (int)number
-{
-    return 1;
-}
-- (int)twice
-{
-    return 2 * self.number;
-}
-- (void)fail
-{
-    @throw [SpecialFailure new];
-}
+- (void)share:(std::shared_ptr<int>)shared DOES(_shared = shared);
+- (int)number RETURNS(1);
+- (int)twice RETURNS(2 * self.number);
+- (void)fail DOES(@throw voltmere::made(Special.class, "failed"));
 @end
 
 @interface Derived : Base {
@@ -58,75 +32,49 @@ struct Four {
 }
 @end
 @implementation Derived
-- (int)number
-{
-    return _last == 0 ? 10 + [super number] : 0;
-}
+- (int)number RETURNS(_last == 0 ? 10 + [super number] : 0);
 @end
 
 @interface Base (More)
 - (int)thrice;
 @end
 @implementation Base (More)
-- (int)thrice
-{
-    return 3 * self.number;
-}
+- (int)thrice RETURNS(3 * self.number);
 @end
 
 namespace voltmere {
 namespace {
 
-struct ObjectiveC : testing::Test {
-    void TearDown() override
-    {
-        objc::drainPool();
-        for (const auto& [name, count] : objc::liveObjects()) {
-            EXPECT_EQ(count, 0) << name;
-        }
-    }
-};
+using ObjectiveC = MacTest;
 
-TEST_F(ObjectiveC, CallsTheMethodOfTheNearestClassOrOfACategory)
+TEST_F(ObjectiveC, CallsTheNearestMethodAndKeepsVariablesApart)
 {
     Base* const derived = [Derived new];
-    EXPECT_EQ(derived.twice, 22);
+    derived.rect = NSMakeRect(1, 2, 3, 4);
+    EXPECT_EQ(derived.twice, 22) << "the derived class's variable is still 0";
     EXPECT_EQ([derived thrice], 33);
+    EXPECT_EQ(text(derived.rect), "1 2 3 4");
     EXPECT_TRUE([derived isKindOfClass:Base.class]);
     EXPECT_FALSE([[Base new] isKindOfClass:Derived.class]);
-    EXPECT_TRUE([derived respondsToSelector:@selector(thrice)]);
-    EXPECT_FALSE([derived respondsToSelector:@selector(hasUnknownMethod)]);
-}
-
-TEST_F(ObjectiveC, KeepsInstanceVariablesOfEachClassApart)
-{
-    Derived* const derived = [Derived new];
-    derived.four = {1, 2, 3, 4};
-    EXPECT_EQ(derived.number, 11) << "the derived class's variable is still 0";
-    EXPECT_EQ(derived.four.d, 4);
-    Base* nothing = nil;
-    EXPECT_EQ(nothing.four.a, 0);
-    EXPECT_EQ(nothing.twice, 0);
+    Base* const nothing = nil;
+    EXPECT_EQ(text(nothing.rect), "0 0 0 0");
 }
 
 TEST_F(ObjectiveC, OwnsStronglyAndForgetsWeakly)
 {
     Base* const holder = [Base new];
     const auto shared = std::make_shared<int>(7);
-    {
+    @autoreleasepool {
         Base* const object = [Base new];
         [object share:shared];
-        holder.owned = object;
-        holder.seen = object;
+        holder.owned = holder.seen = object;
         holder.block = ^{ (void)object; };
+        holder.owned = nil;
     }
-    objc::drainPool();
-    EXPECT_NE(holder.seen, nil);
-    holder.owned = nil;
-    objc::drainPool();
-    EXPECT_NE(holder.seen, nil) << "the block holds it too";
-    holder.block = nil;
-    objc::drainPool();
+    @autoreleasepool {
+        EXPECT_NE(holder.seen, nil) << "the block holds it too";
+        holder.block = nil;
+    }
     EXPECT_EQ(holder.seen, nil);
     EXPECT_EQ(shared.use_count(), 1) << "members of C++ are destroyed with their object";
     EXPECT_EQ(objc::liveObjects()["Base"], 1);
@@ -141,30 +89,23 @@ TEST_F(ObjectiveC, CatchesByClass)
         [[Base new] fail];
     } @catch (Base* other) {
         caught = 1;
-    } @catch (Failure* failure) {
-        caught = [failure isKindOfClass:SpecialFailure.class] ? 2 : 3;
+    } @catch (NSException* failure) {
+        caught = [failure isKindOfClass:Special.class] ? 2 : 3;
     }
     EXPECT_EQ(caught, 2);
     EXPECT_EQ(witness.use_count(), 1) << "the stack is unwound";
-    try {
-        [[Base new] fail];
-    } catch (...) {
-        caught = 4;
-    }
-    EXPECT_EQ(caught, 4);
+    EXPECT_ANY_THROW([[Base new] fail]);
 }
 
 TEST_F(ObjectiveC, EndsTheProcessForADeadObjectOrAnUnknownMethod)
 {
-    Base* const object = [Base new];
     __unsafe_unretained Base* dead = nil;
-    {
+    @autoreleasepool {
         Base* const shortLived = [Base new];
         dead = shortLived;
     }
     EXPECT_DEATH((void)[dead twice], "destroyed object: \\[Base twice\\]");
-    EXPECT_DEATH((void)[(Failure*)(id)object hasUnknownMethod],
-                 "unknown method: \\[Base hasUnknownMethod\\]");
+    EXPECT_DEATH((void)[(Special*)[Base new] unknown], "unknown method: \\[Base unknown\\]");
 }
 
 } // namespace

@@ -10,49 +10,6 @@
 namespace voltmere {
 namespace {
 
-/// What a person sees of a view, from left to right; the rows of a column on lines of their own.
-std::string describe(NSView* view)
-{
-    if (view.hidden) {
-        return "";
-    }
-    if ([view isKindOfClass:NSTextField.class]) {
-        NSTextField* const label = (NSTextField*)view;
-        return text(label.stringValue) + (label.font == nil ? "" : " " + summary(label.font)) +
-            (label.textColor == nil ? "" : " " + summary(label.textColor));
-    }
-    if ([view isKindOfClass:NSPopUpButton.class]) {
-        NSPopUpButton* const popUp = (NSPopUpButton*)view;
-        NSInteger index = 0;
-        for (NSString* const title in popUp.itemTitles) {
-            if (index++ == popUp.indexOfSelectedItem) {
-                return "<" + text(title) + ">";
-            }
-        }
-        return "<>";
-    }
-    if ([view isKindOfClass:NSButton.class]) {
-        NSButton* const button = (NSButton*)view;
-        const char* const mark = button.state == NSControlStateValueOn ? "x " : "o ";
-        return "[" + std::string(button.isCheckBox ? mark : "") + text(button.title) + "]";
-    }
-    if ([view isKindOfClass:NSImageView.class]) {
-        NSImage* const image = ((NSImageView*)view).image;
-        return "(" + (summary(image) == "drawn" ? drawing(image).front() : summary(image)) + ")";
-    }
-    if ([view isKindOfClass:NSBox.class]) {
-        return ((NSBox*)view).boxType == NSBoxSeparator ? "---" : "box";
-    }
-    NSStackView* const stack = [view isKindOfClass:NSStackView.class] ? (NSStackView*)view : nil;
-    const bool isColumn = stack.orientation == NSUserInterfaceLayoutOrientationVertical;
-    std::string all = [view priorities]["hugging 0"] == 1 ? "~" : "";
-    for (NSView* const child in stack != nil ? stack.arrangedSubviews : view.subviews) {
-        const std::string part = describe(child);
-        all += (all.empty() || part.empty() ? "" : isColumn ? "\n" : " ") + part;
-    }
-    return all;
-}
-
 NSStackView* stackIn(NSView* view)
 {
     return (NSStackView*)view.subviews.firstObject;
@@ -83,7 +40,7 @@ struct MacWindows : MacTest {
         mac.calls.clear();
     }
 
-    static std::string shown() { return describe(panel().contentView); }
+    static std::string shown() { return [panel().contentView seen]; }
     static NSStatusBarButton* icon() { return mac.statusItem.button; }
 
     ModelWorld world;
@@ -165,14 +122,12 @@ TEST_F(MacWindows, ThePanelHasTheRowsOfItsDefinition)
               "[o Launch at login]\n"
               "---\n"
               "[Quit] ~ Language <System>");
-    NSStackView* const column = stackIn(panel().contentView);
+    NSStackView* const column = (NSStackView*)panel().contentView;
     EXPECT_EQ(column.spacing, 12);
     EXPECT_EQ(column.alignment, NSLayoutAttributeLeading);
     const NSEdgeInsets edges = column.edgeInsets;
     EXPECT_EQ(text(NSMakeRect(edges.top, edges.left, edges.bottom, edges.right)), "16 16 16 16");
-    EXPECT_EQ([column constraints],
-              (Lines{"width = 320", "top = superview top", "leading = superview leading",
-                     "trailing = superview trailing", "bottom = superview bottom"}));
+    EXPECT_EQ([column constraints], (Lines{"width = 320"}));
     EXPECT_EQ([popUp(panel(), 0) constraints], (Lines{"width = 80"}));
 }
 
@@ -295,9 +250,6 @@ TEST_F(MacWindows, ThePanelTakesTheKeyboardWithoutActivatingTheProgram)
     for (const auto one : {NSWindowCloseButton, NSWindowMiniaturizeButton, NSWindowZoomButton}) {
         EXPECT_TRUE([panel() standardWindowButton:one].hidden);
     }
-    NSVisualEffectView* const backdrop = (NSVisualEffectView*)panel().contentView;
-    EXPECT_EQ(backdrop.material, NSVisualEffectMaterialPopover);
-    EXPECT_EQ(backdrop.state, NSVisualEffectStateActive);
     EXPECT_FALSE(icon().isHighlighted) << "the click has not ended";
     settle();
     EXPECT_TRUE(icon().isHighlighted);
@@ -423,7 +375,7 @@ TEST_F(MacWindows, TheAlertHasTheRowsOfItsDefinition)
     start({{803, 12}});
     NSView* const container = mac.alert.accessoryView;
     EXPECT_EQ(text(container.frame), "0 0 237 252");
-    EXPECT_EQ(describe(container),
+    EXPECT_EQ([container seen],
               "Cellsentry regular 13 label\n"
               "Magic Mouse battery alert bold 13 label\n"
               "Battery at 12%. Please charge. regular 13 red\n"
@@ -490,7 +442,7 @@ TEST_F(MacWindows, TheAlertNamesEachDevice)
     start({{803, 12}, {805, 8}});
     const std::string low =
         "外设电量提醒 bold 13 label\n鼠标12%、键盘8%，请及时充电。 regular 13 red";
-    EXPECT_NE(describe(mac.alert.accessoryView).find(low), std::string::npos);
+    EXPECT_NE([mac.alert.accessoryView seen].find(low), std::string::npos);
     EXPECT_EQ(text(mac.alert.buttons.firstObject.title), "取消");
     pressEscape();
     world.setLevels({{803, 80}, {805, 64}});
@@ -499,7 +451,7 @@ TEST_F(MacWindows, TheAlertNamesEachDevice)
     press(button("Enable / test alert"));
     const std::string good =
         "Peripheral battery bold 13 label\nAll good: Mouse80%, Keyboard64% regular 13 label";
-    EXPECT_NE(describe(mac.alert.accessoryView).find(good), std::string::npos);
+    EXPECT_NE([mac.alert.accessoryView seen].find(good), std::string::npos);
 }
 
 TEST_F(MacWindows, TheAlertIsShownInTheDefinedOrderAndBroughtToTheFrontAgain)

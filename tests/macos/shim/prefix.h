@@ -1,5 +1,19 @@
-// Included before everything else: the class of @"..." must be known before the first one.
+// Included before everything else.
 #ifdef __OBJC__
-@class NSConstantString;
-#define __unused __attribute__((unused)) // the system's headers define it
+@class NSConstantString; // of @"..."
+
+#define __unused __attribute__((unused)) // as in the system's headers
 #endif
+
+// The body of a function of one statement, and a class without methods of its own.
+#define RETURNS(...)                                                                               \
+    {                                                                                              \
+        return __VA_ARGS__;                                                                        \
+    }
+#define DOES(...)                                                                                  \
+    {                                                                                              \
+        __VA_ARGS__;                                                                               \
+    }
+#define EMPTY(Class)                                                                               \
+    @implementation Class                                                                          \
+    @end

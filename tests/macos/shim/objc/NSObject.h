@@ -3,15 +3,10 @@
 
 #include <objc/objc.h>
 
-@class NSString;
-
 @protocol NSObject
 - (BOOL)isEqual:(id)object;
-- (NSUInteger)hash;
 - (Class)class;
-- (instancetype)self;
 - (BOOL)isKindOfClass:(Class)aClass;
-- (BOOL)respondsToSelector:(SEL)selector;
 @end
 
 __attribute__((objc_root_class))
