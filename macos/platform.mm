@@ -70,16 +70,6 @@ public:
     }
 };
 
-/// With `verbose` the whole path, which may hold the user's name.
-std::string describeBundle(bool verbose)
-{
-    if (NSBundle.mainBundle.bundleIdentifier == nil) {
-        return "none: no notifications, no launch at login";
-    }
-    const std::filesystem::path path = utf8Text(NSBundle.mainBundle.bundlePath);
-    return verbose ? path : path.filename();
-}
-
 bool isOutputClosed()
 {
     pollfd output{STDOUT_FILENO, POLLOUT, 0};
@@ -137,8 +127,13 @@ std::string demoToolsDirectory()
 std::vector<Finding> describeSystem(bool verbose)
 {
     NSString* const version = NSProcessInfo.processInfo.operatingSystemVersionString;
+    const bool bundled = NSBundle.mainBundle.bundleIdentifier != nil;
+    const std::filesystem::path bundle = utf8Text(NSBundle.mainBundle.bundlePath);
     return {{"system", "macOS " + utf8Text(version)},
-            {"bundle", describeBundle(verbose)},
+            {"bundle",
+             !bundled      ? "none: no notifications, no launch at login"
+                 : verbose ? bundle.string()
+                           : bundle.filename().string()},
             {"settings", describeUserDefaults()}};
 }
 

@@ -78,7 +78,9 @@ int runInMenuBar(const CommandLine& commandLine, LockedInstance& instance)
     MacRunLoop mainLoop;
     MacFrontEnd frontEnd(mainLoop);
     VoltmereApp program(commandLine, mainLoop, frontEnd);
-    VoltmereApplicationDelegate* const delegate = [[VoltmereApplicationDelegate alloc] init];
+    // The application holds it weakly.
+    VoltmereApplicationDelegate* const delegate __attribute__((objc_precise_lifetime)) =
+        [[VoltmereApplicationDelegate alloc] init];
     delegate.launch = [&] {
         program.start();
         if (!commandLine.demo) {
@@ -87,9 +89,7 @@ int runInMenuBar(const CommandLine& commandLine, LockedInstance& instance)
     };
     delegate.reopen = [&program] { program.openPanel(); };
     NSApp.delegate = delegate;
-    const int status = program.run();
-    NSApp.delegate = nil; // it is weak, so the delegate must live to here
-    return status;
+    return program.run();
 }
 
 } // namespace

@@ -135,8 +135,8 @@ using voltmere::MacApplication;
     __weak VoltmerePanel* const weakSelf = self;
     self.title = voltmere::cocoaText(voltmere::L10n::t("app.name")); // for screen readers
     _content = voltmere::makeContentView(*_model, _quit, [weakSelf] { [weakSelf fit]; });
-    [self fit];
     self.contentView = _content.view;
+    [self fit];
     [self setFrameTopLeftPoint:voltmere::panelCorner(icon, self.frame.size, visible)];
 
     // Other icons of the menu bar do not take the keyboard from the panel.

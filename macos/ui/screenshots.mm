@@ -59,10 +59,11 @@ void drawPanel(BatteryModel& model, const std::string& suffix, Album& album)
     const ContentView panel = makeContentView(
         model, [] {}, [] {});
     // Controls look as in a window only in a window.
-    NSWindow* const window = [[NSWindow alloc] initWithContentRect:NSZeroRect
-                                                         styleMask:NSWindowStyleMaskBorderless
-                                                           backing:NSBackingStoreBuffered
-                                                             defer:YES];
+    NSWindow* const window __attribute__((objc_precise_lifetime)) =
+        [[NSWindow alloc] initWithContentRect:NSZeroRect
+                                    styleMask:NSWindowStyleMaskBorderless
+                                      backing:NSBackingStoreBuffered
+                                        defer:YES];
     window.releasedWhenClosed = NO;
     window.contentView = panel.view;
     [window setContentSize:panel.view.fittingSize];
