@@ -14,21 +14,26 @@ void AppDelegate::applicationDidFinishLaunching() const
 }
 
 VoltmereApp::VoltmereApp(const CommandLine& commandLine, MainLoop& mainLoop, FrontEnd& frontEnd)
-    : services(commandLine, Services::Reach::everything, mainLoop, frontEnd.application(),
+    : frontEnd(frontEnd)
+    , services(commandLine, Services::Reach::everything, mainLoop, frontEnd.application(),
                frontEnd.alerts())
     , model(services.forModel())
     , delegate{*services.defaults, *services.notifications, services.notificationDelegate}
-    , scene(frontEnd.show(model))
     , opensPanel(commandLine.openPanel)
 {
 }
 
-int VoltmereApp::run()
+void VoltmereApp::start()
 {
+    scene = frontEnd.show(model);
     delegate.applicationDidFinishLaunching();
     if (opensPanel) {
         openPanel();
     }
+}
+
+int VoltmereApp::run()
+{
     return services.runMainLoop();
 }
 

@@ -47,13 +47,17 @@ public:
     /// The arguments must outlive this object.
     VoltmereApp(const CommandLine& commandLine, MainLoop& mainLoop, FrontEnd& frontEnd);
 
+    /// Shows the icon and finishes the start, once the system has launched the program.
+    void start();
+
     /// Runs until the user quits. Returns the exit status.
     int run();
 
-    /// Opens the panel, as a later start of the program asks.
+    /// Opens the panel, as a later start of the program asks. Only after `start`.
     void openPanel() { scene->openPanel(); }
 
 private:
+    FrontEnd& frontEnd;
     Services services;
     BatteryModel model;
     AppDelegate delegate;

@@ -49,6 +49,7 @@ add_library(voltmere_app STATIC
   app/diagnosis.cpp
   app/report.cpp
   app/services.cpp
+  app/studio.cpp
   app/terminal.cpp
   app/terminal_commands.cpp
   app/voltmere_app.cpp)

@@ -5,7 +5,8 @@ function(voltmere_target target)
     -Wall -Wextra -Wpedantic -Wconversion -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual)
   if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
     # Clang's only form of this warning also fires for members, which constructors here mirror.
-    target_compile_options(${target} PRIVATE -Wshadow=local)
+    target_compile_options(${target} PRIVATE
+      $<$<COMPILE_LANGUAGE:CXX>:-Wshadow=local>)
   endif()
   voltmere_harden(${target})
   if(VOLTMERE_SANITIZE)

@@ -2,7 +2,6 @@
 
 #include "linux/environment.h"
 #include "model/settings.h"
-#include "texts/l10n.h"
 
 #include <cstdint>
 #include <system_error>
@@ -23,25 +22,13 @@ void take(const JsonContent& content, MemoryDefaults& defaults)
     }
 }
 
-/// The settings of the file with a value of the wrong kind, each after a comma.
 std::string unusableSettings(const JsonContent& content)
 {
     MemoryDefaults defaults;
     take(content, defaults);
-    std::string found;
-    const auto note = [&](std::string_view key, bool usable) {
-        if (content.entries.contains(key) && !usable) {
-            found += (found.empty() ? "" : ", ") + std::string(key);
-        }
-    };
-    for (const auto& setting : {settings::threshold, settings::checkHour, settings::checkMinute}) {
-        note(setting.key, defaults.integer(setting.key).has_value());
-    }
-    for (const auto& setting : {settings::enabled, settings::instantEnabled}) {
-        note(setting.key, defaults.boolean(setting.key).has_value());
-    }
-    note(languageKey, appLanguage(defaults.text(languageKey).value_or("")).has_value());
-    return found;
+    return unusableSettings(defaults, [&content](std::string_view key) {
+        return content.entries.find(key) != content.entries.end();
+    });
 }
 
 std::string describeFile(const fs::path& path)

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "ports/settings.h"
+#include "texts/l10n.h"
 
 #include <cstdint>
+#include <functional>
+#include <string>
 #include <string_view>
 
 namespace voltmere {
@@ -32,6 +35,26 @@ inline std::int64_t stored(const DefaultsStore& defaults, const Setting<std::int
 inline bool stored(const DefaultsStore& defaults, const Setting<bool>& setting)
 {
     return defaults.boolean(setting.key).value_or(setting.initial);
+}
+
+/// The settings that are stored with a value of the wrong kind, with commas between them.
+inline std::string unusableSettings(const DefaultsStore& defaults,
+                                    const std::function<bool(std::string_view key)>& isStored)
+{
+    std::string found;
+    const auto note = [&](std::string_view key, bool usable) {
+        if (!usable && isStored(key)) {
+            found += (found.empty() ? "" : ", ") + std::string(key);
+        }
+    };
+    for (const auto& setting : {settings::threshold, settings::checkHour, settings::checkMinute}) {
+        note(setting.key, defaults.integer(setting.key).has_value());
+    }
+    for (const auto& setting : {settings::enabled, settings::instantEnabled}) {
+        note(setting.key, defaults.boolean(setting.key).has_value());
+    }
+    note(languageKey, appLanguage(defaults.text(languageKey).value_or("")).has_value());
+    return found;
 }
 
 } // namespace voltmere

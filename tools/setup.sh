@@ -25,6 +25,7 @@ packages() {
       tzdata appstream desktop-file-utils at-spi2-core dbus-bin dbus-daemon dunst \
       gir1.2-atspi-2.0 imagemagick libfaketime libx11-6 openbox python3 python3-dbusmock \
       python3-gi trayer util-linux x11-utils xdotool xfce4-panel xfconf xvfb ;;
+    "apt-get Objective-C") echo clang-19 libblocksruntime-dev ;;
     "dnf building") echo gcc-c++ cmake ninja-build json-devel qt6-qtbase-devel qt6-qtsvg-devel \
       libxcb-devel xcb-util-cursor pkgconf-pkg-config ;;
     "dnf testing") echo gtest-devel gmock-devel dbus-daemon dejavu-sans-fonts wqy-microhei-fonts \
@@ -102,6 +103,18 @@ END
   fi
   # shellcheck disable=SC2046 # one word a package
   need "$1" $(packages "$1")
+}
+
+# want_for PURPOSE: installs its packages if the sources of this machine have all of them.
+want_for() {
+  local package all
+  all=$(packages "$1")
+  [ -n "$all" ] || return 0
+  for package in $all; do
+    apt-cache show "$package" >/dev/null 2>&1 || return 0
+  done
+  # shellcheck disable=SC2086 # one word a package
+  need "$1" $all
 }
 
 # configure ARGUMENT... : prepares the build directory, unless it is prepared and nothing is asked.

@@ -1,14 +1,9 @@
-# What only a build for macOS on Linux has: programs whose linking shows that nothing is missing.
-
-# Every Objective-C++ file with the core, against the stubs of the frameworks.
-file(GENERATE OUTPUT ${CMAKE_BINARY_DIR}/empty_main.cpp CONTENT "int main() { }\n")
-add_executable(macos_ports ${CMAKE_BINARY_DIR}/empty_main.cpp $<TARGET_OBJECTS:voltmere_macos>)
-target_link_libraries(macos_ports PRIVATE voltmere_macos voltmere_core)
+# What only a build for macOS on Linux has.
 
 # The core's tests in one folder, ready to be carried to a Mac.
 if(VOLTMERE_TESTS)
-  set(core_tests alerting_test app_test devices_test macos_test model_test posix_test snooze_test
-      test_child texts_test ui_test)
+  set(core_tests alerting_test app_test devices_test model_test posix_test snooze_test test_child
+      texts_test ui_test)
   set_target_properties(${core_tests} PROPERTIES
     RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/core-tests)
   configure_file(cmake/cross/run_core_tests core-tests/run_core_tests COPYONLY)

@@ -28,6 +28,7 @@ int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
     voltmere::QtRunLoop mainLoop;
     voltmere::QtFrontEnd frontEnd(mainLoop, *log);
     voltmere::VoltmereApp program(commandLine, mainLoop, frontEnd);
+    program.start();
     instance.onActivation([&program] { program.openPanel(); });
     return program.run();
 }

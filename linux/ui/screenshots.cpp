@@ -1,6 +1,6 @@
 #include "linux/ui/screenshots.h"
 
-#include "app/services.h"
+#include "app/studio.h"
 #include "app/terminal.h"
 #include "linux/run_loop.h"
 #include "linux/ui/alert.h"
@@ -8,21 +8,17 @@
 #include "linux/ui/status_image.h"
 #include "linux/ui/theme.h"
 #include "linux/ui/views.h"
-#include "model/battery_model.h"
 #include "snooze/snooze_alert.h"
 #include "texts/l10n.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QEventLoop>
 #include <QFile>
 #include <QPainter>
 
-#include <cstdint>
 #include <cstdio>
 #include <map>
 #include <utility>
-#include <vector>
 
 namespace voltmere {
 
@@ -37,31 +33,12 @@ public:
     ColourScheme scheme = ColourScheme::light;
 };
 
-/// The program without a desktop: one reading, settings in memory, no outside effects.
-class Studio {
+/// The program without a desktop, in an appearance that the pictures choose.
+class QtStudio : public Studio {
 public:
-    explicit Studio(const CommandLine& commandLine)
-        : services(commandLine, Services::Reach::nothing, mainLoop)
-        , model(services.forModel())
-    {
-        BatteryModel::launchSettled = true;
-        waitForReading();
-    }
+    using Studio::Studio;
 
     ChosenAppearance appearance;
-    QtRunLoop mainLoop;
-    Services services;
-    BatteryModel model;
-
-private:
-    void waitForReading()
-    {
-        QEventLoop loop;
-        const Subscription change = model.objectWillChange.subscribe([&loop] { loop.quit(); });
-        while (!model.lastChecked.get()) {
-            loop.exec();
-        }
-    }
 };
 
 /// A drawing on a strip of the colour that a menu bar or tray panel of that scheme has.
@@ -79,7 +56,7 @@ QImage onBar(const QImage& picture, ColourScheme scheme)
 
 using Pictures = std::map<QString, QImage>; ///< by the name of their file
 
-void drawIcons(Studio& studio, const QString& suffix, Pictures& pictures)
+void drawIcons(QtStudio& studio, const QString& suffix, Pictures& pictures)
 {
     const ColourScheme scheme = studio.appearance.scheme;
     const BatteryModel& model = studio.model;
@@ -90,45 +67,20 @@ void drawIcons(Studio& studio, const QString& suffix, Pictures& pictures)
     pictures["tray-" + suffix] = onBar(tray.pixmap(largestTray, 1.0).toImage(), scheme);
 }
 
-void drawPanel(Studio& studio, const QString& suffix, Pictures& pictures)
+void drawPanel(QtStudio& studio, const QString& suffix, Pictures& pictures)
 {
     ContentView panel(studio.model, studio.appearance, [] {});
     pictures["panel-" + suffix] = panel.grab().toImage();
 }
 
-/// One form of the snooze alert.
-struct AlertSample {
-    QString name;
-    std::vector<BatteryDevice> devices;
-    bool isLow;
-};
-
-std::vector<AlertSample> alertSamples()
-{
-    enum Kind : std::int64_t { mouse, keyboard, trackpad, other };
-    // The alert shows neither identifiers nor symbols, and the name of a device of another kind.
-    const auto device = [](Kind kind, std::int64_t level, const char* name = "Magic Mouse") {
-        return BatteryDevice{{}, name, level, {}, kind};
-    };
-    return {{"one-low", {device(mouse, 12)}, true},
-            {"two-low", {device(mouse, 12), device(keyboard, 8)}, true},
-            {"three-low-long-names",
-             {device(other, 12, "Magic Mouse of the meeting room"),
-              device(other, 8, "Magic Keyboard of the meeting room"),
-              device(other, 3, "Magic Trackpad of the meeting room")},
-             true},
-            {"all-good", {device(mouse, 80), device(keyboard, 64)}, false},
-            {"no-device", {}, false}};
-}
-
-void drawAlerts(Studio& studio, const QString& suffix, Pictures& pictures)
+void drawAlerts(QtStudio& studio, const QString& suffix, Pictures& pictures)
 {
     constexpr ClockTime preselected{15, 35};
     for (const AlertSample& sample : alertSamples()) {
         SnoozeAlertWindow alert(makeAlertContent(sample.devices, sample.isLow, preselected), {},
                                 studio.appearance);
         alert.adjustSize();
-        pictures["alert-" + sample.name + "-" + suffix] = alert.grab().toImage();
+        pictures["alert-" + asQt(sample.name) + "-" + suffix] = alert.grab().toImage();
     }
 }
 
@@ -142,7 +94,8 @@ int drawScreenshots(const CommandLine& commandLine)
                      commandLine.screenshotsDirectory.c_str());
         return exitStatus::cannotRun;
     }
-    Studio studio(commandLine);
+    QtRunLoop mainLoop;
+    QtStudio studio(commandLine, mainLoop);
     Pictures pictures;
     for (const auto& [scheme, name] : {std::pair(ColourScheme::light, QString("light")),
                                        std::pair(ColourScheme::dark, QString("dark"))}) {

@@ -62,6 +62,7 @@ protected:
     int run()
     {
         VoltmereApp app(commandLine, mainLoop, frontEnd);
+        app.start();
         mainLoop.whileRunning = [&] {
             frontEnd.steps.push_back("run");
             whileRunning(app);

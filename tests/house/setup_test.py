@@ -72,6 +72,18 @@ class SetupTest(unittest.TestCase):
         self.assertEqual(self.run_setup("need_for testing").returncode, 0)
         self.assertEqual(self.calls(), [])
 
+    def test_what_only_some_distributions_have_is_installed_where_they_have_it(self):
+        self.add_recorder("apt-get")
+        self.add("dpkg-query", "exit 1")
+        self.add("env", 'shift; exec "$@"')
+        self.add("apt-cache", "exit 1")
+        self.assertEqual(self.run_setup("want_for Objective-C").returncode, 0)
+        self.assertEqual(self.calls(), [])
+        self.add("apt-cache", "exit 0")
+        self.assertEqual(self.run_setup("want_for Objective-C").returncode, 0)
+        self.assertEqual(self.calls()[1:], ["apt-get install -y -qq --no-install-recommends "
+                                            "clang-19 libblocksruntime-dev"])
+
     def test_who_is_not_root_installs_with_sudo(self):
         self.add("id", "echo 1000")
         self.add_recorder("dnf")

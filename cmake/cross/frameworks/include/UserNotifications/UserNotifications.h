@@ -103,8 +103,9 @@ extern "C" NSString* const UNNotificationDismissActionIdentifier;
 @property (readonly, copy) NSString* actionIdentifier;
 @end
 
+// The system declares both as optional. Here they are required, so that a misspelt one of this
+// program does not compile.
 @protocol UNUserNotificationCenterDelegate <NSObject>
-@optional
 // - (void)userNotificationCenter:(UNUserNotificationCenter *)center
 //        willPresentNotification:(UNNotification *)notification
 //          withCompletionHandler:

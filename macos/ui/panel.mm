@@ -1,0 +1,272 @@
+#include "macos/ui/panel.h"
+
+#include "macos/text.h"
+#include "macos/ui/hover_controls.h"
+#include "macos/ui/redraw_scheduler.h"
+#include "macos/ui/status_image.h"
+#include "ui/panel.h"
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace voltmere {
+
+namespace {
+
+constexpr CGFloat rowWidth = panelGeometry::width - 2 * panelGeometry::padding;
+
+/// Takes the room that its row has left over.
+NSView* makeSpacer()
+{
+    NSView* const spacer = [[NSView alloc] initWithFrame:NSZeroRect];
+    spacer.translatesAutoresizingMaskIntoConstraints = NO;
+    [spacer setContentHuggingPriority:1 forOrientation:NSLayoutConstraintOrientationHorizontal];
+    return spacer;
+}
+
+/// A row across the whole panel.
+NSStackView* makeRow(NSArray<NSView*>* views)
+{
+    NSStackView* const row = [NSStackView stackViewWithViews:views];
+    row.distribution = NSStackViewDistributionFill;
+    row.spacing = panelGeometry::rowSpacing;
+    fixWidth(row, rowWidth);
+    return row;
+}
+
+NSView* makeDivider()
+{
+    NSBox* const divider = [[NSBox alloc] initWithFrame:NSZeroRect];
+    divider.boxType = NSBoxSeparator;
+    fixWidth(divider, rowWidth);
+    return divider;
+}
+
+NSStackView* makeColumn()
+{
+    NSStackView* const column = [NSStackView stackViewWithViews:@[]];
+    column.orientation = NSUserInterfaceLayoutOrientationVertical;
+    column.alignment = NSLayoutAttributeLeading;
+    column.spacing = panelGeometry::itemSpacing;
+    return column;
+}
+
+NSFont* headlineFont()
+{
+    return [NSFont preferredFontForTextStyle:NSFontTextStyleHeadline options:@{}];
+}
+
+/// Empty without an image. The text beside it says the same.
+NSView* makePicture(NSImage* image)
+{
+    NSImage* const shown = image != nil ? image : [[NSImage alloc] init];
+    NSImageView* const view = [NSImageView imageViewWithImage:shown];
+    [view setAccessibilityElement:NO];
+    return view;
+}
+
+NSView* makeSymbol(const std::string& name)
+{
+    NSView* const view = makePicture([NSImage imageWithSystemSymbolName:cocoaText(name)
+                                               accessibilityDescription:nil]);
+    fixWidth(view, panelGeometry::symbolSide);
+    return view;
+}
+
+NSView* makeDeviceRow(const DeviceRow& device)
+{
+    constexpr CGFloat title3 = 15; // points, the size of that text style
+    NSTextField* const level = [NSTextField labelWithString:cocoaText(device.level)];
+    level.font = [NSFont systemFontOfSize:title3 weight:NSFontWeightBold];
+    level.textColor = device.levelIsRed ? NSColor.systemRedColor : NSColor.labelColor;
+
+    constexpr NSLayoutPriority givesWay = 250; // a name from outside may be longer than the row
+    NSTextField* const name = [NSTextField labelWithString:cocoaText(device.name)];
+    name.font = headlineFont();
+    name.lineBreakMode = NSLineBreakByTruncatingMiddle;
+    name.allowsExpansionToolTips = YES;
+    [name setContentCompressionResistancePriority:givesWay
+                                   forOrientation:NSLayoutConstraintOrientationHorizontal];
+    return makeRow(@[ makeSymbol(device.symbol), name, makeSpacer(), level ]);
+}
+
+/// The rows and their controls. The order of their making is the order of the Tab key.
+class Rows {
+public:
+    Rows(BatteryModel& model, std::function<void()> quit, std::function<void()> resized)
+        : stack(makeColumn())
+        , model(model)
+        , resized(std::move(resized))
+        , content(panelContent(model))
+        , redraws(redrawAfterChanges(model.objectWillChange, [this] { redraw(); }))
+    {
+        constexpr CGFloat padding = panelGeometry::padding;
+        stack.edgeInsets = NSEdgeInsetsMake(padding, padding, padding, padding);
+        fixWidth(stack, panelGeometry::width);
+        stack.translatesAutoresizingMaskIntoConstraints = YES; // its window places it
+
+        using Content = PanelContent;
+        NSPopUpButton* const threshold = makePicker(&Content::threshold, model.threshold);
+        fixWidth(threshold, panelGeometry::thresholdWidth);
+        add(makeHeader());
+        add(makeDivider());
+        add(makeDevices());
+        add(makeDivider());
+        add(makeRow(@[
+            makeText(&Content::warnBelow), threshold, makeText(&Content::warnSuffix),
+            makeToggle(&Content::instantAlert, model.instantEnabled), makeSpacer()
+        ]));
+        add(makeToggle(&Content::dailyCheck, model.enabled));
+        add(makeRow(@[
+            makeText(&Content::checkTime), makeSpacer(),
+            makePicker(&Content::checkHour, model.checkHour), makeText(&Content::timeSeparator),
+            makePicker(&Content::checkMinute, model.checkMinute)
+        ]));
+        add(makeStatus());
+        add(makeButton(&Content::testAlert, [&model] {
+            const AlertPayload payload = model.alertPayload();
+            model.showSnoozeAlert(payload.devices, payload.isLow);
+        }));
+        add(makeToggle(&Content::launchAtLogin, model.launchAtLogin));
+        add(makeDivider());
+        add(makeRow(@[
+            makeButton(&Content::quit, std::move(quit)), makeSpacer(),
+            makeText(&Content::languageLabel), makePicker(&Content::language, model.language)
+        ]));
+        redraw();
+    }
+
+    Rows(const Rows&) = delete;
+    Rows& operator=(const Rows&) = delete;
+
+    NSStackView* const stack;
+
+private:
+    void add(NSView* row) { [stack addArrangedSubview:row]; }
+
+    NSView* makeHeader()
+    {
+        NSTextField* const name = makeText(&PanelContent::applicationName);
+        name.font = headlineFont();
+        NSImage* const icon = AppIconAsset::appImage(panelGeometry::iconSide);
+        NSView* const picture = makePicture(icon);
+        picture.hidden = icon == nil;
+        NSView* const before = makeSpacer();
+        NSView* const after = makeSpacer();
+        NSView* const header = makeRow(@[ before, picture, name, after ]);
+        [before.widthAnchor constraintEqualToAnchor:after.widthAnchor].active = YES;
+        return header;
+    }
+
+    NSView* makeDevices()
+    {
+        NSStackView* const list = makeColumn();
+        updates.emplace_back([this, list, shown = std::optional<PanelContent>()]() mutable {
+            // An unchanged row stays: assistive technology may be reading it.
+            if (shown && shown->devices == content.devices &&
+                shown->emptyText == content.emptyText) {
+                return;
+            }
+            shown = content;
+            for (NSView* const row in list.arrangedSubviews) {
+                [row removeFromSuperview];
+            }
+            for (const DeviceRow& device : content.devices) {
+                [list addArrangedSubview:makeDeviceRow(device)];
+            }
+            if (content.devices.empty()) {
+                NSView* const text = [NSTextField labelWithString:cocoaText(content.emptyText)];
+                NSView* const symbol = makeSymbol(content.emptySymbol);
+                [list addArrangedSubview:makeRow(@[ symbol, text, makeSpacer() ])];
+            }
+        });
+        return list;
+    }
+
+    NSView* makeStatus()
+    {
+        NSTextField* const line = [NSTextField wrappingLabelWithString:@""];
+        line.selectable = NO;
+        line.preferredMaxLayoutWidth = rowWidth;
+        fixWidth(line, rowWidth);
+        updates.emplace_back([this, line] {
+            line.stringValue = cocoaText(content.status);
+            line.textColor =
+                content.statusIsRed ? NSColor.systemRedColor : NSColor.secondaryLabelColor;
+        });
+        return line;
+    }
+
+    /// An empty text takes no room.
+    NSTextField* makeText(std::string PanelContent::*text)
+    {
+        NSTextField* const label = [NSTextField labelWithString:@""];
+        updates.emplace_back([this, label, text] {
+            label.stringValue = cocoaText(content.*text);
+            label.hidden = (content.*text).empty();
+        });
+        return label;
+    }
+
+    NSButton* makeButton(std::string PanelContent::*title, std::function<void()> action)
+    {
+        NSButton* const button = [NSButton buttonWithTitle:@""
+                                                    target:targets.add(std::move(action))
+                                                    action:@selector(fire)];
+        updates.emplace_back([this, button, title] { button.title = cocoaText(content.*title); });
+        return button;
+    }
+
+    NSButton* makeToggle(Toggle PanelContent::*toggle, Published<bool>& setting)
+    {
+        NSButton* const box = [NSButton checkboxWithTitle:@"" target:nil action:@selector(fire)];
+        box.target = targets.add([box, &setting] { setting = box.state == NSControlStateValueOn; });
+        updates.emplace_back([this, box, toggle] {
+            box.title = cocoaText((content.*toggle).title);
+            box.state = (content.*toggle).isOn ? NSControlStateValueOn : NSControlStateValueOff;
+        });
+        return box;
+    }
+
+    template<typename Value>
+    NSPopUpButton* makePicker(PopUp<Value> PanelContent::*popUp, Published<Value>& setting)
+    {
+        NSPopUpButton* const picker = [[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO];
+        picker.target = targets.add([this, picker, popUp, &setting] {
+            if (const auto choice = selectedChoice(picker)) {
+                setting = (content.*popUp).values.at(*choice);
+            }
+        });
+        picker.action = @selector(fire);
+        updates.emplace_back([this, picker, popUp] { presentPopUp(picker, content.*popUp); });
+        return picker;
+    }
+
+    void redraw()
+    {
+        content = panelContent(model);
+        for (const auto& update : updates) {
+            update();
+        }
+        resized();
+    }
+
+    BatteryModel& model;
+    const std::function<void()> resized;
+    PanelContent content; ///< as it is shown
+    RowTargets targets;
+    std::vector<std::function<void()>> updates; ///< each brings a control in line with `content`
+    Subscription redraws;
+};
+
+} // namespace
+
+ContentView makeContentView(BatteryModel& model, std::function<void()> quit,
+                            std::function<void()> resized)
+{
+    const auto rows = std::make_shared<Rows>(model, std::move(quit), std::move(resized));
+    return {rows->stack, rows};
+}
+
+} // namespace voltmere

@@ -1,0 +1,602 @@
+// Stand-ins of Foundation, ServiceManagement and UserNotifications, of the queues, and of time.
+
+#include "mac.h"
+#include "runtime.h"
+#include "texts/utf8.h"
+
+#include <algorithm>
+#include <cstdarg>
+#include <cstdio>
+#include <ctime>
+#include <fstream>
+#include <stdexcept>
+#include <utility>
+
+namespace voltmere {
+
+Mac mac;
+
+NSString* string(const std::string& text)
+{
+    return [[NSString alloc] initWithBytes:text.data()
+                                    length:text.size()
+                                  encoding:NSUTF8StringEncoding];
+}
+
+std::string text(NSString* text) RETURNS(text == nil ? "nil" : text.UTF8String);
+
+std::string text(NSRect rect)
+{
+    return number(rect.origin.x) + " " + number(rect.origin.y) + " " + number(rect.size.width) +
+        " " + number(rect.size.height);
+}
+
+std::string number(double value)
+{
+    char line[32];
+    std::snprintf(line, sizeof line, "%g", value);
+    return line;
+}
+
+NSArray* array(const std::vector<id>& items) RETURNS([NSArray arrayWithObjects:items.data()
+                                                                         count:items.size()]);
+
+NSRect moved(NSRect rect, NSPoint by)
+{
+    return {{rect.origin.x + by.x, rect.origin.y + by.y}, rect.size};
+}
+
+std::string& summary(id object)
+{
+    static std::map<const void*, std::string> all; // an address is never used again
+    return all[(__bridge void*)object];
+}
+
+id made(id itsClass, const std::string& text)
+{
+    id const object = [(NSObject*)[itsClass alloc] init];
+    summary(object) = text;
+    return object;
+}
+
+id shared(id itsClass, const std::string& name)
+{
+    static std::map<std::string, id> all;
+    __strong id& one = all[class_getName((Class)itsClass) + name];
+    if (one == nil) {
+        one = made(itsClass, name);
+        --objc::liveObjects()[class_getName((Class)itsClass)];
+    }
+    return one;
+}
+
+void note(id receiver, const std::string& call)
+    DOES(mac.calls.push_back(class_getName([receiver class]) + (" " + call)));
+void raise(const std::string& reason) DOES(@throw made(NSException.class, reason));
+
+/// Messages whose order tests look at.
+static void noteMessage(const char* className, const char* selector)
+{
+    static const std::set<std::string> noted{"activateIgnoringOtherApps:",
+                                             "center",
+                                             "hide:",
+                                             "layout",
+                                             "makeFirstResponder:",
+                                             "makeKeyAndOrderFront:",
+                                             "orderFrontRegardless",
+                                             "orderOut:",
+                                             "registerAndReturnError:",
+                                             "removeStatusItem:",
+                                             "run",
+                                             "setImage:",
+                                             "setLevel:",
+                                             "setToolTip:",
+                                             "statusItemWithLength:",
+                                             "unhideWithoutActivation",
+                                             "unregisterAndReturnError:"};
+    if (noted.count(selector) != 0) {
+        mac.calls.push_back(className + (" " + std::string(selector)));
+    }
+}
+static const auto previous = std::exchange(objc::onMessage, &noteMessage);
+
+static void runFirst(std::deque<dispatch_block_t>& queue)
+{
+    @autoreleasepool {
+        const dispatch_block_t block = queue.front();
+        queue.pop_front();
+        block();
+    }
+}
+
+int drainMainQueue()
+{
+    int ran = 0;
+    for (; !mac.mainQueue.empty(); ++ran) {
+        runFirst(mac.mainQueue);
+    }
+    return ran;
+}
+
+void settle()
+{
+    while (drainMainQueue() > 0 || !mac.background.empty()) {
+        if (!mac.background.empty()) {
+            runFirst(mac.background);
+        }
+    }
+}
+
+void post(NSNotificationCenter* centre, NSString* name)
+{
+    const auto observers = mac.observers;
+    for (const Observer& one : observers) {
+        if (one.centre == centre && one.name == text(name)) {
+            one.notify(made(NSNotification.class, one.name));
+        }
+    }
+}
+
+void sleepFor(double seconds)
+{
+    mac.asleep += seconds;
+    post(NSWorkspace.sharedWorkspace.notificationCenter, NSWorkspaceDidWakeNotification);
+    settle();
+}
+
+} // namespace voltmere
+
+using namespace voltmere;
+
+// The queues
+
+dispatch_queue_t dispatch_get_main_queue() RETURNS(&mac.mainQueue);
+dispatch_queue_t dispatch_get_global_queue(intptr_t quality, uintptr_t /*flags*/)
+    RETURNS(quality == QOS_CLASS_UTILITY ? &mac.background : nullptr);
+void dispatch_async(dispatch_queue_t queue, dispatch_block_t block) DOES(queue->push_back(block));
+
+// Values
+
+@implementation NSString // a literal is no longer than NSConstantString declares
+- (instancetype)initWithBytes:(const void*)bytes
+                       length:(NSUInteger)length
+                     encoding:(NSStringEncoding)encoding
+{
+    summary(self).assign(static_cast<const char*>(bytes), length);
+    return encoding == NSUTF8StringEncoding && isValidUtf8(summary(self)) ? self : nil;
+}
+- (const char*)UTF8String RETURNS(summary(self).c_str());
+- (BOOL)isEqualToString:(NSString*)other RETURNS(text(self) == text(other));
+- (BOOL)isEqual:(id)other RETURNS([self isEqualToString:other]);
+- (id)copyWithZone:(struct _NSZone*)zone RETURNS(self);
+@end
+@implementation NSConstantString
+- (const char*)UTF8String RETURNS(_bytes);
+@end
+
+@implementation NSNumber {
+    long double _value; // wide enough for each integer of 64 bits
+}
+static NSNumber* boxed(long double value)
+{
+    NSNumber* const number = [[NSNumber alloc] init];
+    number->_value = value;
+    return number;
+}
++ (NSNumber*)numberWithBool:(BOOL)value RETURNS(boxed(value));
++ (NSNumber*)numberWithInt:(int)value RETURNS(boxed(value));
++ (NSNumber*)numberWithLong:(long)value RETURNS(boxed(value));
++ (NSNumber*)numberWithLongLong:(long long)value RETURNS(boxed(value));
++ (NSNumber*)numberWithDouble:(double)value RETURNS(boxed(value));
+- (long long)longLongValue RETURNS(_value >= 9.2e18L ? INT64_MAX : static_cast<long long>(_value));
+- (BOOL)isEqualToNumber:(NSNumber*)other RETURNS(_value == other->_value);
+@end
+
+@implementation NSArray {
+@protected
+    std::vector<id> _items;
+}
++ (instancetype)arrayWithObjects:(const id[])objects count:(NSUInteger)count
+{
+    NSArray* const array = [[self alloc] init];
+    array->_items.assign(objects, objects + count);
+    return array;
+}
+- (NSUInteger)count RETURNS(_items.size());
+- (id)firstObject RETURNS(_items.empty() ? nil : _items.front());
+- (BOOL)isEqualToArray:(NSArray*)other
+    RETURNS(std::equal(_items.begin(), _items.end(), other->_items.begin(), other->_items.end(),
+                       [](id one, id two)
+{
+    return [one isEqual:two];
+}));
+- (NSUInteger)countByEnumeratingWithState:(NSFastEnumerationState*)state
+                                  objects:(id __unsafe_unretained[])buffer
+                                    count:(NSUInteger)length
+{
+    static unsigned long unchanged = 0;
+    NSUInteger given = 0;
+    for (; given < length && state->state < _items.size(); ++given) {
+        buffer[given] = _items[state->state++];
+    }
+    state->itemsPtr = buffer;
+    state->mutationsPtr = &unchanged;
+    return given;
+}
+@end
+@implementation NSMutableArray
++ (instancetype)array RETURNS([[self alloc] init]);
+- (void)addObject:(id)object DOES(_items.push_back(object));
+- (id)copy RETURNS(::array(_items));
+@end
+
+@implementation NSDictionary {
+    std::map<std::string, id> _items;
+}
++ (instancetype)dictionaryWithObjects:(const id[])objects
+                              forKeys:(const id<NSCopying>[])keys
+                                count:(NSUInteger)count
+{
+    NSDictionary* const dictionary = [[self alloc] init];
+    for (NSUInteger i = 0; i < count; ++i) {
+        dictionary->_items[text((NSString*)keys[i])] = objects[i];
+    }
+    return dictionary;
+}
+- (id)objectForKey:(NSString*)key RETURNS(_items[text(key)]);
+@end
+@implementation NSSet
++ (instancetype)setWithArray:(NSArray*)array
+{
+    std::string all;
+    for (id const item in array) {
+        all += summary(item);
+    }
+    return made(self, all);
+}
+@end
+@implementation NSData
+- (BOOL)writeToFile:(NSString*)path atomically:(BOOL)atomically
+{
+    std::ofstream file(text(path), std::ios::binary);
+    file << summary(self);
+    return file.good();
+}
+@end
+EMPTY(NSURL)
+@implementation NSDate
++ (NSDate*)distantFuture RETURNS(shared(self));
+@end
+@implementation NSException
+- (NSString*)reason RETURNS(string(summary(self)));
+@end
+@implementation NSError
+- (NSString*)localizedDescription RETURNS(string(summary(self)));
+@end
+
+// The program and its user
+
+@implementation NSBundle
++ (NSBundle*)mainBundle RETURNS(shared(self));
+- (NSString*)bundleIdentifier RETURNS(mac.hasBundle ? @"org.voltmere.Voltmere" : nil);
+- (NSString*)bundlePath RETURNS(string(mac.bundlePath));
+- (NSString*)resourcePath RETURNS(string(mac.bundlePath + "/Contents/Resources"));
+- (NSURL*)URLForResource:(NSString*)name withExtension:(NSString*)extension
+{
+    const std::string file = text(name) + "." + text(extension);
+    return mac.resources.count(file) != 0 ? made(NSURL.class, file) : nil;
+}
+@end
+
+@implementation NSUserDefaults
++ (NSUserDefaults*)standardUserDefaults RETURNS(shared(self));
+- (id)objectForKey:(NSString*)key
+    RETURNS(mac.defaults.count(text(key)) == 0 ? nil : mac.defaults[text(key)]);
+- (void)setInteger:(NSInteger)value forKey:(NSString*)key
+{
+    note(self, text(key) + " = " + std::to_string(value));
+    mac.defaults[text(key)] = boxed(value);
+}
+- (void)setBool:(BOOL)value forKey:(NSString*)key
+{
+    note(self, text(key) + " = " + (value ? "YES" : "NO"));
+    mac.defaults[text(key)] = boxed(value);
+}
+@end
+
+NSArray<NSString*>* NSSearchPathForDirectoriesInDomains(NSSearchPathDirectory directory,
+                                                        NSSearchPathDomainMask domains, BOOL)
+{
+    const bool isUsers = directory == NSApplicationSupportDirectory && domains == NSUserDomainMask;
+    return isUsers ? @[ string(mac.supportDirectory) ] : @[];
+}
+
+@implementation NSLocale
++ (NSArray<NSString*>*)preferredLanguages
+{
+    std::vector<id> all;
+    std::ranges::transform(mac.languages, std::back_inserter(all), &string);
+    return array(all);
+}
+@end
+
+@implementation NSProcessInfo
++ (NSProcessInfo*)processInfo RETURNS(shared(self));
+- (NSString*)operatingSystemVersionString RETURNS(@"Version 14.5 (Build 23F79)");
+- (id<NSObject>)beginActivityWithOptions:(NSActivityOptions)options reason:(NSString*)reason
+{
+    if (options != NSActivityUserInitiatedAllowingIdleSystemSleep) {
+        raise("this activity would keep the Mac awake");
+    }
+    return *mac.activities.insert(made(NSNotification.class, text(reason))).first;
+}
+- (void)endActivity:(id<NSObject>)activity DOES(mac.activities.erase(activity));
+@end
+
+CFDictionaryRef CGSessionCopyCurrentDictionary()
+{
+    return mac.isLoggedIn ? (__bridge_retained CFDictionaryRef) @{} : nullptr;
+}
+
+void CFRelease(CFTypeRef object) DOES((void)(__bridge_transfer id)object);
+
+/// A format other than "%@" would read a text as one, so it is written down as it is.
+void NSLog(NSString* format, ...)
+{
+    va_list arguments;
+    va_start(arguments, format);
+    NSString* const line = va_arg(arguments, __unsafe_unretained NSString*);
+    mac.calls.push_back("NSLog " + text(text(format) == "%@" ? line : format));
+    va_end(arguments);
+}
+
+// Notifications within the program and between programs
+
+EMPTY(NSNotification)
+EMPTY(NSOperationQueue)
+@implementation NSNotificationCenter
+- (id<NSObject>)addObserverForName:(NSNotificationName)name
+                            object:(id)object
+                             queue:(NSOperationQueue*)queue
+                        usingBlock:(void (^)(NSNotification*))block
+{
+    mac.observers.push_back({made(NSNotification.class, "observer"), self, text(name), block});
+    return mac.observers.back().token;
+}
+- (void)removeObserver:(id)observer
+    DOES(std::erase_if(mac.observers, [=](const Observer& one)
+{
+    return one.token == observer;
+}));
+@end
+@implementation NSDistributedNotificationCenter
++ (NSDistributedNotificationCenter*)defaultCenter RETURNS(shared(self));
+/// AppKit holds back a notification for a program that is not active.
+- (void)postNotificationName:(NSNotificationName)name
+                      object:(NSString*)object
+                    userInfo:(NSDictionary*)userInfo
+          deliverImmediately:(BOOL)deliverImmediately
+{
+    if (deliverImmediately) {
+        post(self, name);
+    }
+}
+@end
+
+@implementation NSObject (NSKeyValueObserving)
+- (void)observeValueForKeyPath:(NSString*)keyPath
+                      ofObject:(id)object
+                        change:(NSDictionary<NSKeyValueChangeKey, id>*)change
+                       context:(void*)context
+    DOES(raise("nobody handles the change of " + text(keyPath)));
+- (void)addObserver:(NSObject*)observer
+         forKeyPath:(NSString*)keyPath
+            options:(NSKeyValueObservingOptions)options
+            context:(void*)context
+    DOES(mac.appearanceObservers.push_back(
+{
+    observer, text(keyPath), context
+}));
+- (void)removeObserver:(NSObject*)observer forKeyPath:(NSString*)keyPath context:(void*)context
+{
+    std::erase_if(mac.appearanceObservers, [&](const KeyValueObserver& one) {
+        return one.observer == observer && one.path == text(keyPath) && one.context == context;
+    });
+}
+@end
+
+// Time
+
+NSRunLoopMode const NSDefaultRunLoopMode = @"default";
+NSRunLoopMode const NSRunLoopCommonModes = @"common";
+
+@implementation NSTimer {
+@public
+    double _due;
+    double _interval;
+    bool _repeats;
+    bool _isCommon;
+    void (^_block)(NSTimer*);
+}
++ (NSTimer*)timerWithTimeInterval:(NSTimeInterval)interval
+                          repeats:(BOOL)repeats
+                            block:(void (^)(NSTimer*))block
+{
+    NSTimer* const timer = [[NSTimer alloc] init];
+    timer->_interval = interval;
+    timer->_repeats = repeats;
+    timer->_block = block;
+    return timer;
+}
+- (void)invalidate
+{
+    _block = nil;
+    std::erase(mac.timers, self);
+}
+@end
+
+@implementation NSRunLoop
++ (NSRunLoop*)mainRunLoop RETURNS(shared(self));
+- (void)addTimer:(NSTimer*)timer forMode:(NSRunLoopMode)mode
+{
+    timer->_isCommon = mode == NSRunLoopCommonModes;
+    timer->_due = mac.awake + std::max(timer->_interval, 0.0001);
+    mac.timers.push_back(timer);
+}
+- (BOOL)runMode:(NSRunLoopMode)mode beforeDate:(NSDate*)limit
+{
+    if (!mac.mainQueue.empty() || !mac.background.empty()) {
+        runFirst(mac.mainQueue.empty() ? mac.background : mac.mainQueue);
+    } else if (!mac.timers.empty() && ++mac.idleTurns < 1000) {
+        advance(60);
+    } else {
+        throw std::runtime_error("this run loop waits for ever");
+    }
+    return YES;
+}
+@end
+
+static NSTimer* nextTimer(double end)
+{
+    NSTimer* next = nil;
+    for (NSTimer* const timer : mac.timers) {
+        if ((timer->_isCommon || !mac.isTracking) && timer->_due <= end &&
+            (next == nil || timer->_due < next->_due)) {
+            next = timer;
+        }
+    }
+    return next;
+}
+
+void voltmere::advance(double seconds)
+{
+    const double end = mac.awake + seconds;
+    settle();
+    while (NSTimer* const timer = nextTimer(end)) {
+        mac.awake = std::max(mac.awake, timer->_due);
+        timer->_due += timer->_interval;
+        void (^const block)(NSTimer*) = timer->_block;
+        if (!timer->_repeats) {
+            [timer invalidate];
+        }
+        @autoreleasepool {
+            block(timer);
+        }
+        settle();
+    }
+    mac.awake = end;
+}
+
+/// The linker puts this in place of the system's for the program: on a Mac this clock goes on while
+/// the machine sleeps.
+extern "C" int __real_clock_gettime(clockid_t clock, timespec* result);
+extern "C" int __wrap_clock_gettime(clockid_t clock, timespec* result)
+{
+    if (clock != CLOCK_MONOTONIC) {
+        return __real_clock_gettime(clock, result);
+    }
+    const double uptime = mac.awake + mac.asleep;
+    result->tv_sec = static_cast<time_t>(uptime);
+    result->tv_nsec = static_cast<long>((uptime - static_cast<double>(result->tv_sec)) * 1e9);
+    return 0;
+}
+
+// Launch at login
+
+static BOOL setLoginItem(SMAppServiceStatus status, NSError* __autoreleasing* error)
+{
+    if (mac.loginItemFailure.empty()) {
+        mac.loginItem = status;
+        return YES;
+    }
+    if (error != nullptr) {
+        *error = made(NSError.class, mac.loginItemFailure);
+    }
+    return NO;
+}
+@implementation SMAppService
++ (SMAppService*)mainAppService RETURNS(shared(self));
+- (SMAppServiceStatus)status RETURNS(mac.loginItem);
+- (BOOL)registerAndReturnError:(NSError**)error
+    RETURNS(setLoginItem(mac.loginItemAfterRegistration, error));
+- (BOOL)unregisterAndReturnError:(NSError**)error
+    RETURNS(setLoginItem(SMAppServiceStatusNotRegistered, error));
+@end
+
+// The user's notifications
+
+NSString* const UNNotificationDefaultActionIdentifier =
+    @"com.apple.UNNotificationDefaultActionIdentifier";
+NSString* const UNNotificationDismissActionIdentifier =
+    @"com.apple.UNNotificationDismissActionIdentifier";
+
+@implementation UNNotificationAction
++ (instancetype)actionWithIdentifier:(NSString*)identifier
+                               title:(NSString*)title
+                             options:(UNNotificationActionOptions)options
+    RETURNS(made(self, text(identifier) + "=" + text(title) + "/" + std::to_string(options)));
+@end
+@implementation UNNotificationCategory
++ (instancetype)categoryWithIdentifier:(NSString*)identifier
+                               actions:(NSArray<UNNotificationAction*>*)actions
+                     intentIdentifiers:(NSArray<NSString*>*)intents
+                               options:(UNNotificationCategoryOptions)options
+{
+    std::string all = text(identifier) + (options == 0 && intents.count == 0 ? "" : " wrong");
+    for (UNNotificationAction* const action in actions) {
+        all += ", " + summary(action);
+    }
+    return made(self, all);
+}
+@end
+@implementation UNNotificationSound
++ (UNNotificationSound*)defaultSound RETURNS(shared(self));
+@end
+EMPTY(UNNotificationContent)
+EMPTY(UNMutableNotificationContent)
+EMPTY(UNNotificationTrigger)
+@implementation UNTimeIntervalNotificationTrigger
++ (instancetype)triggerWithTimeInterval:(NSTimeInterval)interval repeats:(BOOL)repeats
+{
+    if (!(interval > 0)) {
+        raise("time interval must be greater than 0");
+    }
+    return made(self, (repeats ? "every " : "in ") + number(interval));
+}
+@end
+@implementation UNNotificationRequest
++ (instancetype)requestWithIdentifier:(NSString*)identifier
+                              content:(UNNotificationContent*)content
+                              trigger:(UNNotificationTrigger*)trigger
+{
+    UNMutableNotificationContent* const all = (UNMutableNotificationContent*)content;
+    return made(self,
+                text(identifier) + "|" + text(all.title) + "|" + text(all.body) + "|" +
+                    (all.sound != nil ? "sound" : "silent") + "|" + text(all.categoryIdentifier) +
+                    "|" + (trigger == nil ? "at once" : summary(trigger)));
+}
+@end
+@implementation UNNotificationResponse
+- (NSString*)actionIdentifier RETURNS(string(summary(self)));
+@end
+
+@implementation UNUserNotificationCenter
++ (UNUserNotificationCenter*)currentNotificationCenter
+{
+    if (!mac.hasBundle) {
+        raise("bundleProxyForCurrentProcess is nil");
+    }
+    return shared(self);
+}
+- (void)requestAuthorizationWithOptions:(UNAuthorizationOptions)options
+                      completionHandler:(void (^)(BOOL, NSError*))handler
+{
+    note(self, "authorise " + std::to_string(options));
+    handler(NO, made(NSError.class, "refused"));
+}
+- (void)setNotificationCategories:(NSSet*)categories
+    DOES(note(self, "categories " + summary(categories)));
+- (void)addNotificationRequest:(UNNotificationRequest*)request
+         withCompletionHandler:(void (^)(NSError*))handler
+    DOES(note(self, "add " + summary(request)));
+@end

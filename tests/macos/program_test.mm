@@ -1,0 +1,266 @@
+// The whole program: its main function over macos/, with tools of the test in place of the
+// system's.
+
+#include "mac_test.h"
+#include "model/battery_model.h"
+
+#include "posix/temporary_directory.h"
+
+#define main voltmereMain
+#include "app/main.cpp"
+#undef main
+
+namespace voltmere {
+namespace {
+
+constexpr const char* mouseAt12 = R"(cat <<END
++-o AppleDeviceManagementHIDEventService
+    {
+      "BatteryPercent" = 12
+      "ProductID" = 803
+    }
+END)";
+
+struct MacProgram : MacTest {
+    MacProgram()
+        : MacTest(true)
+    {
+        mac.supportDirectory = directory.path();
+        writeTool("system_profiler", "");
+        writeTool("ioreg", mouseAt12);
+    }
+
+    ~MacProgram() override { BatteryModel::launchSettled = false; }
+
+    void writeTool(const std::string& name, const std::string& script)
+    {
+        std::ofstream(directory / name) << "#!/bin/sh\n" << script << '\n';
+        std::filesystem::permissions(directory / name, std::filesystem::perms::owner_all);
+    }
+
+    int call(std::vector<std::string> words) const
+    {
+        words.insert(words.begin(), "voltmere");
+        if (words.back() != "--demo") {
+            words.insert(words.end(), {"--tools", directory.path()});
+        }
+        std::vector<char*> pointers;
+        for (std::string& word : words) {
+            pointers.push_back(word.data());
+        }
+        pointers.push_back(nullptr);
+        return voltmereMain(static_cast<int>(words.size()), pointers.data());
+    }
+
+    int run(std::vector<std::string> words)
+    {
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        const int status = call(std::move(words));
+        output = testing::internal::GetCapturedStdout();
+        errors = testing::internal::GetCapturedStderr();
+        return status;
+    }
+
+    TemporaryDirectory directory;
+    std::string output;
+    std::string errors;
+};
+
+TEST_F(MacProgram, StartsInTheMenuBarAndEndsWithQuit)
+{
+    mac.whileRunning = [] {
+        EXPECT_TRUE(BatteryModel::launchSettled);
+        EXPECT_FALSE(panel().visible);
+        EXPECT_FALSE(mac.isActive) << "nothing takes the keyboard at the start";
+        settle();
+        EXPECT_EQ(text(mac.statusItem.button.toolTip), "Cellsentry\nMagic Mouse 12%");
+        EXPECT_TRUE(alert().visible);
+        EXPECT_TRUE([NSApp.delegate applicationSupportsSecureRestorableState:NSApp]);
+        pressIcon();
+        EXPECT_TRUE(panel().visible);
+        press(button("Quit"));
+    };
+    EXPECT_EQ(run({}), 0);
+    Lines asked = calls({"setImage:", "setToolTip:", "setLevel:"});
+    asked.resize(4);
+    const std::string category = "UNUserNotificationCenter categories LOW_BATTERY, "
+                                 "SNOOZE_20=In 20 minutes/0, SNOOZE_30=In 30 minutes/0, "
+                                 "SNOOZE_60=In 1 hour/0, SNOOZE_120=In 2 hours/0, "
+                                 "SNOOZE_CUSTOM=At a specific time…/4";
+    EXPECT_EQ(asked,
+              (Lines{"UNUserNotificationCenter authorise 6", "NSApplication run",
+                     "NSStatusBar statusItemWithLength:", category}));
+    EXPECT_TRUE(mac.isAgent);
+    EXPECT_EQ(NSApp.delegate, nil);
+    EXPECT_EQ(mac.statusItem, nil);
+}
+
+TEST_F(MacProgram, AnswersWhatTheUserChoseInANotification)
+{
+    mac.whileRunning = [] {
+        settle();
+        UNUserNotificationCenter* const centre = UNUserNotificationCenter.currentNotificationCenter;
+        const auto answers = std::make_shared<int>(0);
+        const auto asked = [&](const std::string& action) {
+            mac.calls.clear();
+            [centre.delegate userNotificationCenter:centre
+                     didReceiveNotificationResponse:made(UNNotificationResponse.class, action)
+                              withCompletionHandler:^{ ++*answers; }];
+            settle();
+            return calls();
+        };
+        const Lines added = asked("SNOOZE_60");
+        ASSERT_EQ(added.size(), 1U);
+        EXPECT_EQ(added[0].rfind("UNUserNotificationCenter add snooze-", 0), 0U);
+        const std::string content = "|Magic Mouse battery alert|Snoozed reminder: please charge "
+                                    "your mouse.|sound||in 3600";
+        EXPECT_NE(added[0].find(content), std::string::npos);
+        EXPECT_EQ(asked("SNOOZE_CUSTOM"), (Lines{"NSApplication activateIgnoringOtherApps:"}));
+        EXPECT_EQ(asked("unknown"), Lines());
+        EXPECT_EQ(*answers, 3);
+        press(button("Quit"));
+    };
+    EXPECT_EQ(run({"--panel"}), 0);
+}
+
+TEST_F(MacProgram, LogsAFailedLoginItemAndThenNotifies)
+{
+    mac.whileRunning = [] {
+        settle();
+        mac.calls.clear();
+        mac.loginItemFailure = "Operation not permitted";
+        press(button("Launch at login"));
+        const Lines asked = calls();
+        ASSERT_EQ(asked.size(), 3U);
+        EXPECT_EQ(asked[0], "SMAppService registerAndReturnError:");
+        EXPECT_EQ(asked[1], "NSLog Voltmere: 设置开机启动失败 Operation not permitted");
+        EXPECT_EQ(asked[2].rfind("UNUserNotificationCenter add launch-fail-", 0), 0U);
+        EXPECT_NE(asked[2].find("|Launch at login|Operation not permitted|silent||at once"),
+                  std::string::npos);
+        settle();
+        press(button("Quit"));
+    };
+    EXPECT_EQ(run({"--panel"}), 0);
+}
+
+TEST_F(MacProgram, OpensThePanelForASecondStartAndForFinder)
+{
+    mac.whileRunning = [this] {
+        settle();
+        EXPECT_EQ(call({}), 0);
+        EXPECT_TRUE(panel().visible);
+        settle();
+        pressIcon();
+        EXPECT_FALSE(panel().visible);
+        EXPECT_FALSE([NSApp.delegate applicationShouldHandleReopen:NSApp hasVisibleWindows:NO]);
+        EXPECT_TRUE(panel().visible);
+        settle();
+        press(button("Quit"));
+    };
+    EXPECT_EQ(run({}), 0);
+}
+
+TEST_F(MacProgram, ADemoLeavesTheRunningInstanceAndTheOutsideAlone)
+{
+    mac.whileRunning = [] {
+        settle();
+        press(button("Quit"));
+    };
+    EXPECT_EQ(run({"--panel", "--demo"}), 0) << errors;
+    EXPECT_FALSE(std::filesystem::exists(directory / "org.voltmere.Voltmere"));
+    const Lines all = calls();
+    EXPECT_EQ(std::ranges::count(all, "UNUserNotificationCenter authorise 6"), 0);
+}
+
+TEST_F(MacProgram, SaysWhatIsMissingInASessionWithoutAScreen)
+{
+    mac.isLoggedIn = false;
+    EXPECT_EQ(run({}), exitStatus::cannotRun);
+    EXPECT_EQ(errors, "voltmere: this session has no screen; log in at the Mac, or use --list\n");
+    NSApp = nil;
+    EXPECT_EQ(run({"--list"}), 0);
+    EXPECT_NE(output.find("Magic Mouse"), std::string::npos) << output;
+    EXPECT_EQ(run({"--diagnose"}), 0);
+    EXPECT_NE(output.find("macOS Version 14.5"), std::string::npos) << output;
+    EXPECT_EQ(run({"--unknown"}), exitStatus::wrongUsage);
+    EXPECT_NE(errors.find("--unknown"), std::string::npos) << errors;
+    EXPECT_EQ(calls(), Lines());
+    EXPECT_EQ(NSApp, nil);
+}
+
+TEST_F(MacProgram, EndsAtOnceWhileAToolHangs)
+{
+    writeTool("ioreg", "sleep 60");
+    mac.whileRunning = [] {
+        drainMainQueue(); // the reading has only begun
+        press(mac.statusItem.button);
+        press(button("Quit"));
+    };
+    EXPECT_EXIT(call({}), testing::ExitedWithCode(0), "");
+}
+
+TEST_F(MacProgram, DrawsItsPicturesInBothLanguagesLightAndDark)
+{
+    const std::filesystem::path album = directory / "new" / "album";
+    EXPECT_EQ(run({"--screenshots", album.string()}), 0) << errors;
+    std::map<std::string, std::string> pictures;
+    for (const auto& entry : std::filesystem::directory_iterator(album)) {
+        std::ifstream file(entry.path());
+        pictures[entry.path().filename()] = {std::istreambuf_iterator<char>(file), {}};
+    }
+    EXPECT_EQ(pictures.size(), 2U * (1 + 2 * (1 + 5)));
+    for (const auto& [name, picture] : pictures) {
+        const bool isDark = name.find("-dark.png") != std::string::npos;
+        const bool isChinese = name.find("-zh-") != std::string::npos;
+        const Lines all{"PNG ", isDark ? "on dark background" : "on light background",
+                        name.rfind("menu-bar", 0) == 0 ? "12% at 25 3 regular 13 red"
+                            : isChinese                ? "续航哨兵"
+                                                       : "Cellsentry"};
+        for (const std::string& part : all) {
+            EXPECT_NE(picture.find(part), std::string::npos) << name << '\n' << picture;
+        }
+    }
+    EXPECT_NE(pictures["panel-en-dark.png"].find("Magic Mouse headline ~ 12%"), std::string::npos);
+    EXPECT_EQ(mac.defaults.size(), 0U);
+}
+
+TEST_F(MacProgram, SaysWhichPictureItCannotWrite)
+{
+    std::ofstream(directory / "file") << "x";
+    EXPECT_EQ(run({"--screenshots", directory / "file" / "album"}), exitStatus::cannotRun);
+    EXPECT_NE(errors.find("cannot make the directory"), std::string::npos) << errors;
+    std::filesystem::create_directories(directory / "menu-bar-light.png");
+    EXPECT_EQ(run({"--screenshots", directory.path()}), exitStatus::cannotRun);
+    EXPECT_NE(errors.find("menu-bar-light.png"), std::string::npos) << errors;
+    EXPECT_EQ(std::ranges::count(errors, '\n'), 1) << "one line for all";
+}
+
+TEST(MacStatusIcon, IsTheFirstOfItsSourcesThatIsThere)
+{
+    // It is made once in a process, so each of these has a process of its own.
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto drawStatusIcon = [](const std::set<std::string>& resources,
+                                   const std::string& damaged) {
+        mac = Mac();
+        mac.resources = resources;
+        mac.damagedResources = {damaged};
+        (void)NSApplication.sharedApplication;
+        NSImage* const icon = AppIconAsset::statusImage();
+        std::fprintf(stderr, "%s of %s", drawing(icon).front().c_str(),
+                     text({{}, icon.size}).c_str());
+        std::_Exit(icon.isTemplate || icon != AppIconAsset::statusImage() ? 1 : 0);
+    };
+    const std::set<std::string> all{"StatusIcon.png", "StatusIcon.icns", "AppIcon.icns"};
+    EXPECT_EXIT(drawStatusIcon(all, ""), testing::ExitedWithCode(0),
+                "StatusIcon.png in 0 0 20 20 of 0 0 20 20");
+    EXPECT_EXIT(drawStatusIcon({"StatusIcon.icns", "AppIcon.icns"}, ""), testing::ExitedWithCode(0),
+                "StatusIcon.icns in");
+    EXPECT_EXIT(drawStatusIcon(all, "StatusIcon.png"), testing::ExitedWithCode(0),
+                "AppIcon.icns in");
+    EXPECT_EXIT(drawStatusIcon({}, ""), testing::ExitedWithCode(0), "own icon in");
+    GTEST_FLAG_SET(death_test_style, "fast");
+}
+
+} // namespace
+} // namespace voltmere

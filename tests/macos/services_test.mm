@@ -1,0 +1,349 @@
+// The services of macOS: macos/ but for its windows.
+
+#include "mac_test.h"
+#include "macos/notifications.h"
+#include "macos/run_loop.h"
+#include "macos/settings.h"
+#include "macos/single_instance.h"
+#include "macos/text.h"
+
+#include "fakes/recording_log.h"
+#include "posix/temporary_directory.h"
+
+#include <cmath>
+#include <limits>
+
+namespace voltmere {
+namespace {
+
+struct MacServices : MacTest {
+    RecordingLog log;
+};
+
+TEST_F(MacServices, ATextKeepsItsBytesAndIsEmptyOtherwise)
+{
+    EXPECT_EQ(utf8Text(cocoaText(std::string_view("鼠标 12 %!").substr(0, 11))), "鼠标 12 %");
+    EXPECT_EQ(text(cocoaText("\xff")), "");
+    EXPECT_EQ(utf8Text(nil), "");
+    mac.languages = {"fr-FR", "zh-Hans-CN"};
+    EXPECT_EQ(makePreferredLanguages()->tags(), mac.languages);
+}
+
+TEST_F(MacServices, TheLogTakesALineAsATextAndNotAsAFormat)
+{
+    makeSystemLog()->write("Voltmere: 100 %@ %n\nfailed");
+    EXPECT_EQ(calls(), (Lines{"NSLog Voltmere: 100 %@ %n failed"}));
+}
+
+TEST_F(MacServices, TheLoginItemTellsItsStateAndItsFailures)
+{
+    using Status = LoginItemService::Status;
+    const auto service = makeLoginItemService();
+    const Status meanings[]{Status::notRegistered, Status::enabled, Status::requiresApproval,
+                            Status::notFound, Status::notFound};
+    for (mac.loginItem = 0; mac.loginItem < 5; ++mac.loginItem) {
+        EXPECT_EQ(service->status(), meanings[mac.loginItem]) << mac.loginItem;
+    }
+    EXPECT_EQ(calls(), Lines());
+    EXPECT_EQ(service->registerItem(), std::nullopt);
+    EXPECT_EQ(service->status(), Status::enabled);
+    EXPECT_EQ(service->unregisterItem(), std::nullopt);
+    EXPECT_EQ(service->status(), Status::notRegistered);
+    mac.loginItemFailure = "Operation not permitted";
+    EXPECT_EQ(service->registerItem(), "Operation not permitted");
+    EXPECT_EQ(service->unregisterItem(), "Operation not permitted");
+}
+
+TEST_F(MacServices, ASettingOfAnyTypeConvertsExactlyOrNotAtAll)
+{
+    constexpr auto lowest = std::numeric_limits<std::int64_t>::min();
+    struct Row {
+        id object;
+        std::optional<std::int64_t> integer;
+        std::optional<bool> boolean = std::nullopt;
+        std::optional<std::string> text = std::nullopt;
+    };
+    const Row rows[]{
+        {nil, {}},     {@"30", {}, {}, "30"}, {@"", {}, {}, ""}, {@30, 30},     {@-1, -1},
+        {@1, 1, true}, {@0, 0, false},        {@YES, 1, true},   {@250.0, 250}, {@2.5, {}},
+        {@1e300, {}},  {@(lowest), lowest},   {@ [@1], {}},      {@{}, {}}};
+    const UserDefaults settings;
+    for (const Row& row : rows) {
+        mac.defaults.clear();
+        if (row.object != nil) {
+            mac.defaults["key"] = row.object;
+        }
+        EXPECT_EQ(settings.integer("key"), row.integer) << &row - rows;
+        EXPECT_EQ(settings.boolean("key"), row.boolean) << &row - rows;
+        EXPECT_EQ(settings.text("key"), row.text) << &row - rows;
+    }
+    EXPECT_EQ(calls(), Lines()) << "reading writes nothing";
+}
+
+TEST_F(MacServices, SettingsAreStoredWithTheirTypes)
+{
+    UserDefaults settings;
+    settings.setInteger("threshold", -5000000000);
+    settings.setBoolean("enabled", true);
+    settings.setBoolean("instant", false);
+    EXPECT_EQ(calls(),
+              (Lines{"NSUserDefaults threshold = -5000000000", "NSUserDefaults enabled = YES",
+                     "NSUserDefaults instant = NO"}));
+    EXPECT_EQ(settings.integer("threshold"), -5000000000);
+    EXPECT_EQ(settings.boolean("instant"), false);
+}
+
+// Notifications
+
+struct Receiver : NotificationCentreDelegate {
+    void willPresent(std::function<void(std::uint32_t)> completion) override
+    {
+        heard.push_back("will present");
+        completion(18);
+    }
+    void didReceive(NotificationCentre& /*centre*/, const std::string& action,
+                    std::function<void()> completion) override
+    {
+        heard.push_back(action);
+        completion();
+    }
+
+    Lines heard;
+};
+
+struct MacNotifications : MacServices {
+    /// Tells the delegate of a notification and of a response, as the system does on any thread.
+    void callDelegate()
+    {
+        const auto shown = std::make_shared<Lines>();
+        answers = shown;
+        UNUserNotificationCenter* const centre = UNUserNotificationCenter.currentNotificationCenter;
+        [centre.delegate userNotificationCenter:centre
+                        willPresentNotification:(UNNotification*)@""
+                          withCompletionHandler:^(UNNotificationPresentationOptions options) {
+                              shown->push_back(std::to_string(options));
+                          }];
+        [centre.delegate userNotificationCenter:centre
+                 didReceiveNotificationResponse:made(UNNotificationResponse.class, "SNOOZE_60")
+                          withCompletionHandler:^{ shown->push_back("done"); }];
+    }
+
+    Receiver receiver;
+    std::shared_ptr<Lines> answers;
+};
+
+TEST_F(MacNotifications, TheCentreIsAskedAndTold)
+{
+    UserNotifications notifications(log);
+    notifications.requestAuthorisation(authorisation::alert | authorisation::sound);
+    notifications.setCategories(
+        {{"LOW_BATTERY", {{"SNOOZE_20", "20 分钟后", false}, {"SNOOZE_CUSTOM", "At…", true}}}});
+    notifications.add({"snooze-1", {"T", "电", true, ""}, Seconds(1200)});
+    notifications.add({"fail-1", {"T", "B", false, "C"}, std::nullopt});
+    for (const double refused : {0.0, -1.0, std::nan("")}) {
+        notifications.add({"fail-1", {"T", "B", false, "C"}, Seconds(refused)});
+    }
+    const std::string centre = "UNUserNotificationCenter ";
+    const std::string atOnce = centre + "add fail-1|T|B|silent|C|at once";
+    EXPECT_EQ(calls(),
+              (Lines{centre + "authorise 6",
+                     centre +
+                         "categories LOW_BATTERY, SNOOZE_20=20 分钟后/0, "
+                         "SNOOZE_CUSTOM=At…/4",
+                     centre + "add snooze-1|T|电|sound||in 1200", atOnce, atOnce, atOnce, atOnce}));
+    EXPECT_EQ(log.lines, Lines());
+}
+
+TEST_F(MacNotifications, EachCallIsAnsweredOnceAndOnTheMainQueue)
+{
+    auto notifications = std::make_unique<UserNotifications>(log);
+    notifications->setDelegate(&receiver);
+    callDelegate();
+    EXPECT_EQ(receiver.heard, Lines()) << "not on the thread of the system";
+    drainMainQueue();
+    EXPECT_EQ(receiver.heard, (Lines{"will present", "SNOOZE_60"}));
+    EXPECT_EQ(*answers, (Lines{"18", "done"}));
+    callDelegate();
+    notifications.reset();
+    EXPECT_EQ(UNUserNotificationCenter.currentNotificationCenter.delegate, nil);
+    drainMainQueue();
+    EXPECT_EQ(*answers, (Lines{"0", "done"})) << "after the end too";
+    EXPECT_EQ(receiver.heard.size(), 2U);
+}
+
+TEST_F(MacNotifications, AProcessWithoutABundleSaysSoOnceAndGoesOn)
+{
+    mac.hasBundle = false;
+    UserNotifications notifications(log);
+    notifications.requestAuthorisation(6);
+    notifications.setDelegate(&receiver);
+    notifications.setCategories({{"LOW_BATTERY", {}}});
+    notifications.add({"x", {"T", "B", false, ""}, Seconds(1)});
+    EXPECT_EQ(calls(), Lines());
+    ASSERT_EQ(log.lines.size(), 1U);
+    EXPECT_EQ(log.lines[0].rfind("Voltmere: ", 0), 0U);
+    EXPECT_NE(log.lines[0].find("bundleProxyForCurrentProcess is nil"), std::string::npos);
+}
+
+// The run loop
+
+struct MacTime : MacTest {
+    std::function<void()> fire(const std::string& name)
+    {
+        return [this, name] { fired.push_back(name); };
+    }
+
+    MacRunLoop loop;
+    Lines fired;
+};
+
+TEST_F(MacTime, TimersFireWhenTheyAreDueAndKeepTheProgramAwake)
+{
+    mac.isTracking = true; // a menu is open
+    auto once = loop.scheduleOnce(Seconds(2.5), fire("once"));
+    auto often = loop.scheduleRepeating(Seconds(1), fire("often"));
+    advance(0.99);
+    EXPECT_EQ(fired, Lines());
+    advance(2.5);
+    EXPECT_EQ(fired, (Lines{"often", "often", "once", "often"}));
+    EXPECT_EQ(mac.activities.size(), 2U);
+    often.reset();
+    often = loop.scheduleRepeating(Seconds(1), [&] {
+        fired.push_back("last");
+        often.reset();
+    });
+    once = loop.scheduleOnce(Seconds(1), fire("never"));
+    once.reset();
+    advance(5);
+    sleepFor(5);
+    EXPECT_EQ(fired.size(), 5U);
+    EXPECT_EQ(fired.back(), "last") << "a timer may end itself";
+    EXPECT_TRUE(mac.activities.empty());
+    mac.isTracking = false;
+}
+
+TEST_F(MacTime, TheTimeAsleepCounts)
+{
+    const auto half = loop.scheduleOnce(Seconds(1800), fire("half an hour"));
+    advance(300);
+    sleepFor(1200);
+    advance(299);
+    EXPECT_EQ(fired, Lines());
+    advance(2);
+    EXPECT_EQ(fired, (Lines{"half an hour"}));
+    advance(3600);
+    sleepFor(3600);
+    const auto once = loop.scheduleOnce(Seconds(60), fire("once"));
+    const auto often = loop.scheduleRepeating(Seconds(60), fire("often"));
+    sleepFor(630);
+    advance(0.01);
+    EXPECT_EQ(fired.size(), 3U) << "what fell due asleep fires once right after";
+    advance(28);
+    EXPECT_EQ(fired.size(), 3U) << "the old rhythm goes on, and missed periods are not made up";
+    advance(3);
+    EXPECT_EQ(fired.size(), 4U);
+}
+
+TEST_F(MacTime, WorkGoesToItsQueue)
+{
+    loop.postLater(Seconds(2), fire("later"));
+    loop.postToMain(fire("main"));
+    loop.runInBackground(fire("background"));
+    EXPECT_EQ(drainMainQueue(), 1);
+    EXPECT_EQ(fired, (Lines{"main"}));
+    EXPECT_TRUE(loop.isBusy());
+    settle();
+    EXPECT_FALSE(loop.isBusy());
+    advance(3);
+    EXPECT_EQ(fired, (Lines{"main", "background", "later"}));
+}
+
+TEST_F(MacTime, TheLoopRunsUntilItIsStopped)
+{
+    loop.postToMain(fire("posted"));
+    const auto timer = loop.scheduleRepeating(Seconds(7), [&] {
+        fired.push_back("tick");
+        loop.stop(9);
+    });
+    EXPECT_EQ(loop.run(), 9);
+    EXPECT_EQ(loop.run(), 9) << "it can run again";
+    EXPECT_GT(fired.size(), 2U);
+    EXPECT_EQ(fired.front(), "posted");
+    (void)NSApplication.sharedApplication;
+    mac.whileRunning = [&] { loop.stop(4); };
+    EXPECT_EQ(loop.run(), 4);
+    EXPECT_EQ(calls(), (Lines{"NSApplication run"}));
+}
+
+// One instance
+
+TEST_F(MacServices, ALaterStartAsksTheFirstForItsPanel)
+{
+    const TemporaryDirectory directory;
+    mac.supportDirectory = directory.path();
+    const std::filesystem::path file = instanceLockPath();
+    EXPECT_EQ(file, directory / "org.voltmere.Voltmere" / "instance.lock");
+    int asked = 0;
+    auto first = std::make_unique<LockedInstance>();
+    EXPECT_FALSE(first->isLaterStart(file, log));
+    first->onActivation([&] { ++asked; });
+    EXPECT_TRUE(LockedInstance().isLaterStart(file, log));
+    EXPECT_EQ(asked, 1);
+    first.reset();
+    EXPECT_TRUE(mac.observers.empty());
+    EXPECT_FALSE(LockedInstance().isLaterStart(file, log)) << "the end frees the lock";
+    EXPECT_EQ(log.lines, Lines());
+    EXPECT_FALSE(LockedInstance().isLaterStart("/dev/null/lock", log));
+    ASSERT_EQ(log.lines.size(), 1U);
+    EXPECT_EQ(log.lines[0].rfind("Voltmere: /dev/null/lock", 0), 0U);
+}
+
+// The terminal
+
+std::string finding(const std::string& subject, bool verbose = false)
+{
+    for (const Finding& one : describeSystem(verbose)) {
+        if (one.subject == subject) {
+            return one.text;
+        }
+    }
+    return "none";
+}
+
+TEST_F(MacServices, ADiagnosisTellsWhatTheSystemSays)
+{
+    EXPECT_EQ(finding("system"), "macOS Version 14.5 (Build 23F79)");
+    EXPECT_EQ(finding("bundle"), "Voltmere.app");
+    EXPECT_EQ(finding("bundle", true), "/Applications/Voltmere.app");
+    EXPECT_EQ(finding("settings"), "org.voltmere.Voltmere");
+    mac.defaults = {{"hour", @"ten"}, {"threshold", @30}};
+    EXPECT_NE(finding("settings").find(": hour"), std::string::npos);
+    EXPECT_EQ(finding("settings").find("threshold"), std::string::npos);
+    mac.hasBundle = false;
+    EXPECT_EQ(finding("bundle").rfind("none", 0), 0U);
+    EXPECT_EQ(finding("settings").find("org.voltmere"), std::string::npos);
+    EXPECT_EQ(demoToolsDirectory(), "/Applications/Voltmere.app/Contents/Resources/demo");
+    EXPECT_EQ(makeSystemSources("/sys").label, "");
+}
+
+TEST_F(MacServices, AClosedOutputIsNoticed)
+{
+    int ends[2];
+    ASSERT_EQ(::pipe(ends), 0);
+    const int own = ::dup(STDOUT_FILENO);
+    ::dup2(ends[1], STDOUT_FILENO);
+    ::close(ends[1]);
+    int closed = 0;
+    auto watch = watchForClosedOutput([&] { ++closed; });
+    advance(30);
+    EXPECT_EQ(closed, 0);
+    ::close(ends[0]);
+    advance(10);
+    EXPECT_GE(closed, 1);
+    watch.reset();
+    ::dup2(own, STDOUT_FILENO);
+    ::close(own);
+}
+
+} // namespace
+} // namespace voltmere

@@ -1,0 +1,649 @@
+// The icon, the panel and the snooze alert: macos/ui over a model whose other ports are fakes.
+
+#include "mac_test.h"
+#include "macos/run_loop.h"
+#include "macos/settings.h"
+#include "macos/ui/front_end.h"
+
+#include "fakes/model_world.h"
+
+namespace voltmere {
+namespace {
+
+NSStackView* stackIn(NSView* view)
+{
+    return (NSStackView*)view.subviews.firstObject;
+}
+
+struct MacWindows : MacTest {
+    MacWindows()
+        : MacTest(true)
+    {
+    }
+
+    ~MacWindows() override
+    {
+        scene.reset();
+        model.reset();
+    }
+
+    /// Shows the program with the first reading done.
+    void start(const std::vector<std::pair<std::int64_t, std::int64_t>>& productsAndLevels = {})
+    {
+        world.setLevels(productsAndLevels);
+        model = std::make_unique<BatteryModel>(ModelServices{
+            defaults, loop, world.clock, world.calendar, world.loginItems, world.notifications,
+            world.notificationDelegate, frontEnd.alerts(), world.log, world.reader});
+        settle();
+        scene = frontEnd.show(*model);
+        settle();
+        mac.calls.clear();
+    }
+
+    static std::string shown() { return [panel().contentView seen]; }
+    static NSStatusBarButton* icon() { return mac.statusItem.button; }
+
+    ModelWorld world;
+    UserDefaults defaults;
+    MacRunLoop loop;
+    MacFrontEnd frontEnd{loop};
+    std::unique_ptr<BatteryModel> model;
+    std::unique_ptr<Scene> scene;
+};
+
+// The icon
+
+TEST_F(MacWindows, TheIconShowsTheWeakestDevice)
+{
+    start({{803, 40}, {805, 15}});
+    EXPECT_EQ(drawing(icon().image),
+              (Lines{"StatusIcon.png in 0 1 20 20", "15% at 25 3 regular 13 red"}));
+    EXPECT_EQ(text({{}, icon().image.size}), "0 0 43 22");
+    EXPECT_FALSE(icon().image.isTemplate);
+    EXPECT_EQ(icon().imagePosition, NSImageOnly);
+    EXPECT_EQ(text(icon().toolTip), "Cellsentry\nMagic Mouse 40%\nMagic Keyboard 15%");
+    EXPECT_EQ(text(icon().accessibilityLabel), "Cellsentry, Magic Mouse 40%, Magic Keyboard 15%");
+    world.setLevels({{803, 21}});
+    model->checkNow();
+    settle();
+    for (const auto& [appearance, colour] :
+         {std::pair(NSAppearanceNameDarkAqua, "white"), std::pair(NSAppearanceNameAqua, "black"),
+          std::pair((NSString*)nil, "black")}) {
+        setAppearance(appearance);
+        EXPECT_EQ(drawing(icon().image).back(), std::string("21% at 25 3 regular 13 ") + colour);
+    }
+    world.setLevels({});
+    model->checkNow();
+    settle();
+    EXPECT_EQ(drawing(icon().image), (Lines{"StatusIcon.png in 0 1 20 20"}));
+    EXPECT_EQ(icon().image.size.width, 20);
+}
+
+TEST_F(MacWindows, TheIconIsSetOnlyWhenItChanges)
+{
+    start({{803, 50}});
+    model->threshold = 30;
+    model->enabled = false;
+    settle();
+    EXPECT_EQ(calls({"NSUserDefaults"}), Lines()) << "a click may be under way";
+    world.setLevels({{803, 49}});
+    model->checkNow();
+    EXPECT_EQ(calls(), Lines()) << "not before the reading is done";
+    settle();
+    EXPECT_EQ(calls(), (Lines{"NSStatusBarButton setImage:", "NSStatusBarButton setToolTip:"}));
+}
+
+TEST_F(MacWindows, TheIconTakesBothMouseButtonsAndGoesWithTheProgram)
+{
+    start();
+    EXPECT_EQ(icon().eventMask, NSEventMaskLeftMouseDown | NSEventMaskRightMouseDown);
+    scene.reset();
+    EXPECT_EQ(calls(), (Lines{"NSStatusBar removeStatusItem:"}));
+    setAppearance(NSAppearanceNameDarkAqua);
+}
+
+// The panel
+
+TEST_F(MacWindows, ThePanelHasTheRowsOfItsDefinition)
+{
+    start({{803, 20}, {805, 21}});
+    pressIcon();
+    EXPECT_EQ(shown(),
+              "~ (AppIcon.icns in 0 0 22 22) Cellsentry headline ~\n"
+              "---\n"
+              "(magicmouse) Magic Mouse headline ~ 20% bold 15 red\n"
+              "(keyboard) Magic Keyboard headline ~ 21% bold 15 label\n"
+              "---\n"
+              "Alert below <20%> [x Immediately] ~\n"
+              "[x Daily check]\n"
+              "Check time ~ <22> : <30>\n"
+              "Low battery: Magic Mouse 20% red\n"
+              "[Enable / test alert]\n"
+              "[o Launch at login]\n"
+              "---\n"
+              "[Quit] ~ Language <System>");
+    NSStackView* const column = (NSStackView*)panel().contentView;
+    EXPECT_EQ(column.spacing, 12);
+    EXPECT_EQ(column.alignment, NSLayoutAttributeLeading);
+    const NSEdgeInsets edges = column.edgeInsets;
+    EXPECT_EQ(text(NSMakeRect(edges.top, edges.left, edges.bottom, edges.right)), "16 16 16 16");
+    EXPECT_EQ([column constraints], (Lines{"width = 320"}));
+    EXPECT_EQ([popUp(panel(), 0) constraints], (Lines{"width = 80"}));
+}
+
+TEST_F(MacWindows, ThePanelDoesWithoutDevicesIconsAndSymbols)
+{
+    mac.defaults["language"] = @"zh";
+    mac.resources.clear();
+    mac.unknownSymbols = {"questionmark.circle"};
+    start();
+    pressIcon();
+    EXPECT_EQ(shown(),
+              "~ 续航哨兵 headline ~\n---\n() 未检测到外设 ~\n---\n"
+              "电量低于 <20%> 提醒 [x 立即提醒] ~\n[x 每天定时检查]\n"
+              "检查时间 ~ <22> : <30>\n未检测到外设 secondary\n[开启/测试通知]\n"
+              "[o 开机自动启动]\n---\n[退出] ~ 语言 <简体中文>");
+}
+
+TEST_F(MacWindows, ThePanelFollowsTheModelOncePerTurn)
+{
+    start();
+    pressIcon();
+    model->enabled = false;
+    model->threshold = 33;
+    EXPECT_EQ(button("Daily check").state, NSControlStateValueOn) << "not within the turn";
+    EXPECT_EQ(drainMainQueue(), 2) << "the icon and the panel";
+    EXPECT_EQ(button("Daily check").state, NSControlStateValueOff);
+    EXPECT_EQ(popUp(panel(), 0).indexOfSelectedItem, 32);
+}
+
+TEST_F(MacWindows, EachChoiceReachesTheModelAndTheSettings)
+{
+    start();
+    pressIcon();
+    EXPECT_EQ(popUp(panel(), 0).itemTitles.count, 90U);
+    EXPECT_EQ(popUp(panel(), 1).itemTitles.count, 24U);
+    EXPECT_EQ(popUp(panel(), 2).itemTitles.count, 12U);
+    mac.calls.clear();
+    choose(popUp(panel(), 0), 49);
+    EXPECT_EQ(calls(),
+              (Lines{"NSUserDefaults threshold = 50", "NSUserDefaults hour = 22",
+                     "NSUserDefaults minute = 30", "NSUserDefaults enabled = YES",
+                     "NSUserDefaults instant = YES"}));
+    choose(popUp(panel(), 1), 7);
+    choose(popUp(panel(), 2), 11);
+    press(button("Immediately"));
+    press(button("Daily check"));
+    EXPECT_EQ(model->threshold, 50);
+    EXPECT_EQ(model->checkHour, 7);
+    EXPECT_EQ(model->checkMinute, 55);
+    EXPECT_EQ(model->instantEnabled, false);
+    EXPECT_EQ(model->enabled, false);
+    settle();
+    press(button("Daily check"));
+    EXPECT_EQ(model->enabled, true);
+    mac.calls.clear();
+    choose(popUp(panel(), 3), 1);
+    EXPECT_EQ(model->language.get(), "zh");
+    EXPECT_EQ(calls().size(), 5U) << "the language itself is never written";
+    settle();
+    EXPECT_NE(button("退出"), nil);
+}
+
+TEST_F(MacWindows, AStoredValueThatIsNoChoiceStays)
+{
+    mac.defaults = {{"minute", @7}, {"threshold", @250}, {"hour", @99}, {"enabled", @"no"}};
+    start();
+    pressIcon();
+    mac.calls.clear();
+    for (const int index : {0, 1, 2}) {
+        EXPECT_EQ(popUp(panel(), index).indexOfSelectedItem, -1);
+        [popUp(panel(), index) sendAction];
+    }
+    EXPECT_EQ(model->threshold, 250);
+    EXPECT_EQ(model->checkHour, 99);
+    EXPECT_EQ(model->checkMinute, 7);
+    EXPECT_EQ(model->enabled, true);
+    EXPECT_EQ(calls(), Lines());
+}
+
+TEST_F(MacWindows, OpeningThePanelAsksAnewAndNeverAlerts)
+{
+    start();
+    world.loginItems.afterRegistration = LoginItemService::Status::requiresApproval;
+    pressIcon();
+    press(button("Launch at login"));
+    EXPECT_EQ(world.loginItems.registrations, 1);
+    settle();
+    EXPECT_EQ(button("Launch at login").state, NSControlStateValueOff);
+    pressEscape();
+    world.loginItems.present = LoginItemService::Status::enabled;
+    world.setLevels({{803, 3}});
+    pressIcon();
+    EXPECT_EQ(button("Launch at login").state, NSControlStateValueOn);
+    EXPECT_EQ(world.loginItems.registrations, 1);
+    EXPECT_NE(shown().find("3% bold 15 red"), std::string::npos);
+    EXPECT_EQ(mac.alert, nil);
+}
+
+TEST_F(MacWindows, ThePanelTakesTheKeyboardWithoutActivatingTheProgram)
+{
+    start();
+    press(icon());
+    EXPECT_EQ(mac.keyWindow, panel());
+    EXPECT_FALSE(mac.isActive);
+    EXPECT_EQ(calls({"ImageView", "setLevel:"}),
+              (Lines{"NSApplication unhideWithoutActivation",
+                     "VoltmerePanel makeKeyAndOrderFront:", "VoltmerePanel makeFirstResponder:"}));
+    EXPECT_EQ(panel().level, NSStatusWindowLevel);
+    EXPECT_EQ(panel().styleMask,
+              NSWindowStyleMaskTitled | NSWindowStyleMaskFullSizeContentView |
+                  NSWindowStyleMaskNonactivatingPanel);
+    EXPECT_FALSE(panel().hidesOnDeactivate || panel().releasedWhenClosed || panel().movable);
+    EXPECT_TRUE(panel().titlebarAppearsTransparent);
+    EXPECT_EQ(panel().titleVisibility, NSWindowTitleHidden);
+    EXPECT_EQ(text(panel().title), "Cellsentry");
+    EXPECT_EQ(panel().collectionBehavior,
+              NSWindowCollectionBehaviorMoveToActiveSpace | NSWindowCollectionBehaviorTransient |
+                  NSWindowCollectionBehaviorIgnoresCycle |
+                  NSWindowCollectionBehaviorFullScreenAuxiliary);
+    for (const auto one : {NSWindowCloseButton, NSWindowMiniaturizeButton, NSWindowZoomButton}) {
+        EXPECT_TRUE([panel() standardWindowButton:one].hidden);
+    }
+    EXPECT_FALSE(icon().isHighlighted) << "the click has not ended";
+    settle();
+    EXPECT_TRUE(icon().isHighlighted);
+}
+
+TEST_F(MacWindows, ThePanelClosesForEachOfItsReasons)
+{
+    start();
+    NSWindow* const other = [[NSPanel alloc] initWithContentRect:NSZeroRect
+                                                       styleMask:NSWindowStyleMaskTitled
+                                                         backing:NSBackingStoreBuffered
+                                                           defer:NO];
+    NSNotificationCenter* const centre = NSWorkspace.sharedWorkspace.notificationCenter;
+    const std::function<void()> reasons[]{
+        [] { pressEscape(); },
+        [] { press(icon()); },
+        [] { clickElsewhere(); },
+        [&] { [other makeKeyAndOrderFront:nil]; },
+        [&] { post(centre, NSWorkspaceActiveSpaceDidChangeNotification); },
+    };
+    for (const auto& reason : reasons) {
+        mac.keyWindow = nil;
+        pressIcon();
+        EXPECT_TRUE(panel().visible);
+        reason();
+        EXPECT_FALSE(panel().visible) << &reason - reasons;
+        EXPECT_FALSE(icon().isHighlighted);
+        EXPECT_EQ(mac.monitors.size(), 0U);
+        press(icon());
+        reason();
+        settle();
+        EXPECT_FALSE(icon().isHighlighted) << "it was open for less than a turn";
+    }
+    pressIcon();
+    mac.pointer = {1010, 880};
+    mac.pressedButtons = 1;
+    clickElsewhere();
+    EXPECT_TRUE(panel().visible) << "it would open again at the icon's own action";
+    mac.pointer = {500, 500};
+    clickElsewhere();
+    EXPECT_FALSE(panel().visible);
+    mac.pointer = {1010, 880};
+    mac.pressedButtons = 0;
+    pressIcon();
+    clickElsewhere();
+    EXPECT_FALSE(panel().visible);
+}
+
+TEST_F(MacWindows, ThePanelStandsUnderItsIconOrWhereThePersonIs)
+{
+    start();
+    pressIcon();
+    EXPECT_EQ(text(panel().frame), "870 476 320 400");
+    mac.fittingSize = {320, 500};
+    model->threshold = 30;
+    settle();
+    EXPECT_EQ(text(panel().frame), "870 376 320 500") << "the upper edge stays";
+    pressEscape();
+    mac.otherScreens = {{{1440, 0}, {1000, 800}}};
+    mac.pointer = {1500, 790};
+    pressIcon();
+    EXPECT_EQ(text(panel().frame), "1440 300 320 500") << "the menu bar of the other screen";
+    pressEscape();
+    mac.pointer = {900, 890};
+    pressIcon();
+    EXPECT_EQ(text(panel().frame), "870 376 320 500");
+}
+
+TEST_F(MacWindows, ThePanelOpensAtTheTopRightForAHiddenIcon)
+{
+    mac.statusWindow = {{-500, 2000}, {60, 24}};
+    start();
+    scene->openPanel();
+    EXPECT_EQ(text(panel().frame), "1120 476 320 400");
+    mac.calls.clear();
+    scene->openPanel();
+    EXPECT_EQ(calls(), (Lines{"VoltmerePanel makeKeyAndOrderFront:"}))
+        << "an open one comes to the front";
+    scene.reset();
+    EXPECT_EQ(mac.monitors.size(), 0U);
+    model->threshold = 5;
+}
+
+TEST_F(MacWindows, ThePanelStaysOnTheScreen)
+{
+    const auto corner = [](double x, double y, double height) {
+        const NSPoint point = panelCorner({{x, y}, {60, 24}}, {320, height}, mac.visibleScreen);
+        return std::pair(point.x, point.y);
+    };
+    EXPECT_EQ(corner(700, 876, 400), std::pair(570.0, 876.0));
+    EXPECT_EQ(corner(1380, 876, 400), std::pair(1120.0, 876.0));
+    EXPECT_EQ(corner(20, 876, 400), std::pair(0.0, 876.0));
+    EXPECT_EQ(corner(700, 876, 2000), std::pair(570.0, 876.0)) << "the upper rows matter more";
+    EXPECT_EQ(corner(700, 100, 400), std::pair(570.0, 440.0)) << "all of it is above the Dock";
+}
+
+TEST_F(MacWindows, TheKeyboardGoesBackAfterTheLastWindow)
+{
+    start();
+    pressIcon();
+    press(button("Enable / test alert"));
+    EXPECT_TRUE(mac.isActive);
+    EXPECT_FALSE(panel().visible) << "the alert has the keyboard";
+    pressEscape();
+    EXPECT_EQ(calls().back(), "NSApplication hide:");
+    pressIcon();
+    EXPECT_TRUE(panel().visible) << "a hidden program's windows are shown again";
+    pressEscape();
+    EXPECT_EQ(calls().back(), "VoltmerePanel orderOut:") << "the program was not active";
+    model->showSnoozeAlert({}, false);
+    scene->openPanel();
+    pressEscape();
+    EXPECT_TRUE(mac.isActive) << "the alert is still open";
+    press(button("Cancel"));
+    EXPECT_FALSE(mac.isActive);
+}
+
+// The snooze alert
+
+TEST_F(MacWindows, TheAlertHasTheRowsOfItsDefinition)
+{
+    world.setClock(22, 58);
+    start({{803, 12}});
+    NSView* const container = mac.alert.accessoryView;
+    EXPECT_EQ(text(container.frame), "0 0 237 252");
+    EXPECT_EQ([container seen],
+              "Cellsentry regular 13 label\n"
+              "Magic Mouse battery alert bold 13 label\n"
+              "Battery at 12%. Please charge. regular 13 red\n"
+              "Remind me again regular 13 label\n"
+              "[In 20 minutes]\n[In 30 minutes]\n[In 1 hour]\n[In 2 hours]\n"
+              "At a time <23> : <55> [OK]");
+    NSStackView* const stack = stackIn(container);
+    EXPECT_EQ([stack constraints], (Lines{"top = superview top", "leading = superview leading"}));
+    EXPECT_FALSE(stack.translatesAutoresizingMaskIntoConstraints);
+    EXPECT_EQ(stack.spacing, 6);
+    EXPECT_EQ(stack.alignment, NSLayoutAttributeCenterX);
+    NSUInteger row = 0;
+    for (NSView* const view in stack.arrangedSubviews) {
+        if (row < 4) {
+            EXPECT_EQ(((NSTextField*)view).alignment, NSTextAlignmentCenter);
+            EXPECT_EQ([view constraints].front(), "height = 16");
+        } else {
+            EXPECT_EQ([view constraints], (Lines{"width = 237", "height = 28"}));
+            EXPECT_FALSE(view.translatesAutoresizingMaskIntoConstraints);
+            EXPECT_TRUE(row == 8 || ((NSButton*)view).controlSize == NSControlSizeLarge);
+        }
+        ++row;
+    }
+    EXPECT_EQ(row, 9U);
+    EXPECT_EQ(text(mac.alert.messageText), "");
+    EXPECT_EQ(mac.alert.alertStyle, NSAlertStyleWarning);
+    EXPECT_EQ(drawing(mac.alert.icon), (Lines{"AppIcon.icns in 0 0 64 64"}));
+    EXPECT_FALSE(mac.alert.icon.isTemplate);
+    EXPECT_EQ(mac.alert.buttons.count, 1U);
+    EXPECT_EQ(text(button("Cancel").keyEquivalent), "\x1b");
+    EXPECT_EQ(button("Cancel").keyEquivalentModifierMask, 0U);
+}
+
+TEST_F(MacWindows, TheRowForATimeIsLaidOutAsDefined)
+{
+    start({{803, 12}});
+    NSStackView* const stack = (NSStackView*)popUp(alert(), 0).superview;
+    EXPECT_EQ(stack.orientation, NSUserInterfaceLayoutOrientationHorizontal);
+    EXPECT_EQ(stack.alignment, NSLayoutAttributeCenterY);
+    EXPECT_EQ(stack.spacing, 6);
+    EXPECT_FALSE(stack.translatesAutoresizingMaskIntoConstraints);
+    EXPECT_EQ([stack constraints],
+              (Lines{"centreX = superview centreX", "centreY = superview centreY"}));
+    std::vector<CGFloat> gaps;
+    for (NSView* const view in stack.arrangedSubviews) {
+        gaps.push_back(view.gapAfter);
+    }
+    EXPECT_EQ(gaps, (std::vector<CGFloat>{0, 3, 3, 0, 0})) << "0 is the stack's own";
+    EXPECT_EQ(popUp(alert(), 0).itemTitles.count, 24U);
+    EXPECT_EQ(popUp(alert(), 1).itemTitles.count, 12U);
+    for (const int index : {0, 1}) {
+        EXPECT_EQ([popUp(alert(), index) constraints], (Lines{"width = 52"}));
+        EXPECT_EQ(summary(popUp(alert(), index)), "pop-up");
+        EXPECT_FALSE(popUp(alert(), index).translatesAutoresizingMaskIntoConstraints);
+    }
+    EXPECT_EQ([button("OK") constraints], Lines());
+    EXPECT_EQ(button("OK").controlSize, NSControlSizeRegular);
+    EXPECT_FALSE(button("OK").translatesAutoresizingMaskIntoConstraints);
+}
+
+TEST_F(MacWindows, TheAlertNamesEachDevice)
+{
+    mac.defaults["language"] = @"zh";
+    start({{803, 12}, {805, 8}});
+    const std::string low =
+        "外设电量提醒 bold 13 label\n鼠标12%、键盘8%，请及时充电。 regular 13 red";
+    EXPECT_NE([mac.alert.accessoryView seen].find(low), std::string::npos);
+    EXPECT_EQ(text(mac.alert.buttons.firstObject.title), "取消");
+    pressEscape();
+    world.setLevels({{803, 80}, {805, 64}});
+    model->language = "en";
+    pressIcon();
+    press(button("Enable / test alert"));
+    const std::string good =
+        "Peripheral battery bold 13 label\nAll good: Mouse80%, Keyboard64% regular 13 label";
+    EXPECT_NE([mac.alert.accessoryView seen].find(good), std::string::npos);
+}
+
+TEST_F(MacWindows, TheAlertIsShownInTheDefinedOrderAndBroughtToTheFrontAgain)
+{
+    start({{803, 12}});
+    pressEscape();
+    mac.calls.clear();
+    model->checkNow();
+    settle();
+    EXPECT_EQ(calls({"Button", "unhide", "ImageView"}),
+              (Lines{"NSAlert layout", "NSPanel center", "NSPanel setLevel:",
+                     "NSApplication activateIgnoringOtherApps:", "NSPanel makeKeyAndOrderFront:",
+                     "NSPanel orderFrontRegardless", "NSPanel makeFirstResponder:"}));
+    EXPECT_EQ(alert().level, NSFloatingWindowLevel);
+    EXPECT_FALSE(alert().hidesOnDeactivate);
+    NSAlert* const first = mac.alert;
+    mac.keyWindow = nil;
+    model->showSnoozeAlert({}, false);
+    EXPECT_EQ(calls(), (Lines{"NSPanel makeKeyAndOrderFront:"}));
+    EXPECT_EQ(mac.keyWindow, first.window);
+    EXPECT_EQ(mac.alert, first) << "it is not built again";
+}
+
+TEST_F(MacWindows, EachOptionHidesTheAlertAndBringsAFreshOne)
+{
+    start({{803, 12}});
+    for (const auto& [title, seconds] :
+         {std::pair("In 20 minutes", 1200), std::pair("In 30 minutes", 1800),
+          std::pair("In 1 hour", 3600), std::pair("In 2 hours", 7200)}) {
+        NSAlert* const before = mac.alert;
+        press(button(title));
+        EXPECT_FALSE(before.window.visible);
+        advance(seconds - 1);
+        EXPECT_EQ(mac.alert, before);
+        advance(2);
+        EXPECT_NE(mac.alert, before) << title;
+        EXPECT_TRUE(alert().visible);
+    }
+    pressEscape();
+    advance(9000);
+    EXPECT_FALSE(alert().visible) << "nothing was snoozed";
+}
+
+TEST_F(MacWindows, ATimeOfDayCanBeChosen)
+{
+    start({{803, 12}});
+    choose(popUp(alert(), 0), 7);
+    choose(popUp(alert(), 1), 9);
+    NSAlert* const before = mac.alert;
+    EXPECT_TRUE(before.window.visible) << "nothing happens before it is confirmed";
+    press(button("OK"));
+    EXPECT_FALSE(before.window.visible);
+    EXPECT_EQ(model->customHour, 7);
+    EXPECT_EQ(model->customMinute, 45);
+    advance((21 * 60 + 45) * 60 - 1); // it is 10:00
+    EXPECT_EQ(mac.alert, before);
+    advance(2);
+    EXPECT_NE(mac.alert, before);
+}
+
+TEST_F(MacWindows, TheAlertWaitsForTheEndOfTheLaunch)
+{
+    BatteryModel::launchSettled = false;
+    start({{803, 12}});
+    advance(5);
+    EXPECT_EQ(mac.alert, nil);
+    BatteryModel::launchSettled = true;
+    EXPECT_EQ(mac.alert, nil);
+    advance(1.21);
+    EXPECT_TRUE(alert().visible);
+}
+
+TEST_F(MacWindows, AnAlertDoesWithoutAnAppIconAndWithALongName)
+{
+    mac.resources.erase("AppIcon.icns");
+    AlertContent content;
+    content.title = {"", std::string(300, 'n'), " battery alert"};
+    const auto shown = frontEnd.alerts().present(content, {});
+    EXPECT_EQ(text({{}, mac.alert.icon.size}), "0 0 1 1") << "nil would show the application's";
+    EXPECT_EQ(summary(mac.alert.icon), "");
+    int limited = 0;
+    for (NSView* const row in stackIn(mac.alert.accessoryView).arrangedSubviews) {
+        limited += static_cast<int>(std::ranges::count([row constraints], "width <= 237"));
+    }
+    EXPECT_EQ(limited, 1) << "the rows stay where they are";
+}
+
+TEST_F(MacWindows, AnAlertMayGoInTheActionOfItsButton)
+{
+    std::unique_ptr<Alert> shown;
+    Lines chosen;
+    AlertContent content;
+    content.options = {"one", "two"};
+    content.confirmTitle = "OK";
+    content.hour.add("00", 0, 5);
+    content.minute.add("00", 0, 5);
+    AlertActions actions;
+    actions.chooseTime = [&](std::int64_t, std::int64_t) { chosen.push_back("time"); };
+    actions.chooseOption = [&](std::size_t option) {
+        shown.reset();
+        chosen.push_back(std::to_string(option));
+    };
+    shown = frontEnd.alerts().present(content, actions);
+    NSWindow* const window = alert();
+    for (const int index : {0, 1}) {
+        press(button("OK"));
+        EXPECT_EQ(chosen, Lines()) << "a time without a selection is none";
+        choose(popUp(window, index), 0);
+    }
+    press(button("OK"));
+    press(button("two"));
+    EXPECT_EQ(chosen, (Lines{"time", "1"}));
+    EXPECT_FALSE(window.visible);
+}
+
+// Hovering
+
+struct MacHovering : MacWindows {
+    MacHovering()
+    {
+        start({{803, 12}});
+        NSView* const controls[]{button("In 20 minutes"), button("In 30 minutes"),
+                                 popUp(alert(), 0), popUp(alert(), 1), button("Cancel")};
+        for (int index = 0; index < 5; ++index) {
+            place(controls[index], index);
+        }
+    }
+
+    /// Puts a control of 28 points at one of several places beside each other.
+    static void place(NSView* view, int index)
+    {
+        for (NSView* above = view.superview; above != nil; above = above.superview) {
+            above.frame = {{0, 0}, {300, 28}};
+        }
+        view.frame = NSMakeRect(50 * index, 0, 50, 28);
+    }
+
+    static void pointAt(int index)
+    {
+        mac.pointer = {500.0 + 50 * index + 25, 300.0 + 14};
+        advance(0.121);
+    }
+};
+
+TEST_F(MacHovering, TheControlUnderThePointerLightsUp)
+{
+    mac.isTracking = true; // a menu is open
+    pointAt(0);
+    EXPECT_TRUE(button("In 20 minutes").isHighlighted);
+    EXPECT_FALSE(button("In 30 minutes").isHighlighted);
+    pointAt(1);
+    EXPECT_FALSE(button("In 20 minutes").isHighlighted);
+    EXPECT_TRUE(button("In 30 minutes").isHighlighted);
+    pointAt(4);
+    EXPECT_TRUE(button("Cancel").isHighlighted);
+    mac.isHidden = true;
+    pointAt(9);
+    EXPECT_TRUE(button("Cancel").isHighlighted) << "behind a hidden window nothing changes";
+    mac.isHidden = mac.isTracking = false;
+    const std::size_t timers = mac.timers.size();
+    pressEscape();
+    EXPECT_EQ(mac.timers.size(), timers - 1) << "the poller has ended";
+    EXPECT_FALSE(button("Cancel").isHighlighted);
+    mac.pointer = {501, 301};
+    model->showSnoozeAlert(model->devices, true);
+    EXPECT_TRUE(button("Cancel").isHighlighted) << "before the first tick";
+}
+
+TEST_F(MacHovering, APopUpIsCoveredByARoundedOverlay)
+{
+    NSView* const hour = popUp(alert(), 0);
+    pointAt(2);
+    EXPECT_TRUE(hour.needsDisplay);
+    EXPECT_EQ(drawing(hour),
+              (Lines{"the view itself", "fill 0.5 0.5 49 27 rounded 6 6 label 0.2"}));
+    hour.frame = NSMakeRect(100, 0, 50, 10);
+    EXPECT_EQ(drawing(hour).back(), "fill 0.5 0.5 49 9 rounded 4 4 label 0.2");
+    pointAt(3);
+    EXPECT_EQ(drawing(hour), (Lines{"the view itself"}));
+    EXPECT_EQ(drawing((NSView*)popUp(alert(), 1)).size(), 2U);
+}
+
+TEST_F(MacHovering, AClickLeavesTheHoverLook)
+{
+    NSButton* const clicked = button("In 20 minutes");
+    clicked.target = nil;
+    [clicked mouseUp:made(NSEvent.class, "up")];
+    EXPECT_FALSE(clicked.isHighlighted);
+    pointAt(0);
+    [clicked mouseUp:made(NSEvent.class, "up")];
+    EXPECT_TRUE(clicked.isHighlighted) << "the pointer is still over it";
+}
+
+} // namespace
+} // namespace voltmere
