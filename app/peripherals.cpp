@@ -1,5 +1,7 @@
 #include "app/peripherals.h"
 
+#include <unistd.h>
+
 namespace voltmere {
 
 namespace {
@@ -13,6 +15,17 @@ std::string toolsDirectory(const CommandLine& commandLine, const std::string& sy
 }
 
 } // namespace
+
+std::string missingDemoTools()
+{
+    std::string missing;
+    for (const char* const tool : {"ioreg", "system_profiler"}) {
+        if (::access((demoToolsDirectory() + '/' + tool).c_str(), X_OK) != 0) {
+            missing += std::string(missing.empty() ? "" : " and ") + tool;
+        }
+    }
+    return missing;
+}
 
 Peripherals::Peripherals(const CommandLine& commandLine, SystemLog& log,
                          const std::string& systemTools)
