@@ -40,11 +40,34 @@ bool compositorHasLayers()
     return found;
 }
 
+using Layer = LayerShellQt::Window;
+
+/// Covers the desktop below all ordinary windows, unseen, and closes its parent on a click.
+class Ground : public QWidget {
+public:
+    explicit Ground(QWidget& panel)
+        : QWidget(&panel, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus)
+    {
+        setAttribute(Qt::WA_TranslucentBackground);
+        setAttribute(Qt::WA_ShowWithoutActivating);
+        winId(); // makes its QWindow
+        Layer& layer = *Layer::get(windowHandle());
+        layer.setAnchors(
+            {Layer::AnchorTop, Layer::AnchorBottom, Layer::AnchorLeft, Layer::AnchorRight});
+        layer.setLayer(Layer::LayerBottom);
+        layer.setKeyboardInteractivity(Layer::KeyboardInteractivityNone);
+        layer.setScreenConfiguration(Layer::ScreenFromCompositor);
+        layer.setScope("voltmere");
+    }
+
+protected:
+    void mousePressEvent(QMouseEvent* /*event*/) override { parentWidget()->close(); }
+};
+
 } // namespace
 
 bool standInLayer(QWidget& window, Qt::Edges edges)
 {
-    using Layer = LayerShellQt::Window;
     static const bool possible =
         QGuiApplication::platformName().startsWith("wayland") && compositorHasLayers();
     if (!possible) {
@@ -65,6 +88,11 @@ bool standInLayer(QWidget& window, Qt::Edges edges)
     layer.setScreenConfiguration(Layer::ScreenFromCompositor);
     layer.setScope("voltmere");
     return true;
+}
+
+void closeOnDesktopClick(QWidget& window)
+{
+    (new Ground(window))->show();
 }
 
 } // namespace voltmere

@@ -13,4 +13,8 @@ namespace voltmere {
 /// without LayerShellQt.
 bool standInLayer(QWidget& window, Qt::Edges edges);
 
+/// Closes `window`, which stands in a layer, on a click on the empty desktop. On sway such a click
+/// leaves the keyboard to the window.
+void closeOnDesktopClick(QWidget& window);
+
 } // namespace voltmere

@@ -9,4 +9,8 @@ bool standInLayer(QWidget& /*window*/, Qt::Edges /*edges*/)
     return false;
 }
 
+void closeOnDesktopClick(QWidget& /*window*/)
+{
+}
+
 } // namespace voltmere
