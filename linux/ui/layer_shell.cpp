@@ -42,7 +42,7 @@ bool compositorHasLayers()
 
 using Layer = LayerShellQt::Window;
 
-/// Covers the desktop below all ordinary windows, unseen, and closes its parent on a click.
+/// Covers all other windows, unseen, and closes its parent on a click.
 class Ground : public QWidget {
 public:
     explicit Ground(QWidget& panel)
@@ -54,7 +54,7 @@ public:
         Layer& layer = *Layer::get(windowHandle());
         layer.setAnchors(
             {Layer::AnchorTop, Layer::AnchorBottom, Layer::AnchorLeft, Layer::AnchorRight});
-        layer.setLayer(Layer::LayerBottom);
+        layer.setLayer(Layer::LayerTop);
         layer.setKeyboardInteractivity(Layer::KeyboardInteractivityNone);
         layer.setScreenConfiguration(Layer::ScreenFromCompositor);
         layer.setScope("voltmere");
@@ -73,8 +73,8 @@ bool standInLayer(QWidget& window, Qt::Edges edges)
     if (!possible) {
         return false;
     }
-    window.setWindowFlag(Qt::FramelessWindowHint);
-    window.winId(); // makes its QWindow
+    window.setWindowFlags(window.windowType() | Qt::FramelessWindowHint); // a button would undo it
+    window.winId();                                                       // makes its QWindow
     Layer& layer = *Layer::get(window.windowHandle());
     Layer::Anchors anchors = Layer::AnchorNone;
     anchors.setFlag(Layer::AnchorTop, edges.testFlag(Qt::TopEdge));
@@ -90,7 +90,7 @@ bool standInLayer(QWidget& window, Qt::Edges edges)
     return true;
 }
 
-void closeOnDesktopClick(QWidget& window)
+void closeOnClickElsewhere(QWidget& window)
 {
     (new Ground(window))->show();
 }

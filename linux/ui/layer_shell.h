@@ -13,8 +13,9 @@ namespace voltmere {
 /// without LayerShellQt.
 bool standInLayer(QWidget& window, Qt::Edges edges);
 
-/// Closes `window`, which stands in a layer, on a click on the empty desktop. On sway such a click
-/// leaves the keyboard to the window.
-void closeOnDesktopClick(QWidget& window);
+/// Closes `window` on a click outside of it and of the bars, which reaches no other window. The
+/// window stands in a layer and is shown after this call. sway leaves the keyboard to a window in a
+/// layer, so the end of its focus does not tell.
+void closeOnClickElsewhere(QWidget& window);
 
 } // namespace voltmere

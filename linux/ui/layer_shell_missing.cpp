@@ -9,7 +9,7 @@ bool standInLayer(QWidget& /*window*/, Qt::Edges /*edges*/)
     return false;
 }
 
-void closeOnDesktopClick(QWidget& /*window*/)
+void closeOnClickElsewhere(QWidget& /*window*/)
 {
 }
 

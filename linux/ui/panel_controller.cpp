@@ -134,7 +134,7 @@ void PanelController::place(const QRect& icon)
     const QRect anchor = icon.isEmpty() ? QRect(QCursor::pos(), QSize(1, 1)) : icon;
     panel->adjustSize();
     if (standInLayer(*panel, trayCorner(qEnvironmentVariable("XDG_CURRENT_DESKTOP")))) {
-        closeOnDesktopClick(*panel);
+        closeOnClickElsewhere(*panel);
         return;
     }
     panel->move(placePanel(anchor, panel->size(), screenAt(anchor.center())->availableGeometry()));
