@@ -1,6 +1,7 @@
 #include "app/command_line.h"
 #include "app/diagnosis.h"
 #include "app/platform.h"
+#include "app/services.h"
 #include "app/terminal.h"
 #include "app/terminal_commands.h"
 #include "app/version.h"
@@ -19,19 +20,29 @@ int main(int argc, char* argv[])
         return exitStatus::wrongUsage;
     }
     const auto& commandLine = std::get<CommandLine>(parsed);
+    using Action = CommandLine::Action;
+    const bool showsPeripherals =
+        commandLine.action != Action::showHelp && commandLine.action != Action::showVersion;
+    if (commandLine.demo && showsPeripherals) {
+        if (const std::string missing = missingDemoTools(); !missing.empty()) {
+            std::fprintf(stderr, "voltmere: --demo needs %s in %s; install the program again\n",
+                         missing.c_str(), plainText(demoToolsDirectory()).c_str());
+            return exitStatus::cannotRun;
+        }
+    }
     switch (commandLine.action) {
-    case CommandLine::Action::list:
+    case Action::list:
         return listPeripherals(commandLine);
-    case CommandLine::Action::watch:
+    case Action::watch:
         return watchPeripherals(commandLine);
-    case CommandLine::Action::diagnose:
+    case Action::diagnose:
         return diagnose(commandLine);
-    case CommandLine::Action::showVersion:
+    case Action::showVersion:
         return printAnswer(std::string("voltmere ") + version + '\n');
-    case CommandLine::Action::showHelp:
+    case Action::showHelp:
         return printAnswer(usageText());
-    case CommandLine::Action::menuBar:
-    case CommandLine::Action::screenshots:
+    case Action::menuBar:
+    case Action::screenshots:
         break;
     }
     return runFrontEnd(commandLine, argv);

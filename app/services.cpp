@@ -3,6 +3,8 @@
 #include "posix/memory_defaults.h"
 #include "texts/l10n.h"
 
+#include <unistd.h>
+
 #include <cstdlib>
 
 namespace voltmere {
@@ -53,6 +55,17 @@ bool actsOutside(const CommandLine& commandLine, Services::Reach reach)
 }
 
 } // namespace
+
+std::string missingDemoTools()
+{
+    std::string missing;
+    for (const char* const tool : {"ioreg", "system_profiler"}) {
+        if (::access((demoToolsDirectory() + '/' + tool).c_str(), X_OK) != 0) {
+            missing += std::string(missing.empty() ? "" : " and ") + tool;
+        }
+    }
+    return missing;
+}
 
 Peripherals::Peripherals(const CommandLine& commandLine, SystemLog& log,
                          const std::string& systemTools)

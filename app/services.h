@@ -14,6 +14,9 @@
 
 namespace voltmere {
 
+/// The tools that "--demo" needs and that are not in `demoToolsDirectory()`, as a list in words.
+std::string missingDemoTools();
+
 /// The place where this run reads the peripherals, by the command line or else the system.
 class Peripherals {
 public:

@@ -17,6 +17,10 @@ set_target_properties(voltmere_linux PROPERTIES AUTOMOC ON)
 target_link_libraries(voltmere_linux PUBLIC voltmere_core Qt6::DBus PRIVATE PkgConfig::XCB)
 voltmere_target(voltmere_linux)
 
+# Where both are there, windows stand where they belong on Wayland too. Versions before 6 are for Qt 5.
+find_package(LayerShellQt 6 QUIET)
+pkg_check_modules(WAYLAND QUIET IMPORTED_TARGET wayland-client)
+
 add_library(voltmere_ui STATIC
   linux/ui/portal_appearance.cpp
   linux/ui/tray_host_watcher.cpp
@@ -37,6 +41,12 @@ set_target_properties(voltmere_ui PROPERTIES AUTOMOC ON)
 target_link_libraries(voltmere_ui PUBLIC voltmere_app voltmere_linux Qt6::Widgets Qt6::Svg
                                   PRIVATE PkgConfig::XCB)
 voltmere_target(voltmere_ui)
+if(LayerShellQt_FOUND AND WAYLAND_FOUND)
+  target_sources(voltmere_ui PRIVATE linux/ui/layer_shell.cpp)
+  target_link_libraries(voltmere_ui PRIVATE LayerShellQt::Interface PkgConfig::WAYLAND)
+else()
+  target_sources(voltmere_ui PRIVATE linux/ui/layer_shell_missing.cpp)
+endif()
 
 # The pictures become part of every program that links voltmere_ui. Uncompressed, they are read where
 # they lie in the program and take no memory of their own.

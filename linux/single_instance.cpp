@@ -2,7 +2,6 @@
 
 #include "linux/activation_token.h"
 #include "linux/bus_call.h"
-#include "ports/desktop.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -12,7 +11,6 @@ namespace voltmere {
 
 namespace {
 
-const QString objectPath = QStringLiteral("/org/voltmere/Voltmere");
 const QString interfaceName = QStringLiteral("org.freedesktop.Application");
 
 /// Lets the running instance take the focus that the desktop gave to this start.
@@ -23,6 +21,12 @@ constexpr std::chrono::milliseconds activationLimit(150);
 
 } // namespace
 
+BusInstance::BusInstance(QString name)
+    : name(std::move(name))
+    , objectPath('/' + QString(this->name).replace('.', '/'))
+{
+}
+
 bool BusInstance::isLaterStart(SystemLog& log)
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
@@ -32,18 +36,17 @@ bool BusInstance::isLaterStart(SystemLog& log)
         return false;
     }
     bus.registerObject(objectPath, this, QDBusConnection::ExportAllSlots);
-    if (bus.registerService(applicationId)) {
+    if (bus.registerService(name)) {
         return false;
     }
     QDBusMessage activate =
-        QDBusMessage::createMethodCall(applicationId, objectPath, interfaceName, "Activate");
+        QDBusMessage::createMethodCall(name, objectPath, interfaceName, "Activate");
     activate << QVariantMap{{activationTokenKey, activationToken::current()}};
     if (askBus(bus, activate, activationLimit).type() != QDBusMessage::ErrorMessage) {
         return true;
     }
     // It is busy, or has ended meanwhile, or the bus gives this name to nobody.
-    return !bus.registerService(applicationId) &&
-        bus.interface()->isServiceRegistered(applicationId);
+    return !bus.registerService(name) && bus.interface()->isServiceRegistered(name);
 }
 
 void BusInstance::Activate(const QVariantMap& platformData)

@@ -10,7 +10,7 @@
 
 namespace voltmere {
 
-/// One instance over the session bus: the first holds the name `applicationId`, and a later
+/// One instance over the session bus: the first holds a name, and a later
 /// start asks it to open its panel. The bus frees the name when its process ends, however
 /// that happens. Source: Desktop Entry Specification, "D-Bus Activation"
 /// (org.freedesktop.Application), of which a program without files and actions needs one method.
@@ -19,6 +19,9 @@ class BusInstance : public QObject {
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
 
 public:
+    /// `name` is a name on the bus; the path of the object there follows from it.
+    explicit BusInstance(QString name);
+
     /// Takes the name, or asks the process that holds it. Returns whether another process runs the
     /// program. Waits a few milliseconds for the bus; without a bus there is a line in the log.
     bool isLaterStart(SystemLog& log);
@@ -30,6 +33,8 @@ public slots:
     void Activate(const QVariantMap& platformData);
 
 private:
+    const QString name;
+    const QString objectPath;
     std::function<void()> open;
 };
 

@@ -15,16 +15,23 @@ package_manager() {
 }
 manager=$(package_manager)
 
+# What places windows on Wayland, where the system has it for Qt 6: Debian 12 has it for Qt 5.
+layer_shell_packages() {
+  ! apt-cache show liblayershellqtinterface-dev 2>/dev/null | grep -E '^Version: ([0-9]+:)?6' >/dev/null ||
+    echo liblayershellqtinterface-dev libwayland-dev
+}
+
 # packages PURPOSE: the packages for it, by the names of this machine's package manager.
 packages() {
   case "$manager $1" in
     # Qt 6.5 and later load the X11 platform only with xcb-cursor.
     "apt-get building") echo g++ cmake ninja-build nlohmann-json3-dev qt6-base-dev qt6-svg-dev \
-      libxcb1-dev libxcb-cursor0 pkg-config ;;
+      libxcb1-dev libxcb-cursor0 pkg-config $(layer_shell_packages) ;;
     "apt-get testing") echo libgtest-dev libgmock-dev dbus fonts-dejavu-core fonts-wqy-microhei \
       tzdata appstream desktop-file-utils at-spi2-core dbus-bin dbus-daemon dunst \
       gir1.2-atspi-2.0 imagemagick libfaketime libx11-6 openbox python3 python3-dbusmock \
-      python3-gi trayer util-linux x11-utils xdotool xfce4-panel xfconf xvfb ;;
+      python3-gi qt6-wayland sway trayer util-linux waybar x11-utils xdotool xfce4-panel xfconf \
+      xvfb ;;
     "apt-get Objective-C") echo clang-19 libblocksruntime-dev ;;
     "dnf building") echo gcc-c++ cmake ninja-build json-devel qt6-qtbase-devel qt6-qtsvg-devel \
       libxcb-devel xcb-util-cursor pkgconf-pkg-config ;;

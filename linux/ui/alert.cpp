@@ -1,6 +1,7 @@
 #include "linux/ui/alert.h"
 
 #include "linux/ui/app_icon_asset.h"
+#include "linux/ui/layer_shell.h"
 #include "linux/ui/theme.h"
 #include "linux/ui/views.h"
 #include "snooze/snooze_alert.h"
@@ -10,6 +11,7 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QPainter>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -129,6 +131,7 @@ SnoozeAlertWindow::SnoozeAlertWindow(const AlertContent& content, AlertActions g
 void SnoozeAlertWindow::present(const Pointer& pointer, RunLoop& runLoop)
 {
     adjustSize();
+    standInLayer(*this, {});
     move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
     // The window appears while a person may be typing: no control must take the next key.
     setFocus();
@@ -144,6 +147,16 @@ void SnoozeAlertWindow::bringToFront()
     show();
     raise();
     activateWindow();
+}
+
+/// Draws an edge where the window system draws no frame.
+void SnoozeAlertWindow::paintEvent(QPaintEvent* /*event*/)
+{
+    if (windowFlags().testFlag(Qt::FramelessWindowHint)) {
+        QPainter painter(this);
+        painter.setPen(dividerColour(palette()));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    }
 }
 
 void SnoozeAlertWindow::changeEvent(QEvent* event)

@@ -30,6 +30,7 @@ public:
     void reject() override { actions.cancel(); }
 
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:

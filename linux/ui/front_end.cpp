@@ -14,6 +14,8 @@
 #include <QPixmapCache>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace voltmere {
 
 void QtApplication::activate()
@@ -46,8 +48,17 @@ constexpr Seconds longestTrayStart{15};
 /// icon anew at each reading, so a small limit bounds the old pictures.
 constexpr int pictureCacheLimit = 256; // KiB
 
+QWidget* alertOnScreen()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto alert = std::ranges::find_if(windows, [](const QWidget* window) {
+        return window->isVisible() && dynamic_cast<const SnoozeAlertWindow*>(window) != nullptr;
+    });
+    return alert == windows.end() ? nullptr : *alert;
+}
+
 /// The icon as soon as there is a tray, and the panel: beside the icon, or as a window where no
-/// tray has come.
+/// tray has come. That window waits until an alert was answered, which it might cover.
 class QtScene : public Scene {
 public:
     QtScene(BatteryModel& model, const Appearance& appearance, MainLoop& mainLoop, SystemLog& log)
@@ -68,6 +79,13 @@ private:
 
     void giveUpOnTray()
     {
+        if (const QWidget* const alert = alertOnScreen()) {
+            QObject::connect(alert, &QObject::destroyed, &panel, [this] { giveUpOnTray(); });
+            return;
+        }
+        if (icon) {
+            return;
+        }
         log.write("Voltmere: this desktop has no tray yet; the panel opens as a window, and "
                   "whenever the program is started again");
         panel.setOrdinaryWindow(true);
@@ -82,6 +100,7 @@ private:
             model,
             StatusLabel::Actions{.toggle = [this](const QRect& place) { panel.toggle(place); },
                                  .open = [this](const QRect& place) { panel.open(place); },
+                                 .menu = [this] { panel.keepForMenu(); },
                                  .quit = [this] { quit(); }});
     }
 

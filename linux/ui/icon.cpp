@@ -35,6 +35,7 @@ StatusLabel::StatusLabel(BatteryModel& model, Actions givenActions)
                     actions.toggle(place());
                 }
             });
+    connect(&menu, &QMenu::aboutToShow, this, [this] { actions.menu(); });
     icon.setContextMenu(&menu);
     redraw();
     icon.show();
@@ -65,7 +66,8 @@ void StatusLabel::fillMenu(const IconTexts& texts)
     const auto entry = [painter](const std::string& text) { return menuText(asQt(text), painter); };
     menu.clear();
     for (const std::string& device : texts.devices) {
-        menu.addAction(entry(device))->setEnabled(false);
+        // Not disabled: hosts draw disabled entries too pale to read.
+        menu.addAction(entry(device), this, [this] { actions.open(place()); });
     }
     menu.addSeparator();
     menu.addAction(entry(texts.open), this, [this] { actions.open(place()); });

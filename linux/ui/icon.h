@@ -32,6 +32,7 @@ public:
     struct Actions {
         std::function<void(const QRect& icon)> toggle; ///< a click
         std::function<void(const QRect& icon)> open;
+        std::function<void()> menu; ///< the menu is about to open
         std::function<void()> quit;
     };
 

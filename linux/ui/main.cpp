@@ -10,6 +10,7 @@
 #include "linux/ui/screenshots.h"
 
 #include <QApplication>
+#include <QLoggingCategory>
 
 namespace {
 
@@ -21,8 +22,9 @@ int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setDesktopFileName(voltmere::applicationId);
     const auto log = voltmere::makeSystemLog();
-    voltmere::BusInstance instance;
-    if (!commandLine.demo && instance.isLaterStart(*log)) {
+    const QString name = voltmere::applicationId;
+    voltmere::BusInstance instance(commandLine.demo ? name + ".Demo" : name);
+    if (instance.isLaterStart(*log)) {
         return 0;
     }
     voltmere::QtRunLoop mainLoop;
@@ -36,6 +38,8 @@ int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
 int drawScreenshots(const CommandLine& commandLine, int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Qt warns where there is no session, which pictures do not need.
+    QLoggingCategory::setFilterRules("default.warning=false");
     const auto application = voltmere::startQt(argc, argv);
     return voltmere::drawScreenshots(commandLine);
 }

@@ -173,9 +173,12 @@ ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
                  makeText("timeSeparator", &Content::timeSeparator),
                  makePicker("checkMinute", &Content::checkMinute, model.checkMinute)}));
     column->addWidget(makeStatus());
-    const auto showAlert = [&model] {
+    const auto showAlert = [this, &model] {
         const AlertPayload payload = model.alertPayload();
         model.showSnoozeAlert(payload.devices, payload.isLow);
+        if (window()->windowType() == Qt::Tool) { // the panel of the icon
+            window()->close();
+        }
     };
     column->addWidget(makeButton("testAlert", &Content::testAlert, showAlert), 0, Qt::AlignLeft);
     column->addWidget(makeToggle("launchAtLogin", &Content::launchAtLogin, model.launchAtLogin));

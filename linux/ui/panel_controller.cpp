@@ -1,11 +1,12 @@
 #include "linux/ui/panel_controller.h"
 
 #include "linux/ui/app_icon_asset.h"
+#include "linux/ui/layer_shell.h"
 
 #include <QApplication>
 #include <QCursor>
-#include <QEvent>
 #include <QScreen>
+#include <QWindow>
 
 #include <algorithm>
 #include <utility>
@@ -17,6 +18,9 @@ namespace {
 /// A click on the icon takes the keyboard from the panel, which closes the panel before the click
 /// arrives. A click within this time of such a close is the same click and means "close".
 constexpr std::chrono::milliseconds sameClick(300);
+
+/// A tray host asks for the menu before it shows it, and the menu takes the keyboard.
+constexpr std::chrono::seconds menuOpens(1);
 
 constexpr Qt::WindowFlags panelFlags =
     Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
@@ -43,8 +47,18 @@ QPoint placePanel(const QRect& anchor, const QSize& size, const QRect& workArea)
     const bool below = anchor.center().y() <= workArea.center().y();
     const int x = anchor.center().x() - size.width() / 2;
     const int y = below ? anchor.bottom() + 1 : anchor.top() - size.height();
-    return {fitted(x, size.width(), workArea.left(), workArea.right()),
-            fitted(y, size.height(), workArea.top(), workArea.bottom())};
+    const auto inside = [](int wanted, int length, int low, int high) {
+        return fitted(fitted(wanted, length, low + panelGap, high - panelGap), length, low, high);
+    };
+    return {inside(x, size.width(), workArea.left(), workArea.right()),
+            inside(y, size.height(), workArea.top(), workArea.bottom())};
+}
+
+Qt::Edges trayCorner(const QString& desktops)
+{
+    const QStringList names = desktops.split(':');
+    const bool atBottom = names.contains("KDE") || names.contains("LXQt");
+    return Qt::RightEdge | (atBottom ? Qt::BottomEdge : Qt::TopEdge);
 }
 
 PanelController::PanelController(std::function<std::unique_ptr<QWidget>()> makePanel,
@@ -52,6 +66,11 @@ PanelController::PanelController(std::function<std::unique_ptr<QWidget>()> makeP
     : makePanel(std::move(makePanel))
     , uptime(std::move(uptime))
 {
+    connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* window) {
+        if (window == nullptr) {
+            closeWithoutKeyboard();
+        }
+    });
 }
 
 PanelController::~PanelController()
@@ -78,7 +97,6 @@ void PanelController::open(const QRect& icon)
         panel->setWindowFlags(ordinaryWindow ? ordinaryFlags : panelFlags);
         panel->setAttribute(Qt::WA_DeleteOnClose);
         panel->setWindowIcon(AppIconAsset::windowIcon());
-        panel->installEventFilter(this);
         if (!ordinaryWindow) {
             place(icon);
         }
@@ -101,21 +119,24 @@ bool PanelController::isOpen() const
     return panel != nullptr && panel->isVisible();
 }
 
-bool PanelController::eventFilter(QObject* watched, QEvent* event)
+void PanelController::closeWithoutKeyboard()
 {
-    if (watched == panel && event->type() == QEvent::WindowDeactivate &&
-        panel->windowType() == Qt::Tool && isOpen() &&
+    const bool menuTookIt = menuAskedFor && uptime() - *menuAskedFor < menuOpens;
+    if (isOpen() && panel->windowType() == Qt::Tool && !menuTookIt &&
         QApplication::activePopupWidget() == nullptr) {
         closedByItself = uptime();
         panel->close();
     }
-    return QObject::eventFilter(watched, event);
 }
 
 void PanelController::place(const QRect& icon)
 {
     const QRect anchor = icon.isEmpty() ? QRect(QCursor::pos(), QCursor::pos()) : icon;
     panel->adjustSize();
+    if (standInLayer(*panel, trayCorner(qEnvironmentVariable("XDG_CURRENT_DESKTOP")))) {
+        closeOnClickElsewhere(*panel);
+        return;
+    }
     panel->move(placePanel(anchor, panel->size(), screenAt(anchor.center())->availableGeometry()));
 }
 

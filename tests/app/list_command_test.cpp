@@ -204,6 +204,26 @@ TEST_F(ListCommandTest, ADemonstrationShowsSimulatedPeripherals)
     EXPECT_EQ(readFile(settings()), R"({"threshold": 50})");
 }
 
+TEST_F(ListCommandTest, ADemonstrationWithoutItsToolsNamesThemInOneLine)
+{
+    namespace files = std::filesystem;
+    files::copy_file(executable, directory / "voltmere");
+    executable = directory / "voltmere";
+    const files::path demo = directory / "share" / "voltmere" / "demo";
+    const std::string rest = " in " + demo.string() + "; install the program again\n";
+
+    for (const char* const action : {"--list", "--watch", "--diagnose", "--panel"}) {
+        const Outcome outcome = run({"--demo", action});
+        EXPECT_EQ(outcome.status, 1) << action;
+        EXPECT_EQ(outcome.output, "");
+        EXPECT_EQ(outcome.errors, "voltmere: --demo needs ioreg and system_profiler" + rest);
+    }
+    EXPECT_EQ(run({"--demo", "--help"}).status, 0);
+    EXPECT_EQ(run({"--demo", "--version"}).status, 0);
+    writeProgram(demo / "ioreg", printing(""));
+    EXPECT_EQ(run({"--demo", "--list"}).errors, "voltmere: --demo needs system_profiler" + rest);
+}
+
 TEST_F(ListCommandTest, WrongUsageIsExplainedOnStandardErrorAsPlainText)
 {
     const std::map<QString, std::string> complaints{

@@ -78,6 +78,14 @@ TEST_F(ScreenshotsCommandTest, DrawsEveryPictureIntoADirectoryThatItMakes)
     EXPECT_EQ(pictures(album() / "deeper"), expectedPictures());
 }
 
+TEST_F(ScreenshotsCommandTest, NoSessionIsNeeded)
+{
+    makeTools();
+    variables["XDG_RUNTIME_DIR"] = "";
+
+    EXPECT_EQ(draw(album()).errors, "");
+}
+
 TEST_F(ScreenshotsCommandTest, NoPictureIsEmptyAndEachIsOfItsOwn)
 {
     makeTools();

@@ -62,6 +62,21 @@ TEST_F(SecondStartTest, PassesThePermissionToTakeTheFocusOn)
     EXPECT_EQ(handedOver({"--panel"}).value("activation-token").toString(), "token-7");
 }
 
+TEST_F(SecondStartTest, OfADemonstrationAsksTheDemonstrationThatRuns)
+{
+    FakeBusService demonstration(bus.connect(), "/org/voltmere/Voltmere/Demo",
+                                 [](const QDBusMessage& call) { return call.createReply(); });
+    demonstration.appear("org.voltmere.Voltmere.Demo");
+    QProcess program;
+    start(program, {"--demo"});
+
+    EXPECT_TRUE(
+        QTest::qWaitFor([&program] { return program.state() == QProcess::NotRunning; }, 60'000));
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_THAT(demonstration.calls, SizeIs(1));
+    EXPECT_THAT(running.calls, SizeIs(0));
+}
+
 TEST_F(SecondStartTest, EndsAlsoWhereTheInstanceThatRunsIsTooBusyToAnswer)
 {
     answer = [](const QDBusMessage&) { return std::nullopt; };

@@ -44,7 +44,7 @@ class Program:
             self.process = subprocess.Popen(
                 [*as_ordinary_user(), INSTALLED, *options], stdin=subprocess.DEVNULL,
                 stdout=messages, stderr=messages,
-                env=desktop.environment | (variables or {}))
+                env=desktop.environment | desktop.clients | (variables or {}))
         self.item = StatusItem(desktop, self.process.pid)
 
     # Its life

@@ -33,13 +33,17 @@ class Story(unittest.TestCase):
         cls.addClassCleanup(shutil.rmtree, cls.home, ignore_errors=True)
         cls.addClassCleanup(end_all_children)
         cls.desktop = Desktop(cls.home)
+        cls.start_session()
+        os.environ.update(cls.desktop.environment)
+        from virtual_desktop import accessibility
+        accessibility.start()
+
+    @classmethod
+    def start_session(cls):
         cls.desktop.start_window_manager()
         cls.desktop.start_accessibility()
         if cls.host:
             cls.tray = cls.desktop.start_tray(cls.host)
-        os.environ.update(cls.desktop.environment)
-        from virtual_desktop import accessibility
-        accessibility.start()
 
     def setUp(self):
         for path in (self.desktop.environment["XDG_CONFIG_HOME"] + "/voltmere",
@@ -96,9 +100,9 @@ class PictureResult(unittest.TextTestResult):
 PICTURES = pathlib.Path(os.environ.get("VOLTMERE_PICTURES", tempfile.gettempdir()))
 
 
-def tell():
+def tell(*more_programs):
     """Runs the stories of the script that calls, where the programs of a desktop are installed."""
-    missing = [program for program in PROGRAMS if shutil.which(program) is None]
+    missing = [program for program in PROGRAMS + more_programs if shutil.which(program) is None]
     if missing:
         print(f"not run: these programs are not installed: {', '.join(missing)}")
         sys.exit(NOT_RUN)

@@ -3,7 +3,6 @@
 #include "fakes/recording_log.h"
 #include "linux/fake_bus_service.h"
 #include "linux/session_bus.h"
-#include "ports/desktop.h"
 
 #include <gmock/gmock.h>
 
@@ -19,12 +18,13 @@ TEST(BusInstanceTest, ALaterStartOpensThePanelWithItsPermissionToTakeTheFocus)
 {
     RecordingLog log;
     std::vector<QByteArray> tokens;
-    BusInstance instance;
+    BusInstance instance("org.voltmere.Voltmere.Test");
     ASSERT_FALSE(instance.isLaterStart(log));
     const QDBusConnection other = sessionBus().connect();
     const auto activate = [&other](const QString& token) {
         QDBusMessage call = QDBusMessage::createMethodCall(
-            applicationId, "/org/voltmere/Voltmere", "org.freedesktop.Application", "Activate");
+            "org.voltmere.Voltmere.Test", "/org/voltmere/Voltmere/Test",
+            "org.freedesktop.Application", "Activate");
         call << QVariantMap{{"activation-token", token}};
         const QDBusPendingCall reply = other.asyncCall(call);
         EXPECT_TRUE(QTest::qWaitFor([&reply] { return reply.isFinished(); }, 60'000));
@@ -39,7 +39,7 @@ TEST(BusInstanceTest, ALaterStartOpensThePanelWithItsPermissionToTakeTheFocus)
     EXPECT_THAT(tokens, ElementsAre("token-7", ""));
     EXPECT_FALSE(qEnvironmentVariableIsSet("XDG_ACTIVATION_TOKEN"));
     EXPECT_THAT(log.lines, IsEmpty());
-    QDBusConnection::sessionBus().unregisterService(applicationId);
+    QDBusConnection::sessionBus().unregisterService("org.voltmere.Voltmere.Test");
 }
 
 } // namespace

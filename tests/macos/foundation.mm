@@ -2,7 +2,7 @@
 
 #include "mac.h"
 #include "runtime.h"
-#include "texts/utf8.h"
+#include "texts/plain_text.h"
 
 #include <algorithm>
 #include <cstdarg>

@@ -53,6 +53,15 @@ XFCE_PANEL = """<?xml version="1.0" encoding="UTF-8"?>
 </channel>
 """
 
+SWAY = """output X11-1 resolution 1280x800
+output * bg #000000 solid_color
+default_border none
+"""
+
+WAYBAR = """{"height": 26, "modules-left": ["tray"], "tray": {"icon-size": 22}}"""
+
+WAYBAR_STYLE = "* {min-height: 0; margin: 0; padding: 0; border: none; font-size: 9px}"
+
 # The only icon stands in the corner of the screen, in both trays.
 ICON = (12, 12)
 
@@ -73,13 +82,14 @@ class Desktop:
         for name, directory in self.environment.items():
             if name.endswith(("_HOME", "_DIR")):
                 os.makedirs(directory, mode=0o700, exist_ok=True)
+        self.clients = {}  # variables for programs, which the helpers of this desktop do without
         self.log = open(self.home / "log", "wb")
         self.start_display()
         self.start_buses()
 
     def start(self, command, **options):
-        options.setdefault("stdout", self.log)
-        return subprocess.Popen(command, env=self.environment, stdin=subprocess.DEVNULL,
+        options = {"stdout": self.log, "env": self.environment} | options
+        return subprocess.Popen(command, stdin=subprocess.DEVNULL,
                                 stderr=self.log, **options)
 
     def start_and_read_line(self, command):
@@ -137,6 +147,26 @@ class Desktop:
         wait_until(lambda: "_NET_SUPPORTING_WM_CHECK(WINDOW)" in
                    self.run(["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]),
                    "the start of the window manager")
+
+    def start_sway(self):
+        """Starts a Wayland compositor as a window on the X server, which gives it a pointer and a
+        keyboard, with a bar that has nothing but the tray. Programs see no X server then."""
+        for program, name, text in (("sway", "config", SWAY), ("waybar", "config", WAYBAR),
+                                    ("waybar", "style.css", WAYBAR_STYLE)):
+            directory = self.home / "config" / program
+            directory.mkdir(exist_ok=True)
+            (directory / name).write_text(text)
+        self.environment |= {"WLR_BACKENDS": "x11", "WLR_RENDERER": "pixman"}
+        sway = [find_program("sway", "sway")]
+        # Before version 1.8 it does not start for the administrator.
+        as_user = ["unshare", "--user", "--map-user=1000"] if os.geteuid() == 0 else []
+        self.start([*as_user, *sway] if self.run([*as_user, "echo", "possible"]) else sway)
+        runtime = pathlib.Path(self.environment["XDG_RUNTIME_DIR"])
+        socket = wait_until(lambda: next(runtime.glob("wayland-?"), None), "the start of sway")
+        self.clients |= {"WAYLAND_DISPLAY": socket.name, "DISPLAY": "",
+                         "XDG_SESSION_TYPE": "wayland", "XDG_CURRENT_DESKTOP": "sway"}
+        self.start([find_program("waybar", "waybar")], env=self.environment | self.clients)
+        wait_until(self.has_status_notifier_host, "the start of the StatusNotifier host")
 
     def start_tray(self, host):
         if host == "xfce4-panel":

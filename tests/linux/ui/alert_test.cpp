@@ -83,6 +83,21 @@ TEST_F(AlertTest, ADetailThatIsNoWarningIsInTheColourOfTheTextAndFollowsTheDeskt
     EXPECT_GT(textColour(view.detail()).lightness(), 200);
 }
 
+TEST(AlertEdgeTest, IsDrawnWhereTheWindowSystemDrawsNoFrame)
+{
+    const FakeAppearance appearance;
+    SnoozeAlertWindow window({}, {}, appearance);
+    const auto edgeShows = [&window] {
+        window.adjustSize();
+        const QImage picture = window.grab().toImage();
+        return picture.pixel(0, 100) != picture.pixel(3, 100);
+    };
+
+    EXPECT_FALSE(edgeShows());
+    window.setWindowFlags(Qt::Dialog | Qt::FramelessWindowHint);
+    EXPECT_TRUE(edgeShows());
+}
+
 TEST_F(AlertTest, AScreenReaderFindsADialogWithNamedControls)
 {
     const AlertView view = showOneLow();

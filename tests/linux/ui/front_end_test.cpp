@@ -20,6 +20,7 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 /// On Qt's offscreen platform, whose only tray is the one that a test puts on the session bus.
 class QtFrontEndTest : public testing::Test {
@@ -94,6 +95,44 @@ TEST_F(QtFrontEndTest, WithoutATrayThePanelOpensAsAWindowAfterFifteenSeconds)
     EXPECT_TRUE(hasNotice());
     EXPECT_EQ(panelOnScreen()->windowType(), Qt::Window);
     EXPECT_THAT(log.lines, ElementsAre(HasSubstr("this desktop has no tray yet")));
+}
+
+TEST_F(QtFrontEndTest, ThePanelThatOpensByItselfWaitsUntilAlertsWereAnswered)
+{
+    auto first = frontEnd.alerts().present({}, {});
+    auto second = frontEnd.alerts().present({}, {});
+    mainLoop.loop.advance(Seconds(16));
+    for (auto* const alert : {&first, &second}) {
+        settle();
+        EXPECT_EQ(panelOnScreen(), nullptr);
+        (*alert)->orderOut();
+    }
+
+    EXPECT_TRUE(QTest::qWaitFor([this] { return panelOnScreen() != nullptr; }, 60'000));
+    EXPECT_TRUE(hasNotice());
+    EXPECT_THAT(log.lines, SizeIs(1));
+}
+
+TEST_F(QtFrontEndTest, ATrayThatComesBeforeTheAnswerLeavesThePanelClosed)
+{
+    const auto alert = frontEnd.alerts().present({}, {});
+    mainLoop.loop.advance(Seconds(16));
+    startTray();
+    alert->orderOut();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    settle();
+
+    EXPECT_EQ(panelOnScreen(), nullptr);
+    EXPECT_THAT(log.lines, IsEmpty());
+}
+
+TEST_F(QtFrontEndTest, TheAlertThatTheIconsPanelShowsTakesItsPlace)
+{
+    openPanel();
+    panelOnScreen()->findChild<QPushButton*>("testAlert")->click();
+
+    EXPECT_EQ(panelOnScreen(), nullptr);
+    EXPECT_THAT(world.alerts.shown, SizeIs(1));
 }
 
 TEST_F(QtFrontEndTest, WithATrayTheIconsMenuOpensThePanelAndQuitsAndNothingOpensByItself)

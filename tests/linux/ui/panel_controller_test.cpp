@@ -49,16 +49,10 @@ protected:
         ASSERT_TRUE(QTest::qWaitForWindowActive(panel()));
     }
 
-    /// Gives the keyboard to another window.
-    void loseFocus()
-    {
-        other.show();
-        other.activateWindow();
-        ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    }
+    /// Tells what Qt tells when another program gets the keyboard.
+    static void loseFocus() { emit qGuiApp->focusWindowChanged(nullptr); }
 
     std::vector<QPointer<QWidget>> built;
-    QWidget other;
     PanelController::Uptime uptime{1h};
     std::unique_ptr<PanelController> controller = std::make_unique<PanelController>(
         [this] {
@@ -107,7 +101,8 @@ TEST_F(PanelControllerTest, AClickOnTheIconOpensAndTheNextOneCloses)
 
 TEST_F(PanelControllerTest, ThePanelOpensBelowItsIconElseBelowThePointerAndAlwaysOnAScreen)
 {
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry().marginsRemoved(
+        {panelGap, panelGap, panelGap, panelGap});
     const QPoint centred = QPoint(-panelSize.width() / 2, 0);
     QCursor::setPos(400, 100);
     for (const auto& [icon, expected] :
@@ -132,9 +127,23 @@ TEST_F(PanelControllerTest, ThePanelStaysInFrontWithoutAFrameAndWithTheProgramsI
     EXPECT_EQ(panel()->windowIcon().availableSizes(), QList<QSize>{QSize(48, 48)});
 }
 
-TEST_F(PanelControllerTest, ThePanelClosesWhenItLosesTheKeyboard)
+TEST_F(PanelControllerTest, ThePanelClosesWhenTheProgramLosesTheKeyboard)
 {
     openActive();
+    loseFocus();
+    expectGone();
+}
+
+TEST_F(PanelControllerTest, AnAlertOfTheProgramLeavesThePanelOpen)
+{
+    openActive();
+    QWidget alert;
+    alert.show();
+    alert.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&alert));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(controller->isOpen());
+
     loseFocus();
     expectGone();
 }
@@ -146,11 +155,23 @@ TEST_F(PanelControllerTest, AListOfThePanelDoesNotCloseIt)
     list.addAction("entry");
     list.popup(panel()->pos());
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&list));
-    QEvent deactivated(QEvent::WindowDeactivate);
-    QCoreApplication::sendEvent(panel(), &deactivated);
+    loseFocus();
 
     EXPECT_TRUE(controller->isOpen());
     list.close();
+}
+
+TEST_F(PanelControllerTest, TheMenuOfTheIconDoesNotCloseIt)
+{
+    openActive();
+    controller->keepForMenu();
+    uptime += 999ms;
+    loseFocus();
+    EXPECT_TRUE(controller->isOpen());
+
+    uptime += 1ms;
+    loseFocus();
+    expectGone();
 }
 
 TEST_F(PanelControllerTest, TheClickThatTookTheKeyboardIsTheOneThatCloses)
@@ -237,21 +258,22 @@ const QRect secondScreen = belowTopBar.translated(1920, 0);
 const QRect leftScreen = aboveBottomBar.translated(-1920, -200);
 
 const Placement placements[]{
-    {"centred below an icon at the top", {1000, 4, 22, 22}, belowTopBar, {850, 30}},
-    {"at the right end of a top bar", {1890, 4, 22, 22}, belowTopBar, {1600, 30}},
-    {"above an icon at the bottom", {1000, 1054, 22, 22}, aboveBottomBar, {850, 650}},
-    {"bottom right corner", {1894, 1054, 22, 22}, aboveBottomBar, {1600, 650}},
-    {"high in a left bar", {4, 100, 22, 22}, rightOfLeftBar, {30, 122}},
-    {"low in a left bar", {4, 1000, 22, 22}, rightOfLeftBar, {30, 600}},
+    {"centred below an icon at the top", {1000, 4, 22, 22}, belowTopBar, {850, 38}},
+    {"at the right end of a top bar", {1890, 4, 22, 22}, belowTopBar, {1592, 38}},
+    {"above an icon at the bottom", {1000, 1054, 22, 22}, aboveBottomBar, {850, 642}},
+    {"bottom right corner", {1894, 1054, 22, 22}, aboveBottomBar, {1592, 642}},
+    {"high in a left bar", {4, 100, 22, 22}, rightOfLeftBar, {38, 122}},
+    {"low in a left bar", {4, 1000, 22, 22}, rightOfLeftBar, {38, 600}},
     {"the middle counts as the upper half", {900, 529, 1, 1}, belowTopBar, {740, 530}},
     {"just below the middle", {900, 556, 1, 1}, belowTopBar, {740, 156}},
     {"a pointer in the open", {500, 200, 1, 1}, belowTopBar, {340, 201}},
-    {"second screen, right end", {3810, 4, 22, 22}, secondScreen, {3520, 30}},
-    {"a screen at the left, its corner", {-26, 854, 22, 22}, leftScreen, {-320, 450}},
-    {"no room below", {100, 150, 20, 20}, {0, 0, 800, 420}, {0, 20}},
+    {"second screen, right end", {3810, 4, 22, 22}, secondScreen, {3512, 38}},
+    {"a screen at the left, its corner", {-26, 854, 22, 22}, leftScreen, {-328, 442}},
+    {"no room below", {100, 150, 20, 20}, {0, 0, 800, 420}, {8, 12}},
+    {"too low for its gaps", {900, 0, 20, 20}, {0, 0, 1920, 410}, {749, 8}},
     {"exactly as large", {100, 0, 20, 20}, {0, 0, 320, 400}, {0, 0}},
-    {"too low a work area", {100, 0, 20, 20}, {0, 24, 800, 300}, {0, 24}},
-    {"too narrow a work area", {150, 0, 20, 20}, {10, 24, 200, 900}, {10, 24}},
+    {"too low a work area", {100, 0, 20, 20}, {0, 24, 800, 300}, {8, 24}},
+    {"too narrow a work area", {150, 0, 20, 20}, {10, 24, 200, 900}, {10, 32}},
     {"no work area at all", {150, 0, 20, 20}, {7, 9, 0, 0}, {7, 9}}};
 
 TEST(PanelPlacement, StandsWhereItShould)
@@ -261,15 +283,25 @@ TEST(PanelPlacement, StandsWhereItShould)
     }
 }
 
-TEST(PanelPlacement, StaysInsideEveryWorkAreaThatIsLargeEnough)
+TEST(PanelPlacement, StaysAwayFromTheEdgesOfEveryWorkAreaThatIsLargeEnough)
 {
     for (const QRect& area : {belowTopBar, aboveBottomBar, rightOfLeftBar, secondScreen}) {
         for (int x = area.left() - 40; x < area.right() + 40; x += 97) {
             for (int y = area.top() - 40; y < area.bottom() + 40; y += 89) {
                 const QRect placed(placePanel({x, y, 22, 22}, panel, area), panel);
-                EXPECT_TRUE(area.contains(placed)) << x << ' ' << y;
+                EXPECT_TRUE(area.contains(placed.marginsAdded({8, 8, 8, 8}))) << x << ' ' << y;
             }
         }
+    }
+}
+
+TEST(TrayCorner, IsAtTheBottomWhereTheDesktopHasItsBarThere)
+{
+    for (const char* const desktops : {"KDE", "ubuntu:KDE", "LXQt:labwc:wlroots"}) {
+        EXPECT_EQ(trayCorner(desktops), Qt::RightEdge | Qt::BottomEdge) << desktops;
+    }
+    for (const char* const desktops : {"", "sway", "labwc:wlroots", "XFCE", "KDE2"}) {
+        EXPECT_EQ(trayCorner(desktops), Qt::RightEdge | Qt::TopEdge) << desktops;
     }
 }
 
