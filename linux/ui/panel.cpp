@@ -12,7 +12,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -229,14 +228,9 @@ void ContentView::changeEvent(QEvent* event)
     }
 }
 
-/// Draws an edge where the window system draws no frame.
 void ContentView::paintEvent(QPaintEvent* /*event*/)
 {
-    if (windowFlags().testFlag(Qt::FramelessWindowHint)) {
-        QPainter painter(this);
-        painter.setPen(edgeColour(palette()));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    }
+    drawEdge(*this);
 }
 
 QWidget* ContentView::makeHeader()

@@ -81,7 +81,7 @@ qreal contrast(const QColor& one, const QColor& other)
 bool stylePaintsInColoursOfPalette()
 {
     const QString name = QApplication::style()->name();
-    return name == "fusion" || name == "windows";
+    return name == "fusion" || name == "windows" || name == "breeze";
 }
 
 } // namespace
@@ -114,15 +114,15 @@ void applyPalette(std::optional<ColourScheme> scheme)
         stylePaintsInColoursOfPalette()) {
         palette = paletteFor(*scheme);
     }
-    using Palette = QPalette;
-    for (const auto group : {Palette::Active, Palette::Inactive}) {
-        for (const auto& [text, ground] : {std::pair(Palette::WindowText, Palette::Window),
-                                           std::pair(Palette::Text, Palette::Base),
-                                           std::pair(Palette::ButtonText, Palette::Button)}) {
-            const QColor colour = palette.color(group, text);
-            const QColor readable = readableOn(palette.color(group, ground), colour);
-            if (readable != colour) {
-                palette.setColor(group, text, readable);
+    const QPalette::ColorGroup active = QPalette::Active;
+    for (const auto& [text, ground] : {std::pair(QPalette::WindowText, QPalette::Window),
+                                       std::pair(QPalette::Text, QPalette::Base),
+                                       std::pair(QPalette::ButtonText, QPalette::Button)}) {
+        const QColor colour =
+            readableOn(palette.color(active, ground), palette.color(active, text));
+        for (const auto group : {active, QPalette::Inactive}) {
+            if (palette.color(group, text) != colour) {
+                palette.setColor(group, text, colour);
             }
         }
     }
@@ -143,15 +143,25 @@ QColor readableOn(const QColor& ground, const QColor& wanted)
     return colour;
 }
 
+namespace {
+
+/// On an inactive window too, which some styles give another ground.
+QColor readableOnWindows(const QPalette& palette, const QColor& wanted)
+{
+    return readableOn(palette.color(QPalette::Inactive, QPalette::Window),
+                      readableOn(palette.color(QPalette::Active, QPalette::Window), wanted));
+}
+
+} // namespace
+
 QColor warningTextColour(const QPalette& palette, std::optional<ColourScheme> scheme)
 {
-    return readableOn(palette.color(QPalette::Active, QPalette::Window), systemRed(scheme));
+    return readableOnWindows(palette, systemRed(scheme));
 }
 
 QColor secondaryTextColour(const QPalette& palette)
 {
-    return readableOn(palette.color(QPalette::Active, QPalette::Window),
-                      blended(palette, secondaryWeight));
+    return readableOnWindows(palette, blended(palette, secondaryWeight));
 }
 
 QColor dividerColour(const QPalette& palette)

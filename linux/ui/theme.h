@@ -24,8 +24,8 @@ QPalette paletteFor(ColourScheme scheme);
 
 /// Gives the application the colours of `scheme` where its own are of another scheme: Qt without a
 /// theme for the desktop is always light. Colours of the desktop that fit the scheme stay, and so
-/// do those of a style that paints its controls in colours of its own. Texts that are too pale to
-/// read, as some themes have them in inactive windows, become readable.
+/// do those of a style that paints its controls in colours of its own. Texts become readable, and
+/// in inactive windows, where some themes have them pale, the same as in active ones.
 void applyPalette(std::optional<ColourScheme> scheme);
 
 /// `wanted`, as far towards black or white as a text on `ground` needs for a contrast of 4.5 to 1.

@@ -23,6 +23,15 @@ QString plainToolTip(const QString& text)
     return Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
 }
 
+void drawEdge(QWidget& window)
+{
+    if (window.windowFlags().testFlag(Qt::FramelessWindowHint)) {
+        QPainter painter(&window);
+        painter.setPen(edgeColour(window.palette()));
+        painter.drawRect(window.rect().adjusted(0, 0, -1, -1));
+    }
+}
+
 ElidedLabel::ElidedLabel(QWidget* parent)
     : QLabel(parent)
 {
@@ -147,6 +156,12 @@ void PictureView::paintEvent(QPaintEvent* /*event*/)
     QPainter(this).drawImage(rect(), image.rendered(devicePixelRatioF() * growth));
 }
 
+namespace {
+
+constexpr int gapToBar = 6; // points
+
+} // namespace
+
 Scroller::Scroller(QWidget* content, QWidget* parent)
     : QScrollArea(parent)
 {
@@ -177,7 +192,14 @@ QSize Scroller::sizeHint() const
     }
     return content.height() <= room
         ? content
-        : QSize(content.width() + style()->pixelMetric(QStyle::PM_ScrollBarExtent), room);
+        : QSize(content.width() + gapToBar + style()->pixelMetric(QStyle::PM_ScrollBarExtent),
+                room);
+}
+
+void Scroller::resizeEvent(QResizeEvent* event)
+{
+    QScrollArea::resizeEvent(event);
+    setViewportMargins(0, 0, widget()->sizeHint().height() > height() ? gapToBar : 0, 0);
 }
 
 bool Scroller::eventFilter(QObject* watched, QEvent* event)

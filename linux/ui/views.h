@@ -33,6 +33,10 @@ inline QString asQt(const std::string& text)
 /// markup.
 QString plainToolTip(const QString& text);
 
+/// Draws a thin line around a window without a frame, which a desktop of its colour would swallow.
+/// For the window's paint event.
+void drawEdge(QWidget& window);
+
 /// One line of plain text in the available width. A text that is too long is cut in the middle and
 /// stays whole as accessible name and tooltip.
 class ElidedLabel : public QLabel {
@@ -108,6 +112,7 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
