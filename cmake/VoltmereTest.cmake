@@ -1,6 +1,6 @@
 # Declares a GoogleTest program and registers it with CTest under one label:
 #
-#   voltmere_test(NAME name LABEL unit|ui|desktop|soak|fuzz|macos SOURCES file... LIBRARIES lib...)
+#   voltmere_test(NAME name LABEL unit|ui|matrix|desktop|soak|fuzz|macos SOURCES file... LIBRARIES lib...)
 #
 # Tests run without a display, in the C locale, in UTC and without the user's settings of Qt unless
 # they set something else.
@@ -51,7 +51,7 @@ function(voltmere_story)
 endfunction()
 
 function(voltmere_check_label name label)
-  set(labels unit ui desktop soak fuzz macos)
+  set(labels unit ui matrix desktop soak fuzz macos)
   if(NOT label IN_LIST labels)
     message(FATAL_ERROR "The label of the test ${name} is '${label}', not one of ${labels}")
   endif()

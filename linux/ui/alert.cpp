@@ -16,46 +16,42 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace voltmere {
 
 namespace {
 
-// All in points.
+// All in points. The icon, a label and the padding grow with the text from 13 pixels on.
 constexpr int iconSide = 64;
 constexpr int margin = 16;
 constexpr int gap = 12;
-constexpr int fontSize = 13;
 constexpr int widestLabel = 420;
 constexpr int colonSpacing = 3;    // on both sides
 constexpr int confirmPadding = 10; // on both sides of its title
 
-/// `text` in at most `width`: cut within its name, or at its end where it has no name.
-QString cutToFit(const NamedText& text, const QFontMetricsF& metrics, qreal width)
+/// `text`, with its name cut in the middle where the whole is wider than `width`.
+QString shortenedTo(int width, const NamedText& text, const QFontMetricsF& metrics)
 {
-    const QString whole = asQt(text.whole());
-    if (text.name.empty() || metrics.horizontalAdvance(whole) <= width) {
-        return metrics.elidedText(whole, Qt::ElideRight, width);
-    }
     const QString before = asQt(text.before);
     const QString after = asQt(text.after);
-    const qreal room = width - metrics.horizontalAdvance(before + after);
+    const qreal room = width - std::ceil(metrics.horizontalAdvance(before + after)) - 1;
     return before + metrics.elidedText(asQt(text.name), Qt::ElideMiddle, room) + after;
 }
 
-/// A centred line of plain text, as wide as the text up to the alert's greatest width. A text that
-/// is cut stays whole as tooltip and accessible name.
-QLabel* makeAlertLabel(const NamedText& text, const QFont& font, QWidget* parent)
+/// A centred plain text in at most `widest` points: its name is cut, and the rest wraps. A text
+/// that is cut stays whole as tooltip and accessible name.
+QLabel* makeAlertLabel(const NamedText& text, const QFont& font, int widest, QWidget* parent)
 {
-    auto* const label = new QLabel(parent);
+    auto* const label = new MessageLabel(parent, widest);
     const QString whole = asQt(text.whole());
-    label->setTextFormat(Qt::PlainText);
     label->setFont(font);
     label->setAlignment(Qt::AlignCenter);
-    label->setFixedHeight(alertGeometry::labelHeight);
     label->setAccessibleName(whole);
-    label->setText(cutToFit(text, QFontMetricsF(font), widestLabel));
+    label->setText(shortenedTo(widest, text, QFontMetricsF(font)));
+    label->setFixedSize(
+        label->sizeHint().expandedTo({0, scaledTo(font, alertGeometry::labelHeight)}));
     if (label->text() != whole) {
         label->setToolTip(plainToolTip(whole));
         label->setAccessibleDescription(whole);
@@ -96,34 +92,36 @@ private:
 
 } // namespace
 
-SnoozeAlertWindow::SnoozeAlertWindow(const AlertContent& content, AlertActions givenActions,
+SnoozeAlertWindow::SnoozeAlertWindow(const AlertContent& texts, AlertActions givenActions,
                                      const Appearance& appearance)
     : actions(std::move(givenActions))
     , appearance(appearance)
-    , detailIsRed(content.detailIsRed)
+    , detailIsRed(texts.detailIsRed)
 {
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowStaysOnTopHint |
                    Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
-    const QString title = asQt(content.title.whole());
+    const QString title = asQt(texts.title.whole());
     setWindowIcon(AppIconAsset::windowIcon());
-    setWindowTitle(asQt(content.applicationName) + " — " + title);
+    setWindowTitle(title);
     setAccessibleName(title);
-    setAccessibleDescription(asQt(content.detail));
-    QFont alertFont = font();
-    alertFont.setPixelSize(fontSize);
-    setFont(alertFont); // and of its controls, since they are made as its children
-
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(margin, margin, margin, margin);
-    column->setSpacing(gap);
-    column->setSizeConstraint(QLayout::SetFixedSize);
+    setAccessibleDescription(asQt(texts.detail));
+    auto* const content = new QWidget(this);
+    auto* const upper = new QVBoxLayout(content);
+    upper->setContentsMargins({});
+    upper->setSpacing(gap);
     if (const auto image = AppIconAsset::appImage(iconSide)) {
         auto* const icon = new PictureView(
             iconSide, [picture = *image](const QColor&) { return picture; }, this);
-        column->addWidget(icon, 0, Qt::AlignHCenter);
+        upper->addWidget(icon, 0, Qt::AlignHCenter);
     }
-    column->addWidget(makeAccessory(content), 0, Qt::AlignHCenter);
-    column->addWidget(makeButton(asQt(content.cancelTitle), [this] { reject(); }), 0,
+    upper->addWidget(makeAccessory(texts), 0, Qt::AlignHCenter);
+
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(margin, margin, margin, margin);
+    column->setSpacing(gap);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    column->addWidget(new Scroller(content, this), 0, Qt::AlignHCenter);
+    column->addWidget(makeButton(asQt(texts.cancelTitle), [this] { reject(); }), 0,
                       Qt::AlignHCenter);
     colourDetail();
 }
@@ -132,13 +130,30 @@ void SnoozeAlertWindow::present(const Pointer& pointer, RunLoop& runLoop)
 {
     adjustSize();
     standInLayer(*this, {});
-    move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
+    centre();
     // The window appears while a person may be typing: no control must take the next key.
     setFocus();
     bringToFront();
     hoverPoller = std::make_unique<HoverPoller>(hoverItems, pointer, runLoop);
     QAccessibleEvent event(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&event);
+}
+
+void SnoozeAlertWindow::centre()
+{
+    QRect place = frameGeometry();
+    place.moveCenter(QGuiApplication::primaryScreen()->availableGeometry().center());
+    move(place.topLeft());
+}
+
+/// The window system puts its frame around the window only after the window is on screen.
+void SnoozeAlertWindow::moveEvent(QMoveEvent* event)
+{
+    QDialog::moveEvent(event);
+    if (!isCentredWithFrame && isVisible() && frameGeometry() != geometry()) {
+        isCentredWithFrame = true;
+        centre();
+    }
 }
 
 void SnoozeAlertWindow::bringToFront()
@@ -173,27 +188,30 @@ QWidget* SnoozeAlertWindow::makeAccessory(const AlertContent& content)
     auto* const stack = new QVBoxLayout(container);
     stack->setContentsMargins(0, 0, 0, 0);
     stack->setSpacing(alertGeometry::spacing);
+    const QRect workArea = QGuiApplication::primaryScreen()->availableGeometry();
+    const int widest = std::min(scaledTo(font(), widestLabel), workArea.width() - 4 * margin);
     const auto addRow = [stack](QWidget* row) { stack->addWidget(row, 0, Qt::AlignHCenter); };
 
-    detail = makeAlertLabel(withoutName(content.detail), font(), this);
-    addRow(makeAlertLabel(withoutName(content.applicationName), font(), this));
-    addRow(makeAlertLabel(content.title, headlineFont(font()), this));
+    detail = makeAlertLabel(withoutName(content.detail), font(), widest, this);
+    addRow(makeAlertLabel(withoutName(content.applicationName), font(), widest, this));
+    addRow(makeAlertLabel(content.title, headlineFont(font()), widest, this));
     addRow(detail);
-    addRow(makeAlertLabel(withoutName(content.prompt), font(), this));
+    addRow(makeAlertLabel(withoutName(content.prompt), font(), widest, this));
     for (std::size_t option = 0; option < content.options.size(); ++option) {
         addRow(makeButton(asQt(content.options[option]),
                           [this, option] { actions.chooseOption(option); }));
     }
     addRow(customTimeRow(content));
-    container->setMinimumWidth(alertGeometry::width);
+    container->setMinimumWidth(scaledTo(font(), alertGeometry::width));
     return container;
 }
 
 QWidget* SnoozeAlertWindow::customTimeRow(const AlertContent& content)
 {
     auto* const view = new QWidget(this);
-    auto* const caption = makeAlertLabel(withoutName(content.customTimeCaption), font(), view);
-    auto* const colon = makeAlertLabel(withoutName(":"), font(), view);
+    auto* const caption =
+        makeAlertLabel(withoutName(content.customTimeCaption), font(), widestLabel, view);
+    auto* const colon = makeAlertLabel(withoutName(":"), font(), widestLabel, view);
     auto* const hour = makePopUp(content.hour, view);
     auto* const minute = makePopUp(content.minute, view);
     auto* const confirm = makeButton(
@@ -202,7 +220,7 @@ QWidget* SnoozeAlertWindow::customTimeRow(const AlertContent& content)
             actions.chooseTime(hours.at(hour->choice()), minutes.at(minute->choice()));
         });
     confirm->setFixedWidth(confirm->fontMetrics().horizontalAdvance(confirm->text()) +
-                           2 * confirmPadding);
+                           2 * scaledTo(font(), confirmPadding));
 
     auto* const row = new QHBoxLayout(view);
     row->setContentsMargins(0, 0, 0, 0);
@@ -219,8 +237,7 @@ QWidget* SnoozeAlertWindow::customTimeRow(const AlertContent& content)
     row->addWidget(confirm);
     row->addStretch();
     // In some styles the pop-ups are so wide that the row would cut them.
-    view->setFixedSize(std::max(alertGeometry::width, row->minimumSize().width()),
-                       alertGeometry::rowHeight);
+    view->setFixedSize(rowSize().expandedTo({row->minimumSize().width(), 0}));
     return view;
 }
 
@@ -228,7 +245,7 @@ HoverPopUpButton* SnoozeAlertWindow::makePopUp(const PopUp<std::int64_t>& conten
 {
     auto* const popUp = new HoverPopUpButton(row);
     popUp->present(content);
-    popUp->setFixedHeight(alertGeometry::rowHeight);
+    popUp->setFixedHeight(rowSize().height());
     hoverItems.push_back({popUp, popUp});
     return popUp;
 }
@@ -236,16 +253,22 @@ HoverPopUpButton* SnoozeAlertWindow::makePopUp(const PopUp<std::int64_t>& conten
 HoverButton* SnoozeAlertWindow::makeButton(const QString& title, std::function<void()> action)
 {
     auto* const button = new HoverButton(title, this);
-    button->setFixedSize(alertGeometry::width, alertGeometry::rowHeight);
+    button->setFixedSize(rowSize());
     connect(button, &QPushButton::clicked, this, std::move(action));
     hoverItems.push_back({button, button});
     return button;
 }
 
+QSize SnoozeAlertWindow::rowSize() const
+{
+    return {scaledTo(font(), alertGeometry::width), scaledTo(font(), alertGeometry::rowHeight)};
+}
+
 void SnoozeAlertWindow::colourDetail()
 {
     setTextColour(*detail,
-                  detailIsRed ? std::optional(systemRed(appearance.bestMatch())) : std::nullopt);
+                  detailIsRed ? std::optional(warningTextColour(palette(), appearance.bestMatch()))
+                              : std::nullopt);
 }
 
 SnoozeAlertPresenter::SnoozeAlertPresenter(const Appearance& appearance, const Pointer& pointer,

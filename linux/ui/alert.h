@@ -15,11 +15,12 @@
 namespace voltmere {
 
 /// The snooze alert on screen: the application's icon, the low devices, four fixed choices, a row
-/// for a clock time, and Cancel. It stays on top and is not modal. Escape and the window's close
-/// button cancel too.
+/// for a clock time, and Cancel. It grows with the font; on a screen that is too low for it all but
+/// Cancel scrolls. It stays on top and is not modal. Escape and the window's close button cancel
+/// too.
 class SnoozeAlertWindow : public QDialog {
 public:
-    SnoozeAlertWindow(const AlertContent& content, AlertActions actions,
+    SnoozeAlertWindow(const AlertContent& texts, AlertActions actions,
                       const Appearance& appearance);
 
     /// Puts the window on screen, centred, in front and with the keyboard.
@@ -32,18 +33,22 @@ public:
 protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
 
 private:
     QWidget* makeAccessory(const AlertContent& content);
     QWidget* customTimeRow(const AlertContent& content);
     HoverPopUpButton* makePopUp(const PopUp<std::int64_t>& content, QWidget* row);
     HoverButton* makeButton(const QString& title, std::function<void()> action);
+    QSize rowSize() const;
     void colourDetail();
+    void centre();
 
     AlertActions actions;
     const Appearance& appearance;
     QLabel* detail = nullptr;
     bool detailIsRed;
+    bool isCentredWithFrame = false;
     std::vector<HoverPoller::Item> hoverItems;
     std::unique_ptr<HoverPoller> hoverPoller;
 };

@@ -62,6 +62,7 @@ void HoverPopUpButton::setHovering(bool nowHovering)
 
 QSize HoverPopUpButton::sizeHint() const
 {
+    ensurePolished();
     QStyleOptionComboBox option;
     initStyleOption(&option);
     const QRect place =
@@ -101,7 +102,7 @@ void HoverPoller::refresh()
 {
     const auto position = pointer.position();
     for (const auto& [view, hover] : items) {
-        hover->setHovering(position ? view->rect().contains(view->mapFromGlobal(
+        hover->setHovering(position ? view->visibleRegion().contains(view->mapFromGlobal(
                                           QPointF(position->x, position->y).toPoint()))
                                     : view->underMouse());
     }

@@ -113,10 +113,11 @@ private:
         view->setObjectName(QString("device-%1").arg(device.id));
         // Made in the order in which a screen reader reads them.
         auto* const name = new ElidedLabel(view.get());
-        auto* const level = makePlainLabel("deviceLevel", view.get());
+        auto* const level = new MessageLabel(view.get(), panelGeometry::width);
         name->setObjectName("deviceName");
         name->setFont(headlineFont(font()));
         name->setFullText(asQt(device.name));
+        level->setObjectName("deviceLevel");
         level->setFont(title3Font(font()));
         level->setText(asQt(device.level));
         view->setLayout(makeRow({makeSymbolView(device.symbol, view.get()), name, level}));
@@ -145,34 +146,37 @@ ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
     , appearance(appearance)
     , content(panelContent(model))
     , column(new QVBoxLayout(this))
+    , rows(new QVBoxLayout(new QWidget(this)))
     , redrawScheduler(model.objectWillChange, [this] { redraw(); })
 {
     constexpr int padding = panelGeometry::padding;
     QAccessible::installFactory(&makePanelInterface); // once, however often it is asked
     column->setContentsMargins(padding, padding, padding, padding);
     column->setSpacing(panelGeometry::itemSpacing);
-    column->addStrut(panelGeometry::width - 2 * padding);
     column->setSizeConstraint(QLayout::SetFixedSize);
+    column->addWidget(new Scroller(rows->parentWidget(), this));
+    rows->setContentsMargins({});
+    rows->setSpacing(panelGeometry::itemSpacing);
+    rows->addStrut(panelGeometry::width - 2 * padding);
 
     // The order of construction is the order of the Tab key and of a screen reader.
     using Content = PanelContent;
-    column->addWidget(makeHeader());
-    column->addWidget(new Divider(this));
-    column->addWidget(makeDevices());
-    column->addWidget(new Divider(this));
+    rows->addWidget(makeHeader());
+    rows->addWidget(new Divider(this));
+    rows->addWidget(makeDevices());
+    rows->addWidget(new Divider(this));
     auto* const warnBelow = makeText("thresholdLabel", &Content::warnBelow);
     auto* const threshold = makePicker("threshold", &Content::threshold, model.threshold);
     threshold->setMinimumWidth(panelGeometry::thresholdWidth);
-    column->addLayout(makeRow(
+    rows->addLayout(makeRow(
         {warnBelow, threshold, makeText("thresholdSuffix", &Content::warnSuffix),
          makeToggle("instantAlert", &Content::instantAlert, model.instantEnabled), stretch}));
-    column->addWidget(makeToggle("dailyCheck", &Content::dailyCheck, model.enabled));
-    column->addLayout(
-        makeRow({makeText("checkTimeLabel", &Content::checkTime), stretch,
-                 makePicker("checkHour", &Content::checkHour, model.checkHour),
-                 makeText("timeSeparator", &Content::timeSeparator),
-                 makePicker("checkMinute", &Content::checkMinute, model.checkMinute)}));
-    column->addWidget(makeStatus());
+    rows->addWidget(makeToggle("dailyCheck", &Content::dailyCheck, model.enabled));
+    rows->addLayout(makeRow({makeText("checkTimeLabel", &Content::checkTime), stretch,
+                             makePicker("checkHour", &Content::checkHour, model.checkHour),
+                             makeText("timeSeparator", &Content::timeSeparator),
+                             makePicker("checkMinute", &Content::checkMinute, model.checkMinute)}));
+    rows->addWidget(makeStatus());
     const auto showAlert = [this, &model] {
         const AlertPayload payload = model.alertPayload();
         model.showSnoozeAlert(payload.devices, payload.isLow);
@@ -180,8 +184,8 @@ ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
             window()->close();
         }
     };
-    column->addWidget(makeButton("testAlert", &Content::testAlert, showAlert), 0, Qt::AlignLeft);
-    column->addWidget(makeToggle("launchAtLogin", &Content::launchAtLogin, model.launchAtLogin));
+    rows->addWidget(makeButton("testAlert", &Content::testAlert, showAlert), 0, Qt::AlignLeft);
+    rows->addWidget(makeToggle("launchAtLogin", &Content::launchAtLogin, model.launchAtLogin));
     column->addWidget(new Divider(this));
     column->addLayout(makeRow({makeButton("quit", &Content::quit, std::move(quit)), stretch,
                                makeText("languageLabel", &Content::languageLabel),
@@ -193,7 +197,7 @@ ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
 
 void ContentView::addNoTrayNotice()
 {
-    auto* const notice = new WrappingLabel(this);
+    auto* const notice = new MessageLabel(this);
     notice->setObjectName("noTray");
     column->addSpacing(panelGeometry::padding - panelGeometry::itemSpacing);
     column->addWidget(notice);
@@ -227,6 +231,11 @@ void ContentView::changeEvent(QEvent* event)
     }
 }
 
+void ContentView::paintEvent(QPaintEvent* /*event*/)
+{
+    drawEdge(*this);
+}
+
 QWidget* ContentView::makeHeader()
 {
     auto* const header = new QWidget(this);
@@ -246,19 +255,20 @@ QWidget* ContentView::makeHeader()
 QWidget* ContentView::makeDevices()
 {
     auto* const list = new DeviceList(content.emptySymbol, this);
-    updates.emplace_back(
-        [this, list] { list->present(content, systemRed(appearance.bestMatch())); });
+    updates.emplace_back([this, list] {
+        list->present(content, warningTextColour(palette(), appearance.bestMatch()));
+    });
     return list;
 }
 
 QLabel* ContentView::makeStatus()
 {
-    auto* const line = new WrappingLabel(this);
+    auto* const line = new MessageLabel(this);
     line->setObjectName("status");
     updates.emplace_back([this, line] {
         line->setText(asQt(content.status));
         setTextColour(*line,
-                      content.statusIsRed ? systemRed(appearance.bestMatch())
+                      content.statusIsRed ? warningTextColour(palette(), appearance.bestMatch())
                                           : secondaryTextColour(palette()));
     });
     return line;
@@ -293,7 +303,7 @@ QPushButton* ContentView::makeButton(const char* objectName, std::string PanelCo
 QCheckBox* ContentView::makeToggle(const char* objectName, Toggle PanelContent::*toggle,
                                    Published<bool>& setting)
 {
-    auto* const box = new QCheckBox(this);
+    auto* const box = new ToggleBox(this);
     box->setObjectName(objectName);
     // Assistive technology toggles without a click. So does a redraw, which must not write.
     connect(box, &QCheckBox::toggled, this, [&setting](bool checked) {
@@ -329,7 +339,10 @@ void ContentView::redraw()
         update();
     }
     // Otherwise the rows would be seen moving to their places one turn later.
-    layout()->activate();
+    for (QLayout* const part : {rows, column}) {
+        part->invalidate();
+        part->activate();
+    }
 }
 
 } // namespace voltmere

@@ -24,8 +24,9 @@ class SettingPicker;
 /// user's choices to the model, which it never changes otherwise. It keeps no state of its own, so
 /// it is built when the panel opens and destroyed when it closes.
 ///
-/// It is 320 points wide, more where the user's font needs it, and always exactly as high as its
-/// rows. When it first appears it asks for a fresh reading. Escape closes its window.
+/// It is 320 points wide, more where the user's font needs it, and exactly as high as its rows
+/// where the screen is: on a lower screen they scroll, and Quit stays in reach. When it first
+/// appears it asks for a fresh reading. Escape closes its window.
 class ContentView : public QWidget {
 public:
     /// `quit` ends the program. The model and the appearance must outlive the view.
@@ -38,6 +39,7 @@ protected:
     void showEvent(QShowEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     QWidget* makeHeader();
@@ -57,7 +59,8 @@ private:
     const Appearance& appearance;
     PanelContent content; ///< as it is shown
     bool hasAppeared = false;
-    QVBoxLayout* column;
+    QVBoxLayout* column; ///< the rows that scroll on a low screen, and below them those that do not
+    QVBoxLayout* rows;   ///< that scroll
     std::vector<std::function<void()>> updates; ///< each brings one control in line with `content`
     RedrawScheduler redrawScheduler;
 };

@@ -1,7 +1,13 @@
 #include "linux/ui/theme.h"
 
 #include <QApplication>
+#include <QFontInfo>
+#include <QStyle>
 #include <QWidget>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace voltmere {
 
@@ -9,6 +15,9 @@ namespace {
 
 constexpr qreal secondaryWeight = 0.62;
 constexpr qreal dividerWeight = 0.15;
+constexpr qreal edgeWeight = 0.4;
+constexpr qreal leastContrast = 4.5;
+constexpr int measuredTextSize = 13; // pixels
 constexpr qreal title3Scale = 15.0 / 13.0;
 
 struct Colour {
@@ -33,17 +42,46 @@ constexpr Colour colours[]{
     {QPalette::All, QPalette::HighlightedText, 0xFFFFFF, 0xFFFFFF},
 };
 
+/// `weight` of `front`, and `back` for the rest.
+QColor mixed(const QColor& front, const QColor& back, qreal weight)
+{
+    const auto mix = [weight](int one, int other) {
+        return qRound(one * weight + other * (1 - weight));
+    };
+    return {mix(front.red(), back.red()), mix(front.green(), back.green()),
+            mix(front.blue(), back.blue())};
+}
+
 /// The mix of text and background colour with `weight` of the text's, as in an active window: the
 /// caller asks before the window becomes active, and some themes have pale texts until then.
 QColor blended(const QPalette& palette, qreal weight)
 {
-    const QColor text = palette.color(QPalette::Active, QPalette::WindowText);
-    const QColor background = palette.color(QPalette::Active, QPalette::Window);
-    const auto mix = [weight](int front, int back) {
-        return qRound(front * weight + back * (1 - weight));
+    return mixed(palette.color(QPalette::Active, QPalette::WindowText),
+                 palette.color(QPalette::Active, QPalette::Window), weight);
+}
+
+/// The part of the brightest light that a colour gives back. Source: Web Content Accessibility
+/// Guidelines 2, "relative luminance".
+qreal luminance(const QColor& colour)
+{
+    const auto linear = [](qreal part) {
+        return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
     };
-    return {mix(text.red(), background.red()), mix(text.green(), background.green()),
-            mix(text.blue(), background.blue())};
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+        0.0722 * linear(colour.blueF());
+}
+
+qreal contrast(const QColor& one, const QColor& other)
+{
+    const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+/// Whether the style paints controls in the colours of the palette that it is given.
+bool stylePaintsInColoursOfPalette()
+{
+    const QString name = QApplication::style()->name();
+    return name == "fusion" || name == "windows" || name == "breeze";
 }
 
 } // namespace
@@ -71,19 +109,69 @@ QPalette paletteFor(ColourScheme scheme)
 
 void applyPalette(std::optional<ColourScheme> scheme)
 {
-    if (scheme && (scheme == ColourScheme::dark) != isDark(QApplication::palette())) {
-        QApplication::setPalette(paletteFor(*scheme));
+    QPalette palette = QApplication::palette();
+    if (scheme && (scheme == ColourScheme::dark) != isDark(palette) &&
+        stylePaintsInColoursOfPalette()) {
+        palette = paletteFor(*scheme);
     }
+    const QPalette::ColorGroup active = QPalette::Active;
+    for (const auto& [text, ground] : {std::pair(QPalette::WindowText, QPalette::Window),
+                                       std::pair(QPalette::Text, QPalette::Base),
+                                       std::pair(QPalette::ButtonText, QPalette::Button)}) {
+        const QColor colour =
+            readableOn(palette.color(active, ground), palette.color(active, text));
+        for (const auto group : {active, QPalette::Inactive}) {
+            if (palette.color(group, text) != colour) {
+                palette.setColor(group, text, colour);
+            }
+        }
+    }
+    if (palette != QApplication::palette()) {
+        QApplication::setPalette(palette);
+    }
+}
+
+QColor readableOn(const QColor& ground, const QColor& wanted)
+{
+    constexpr int steps = 64;
+    const QColor end =
+        contrast(ground, Qt::black) > contrast(ground, Qt::white) ? Qt::black : Qt::white;
+    QColor colour = wanted;
+    for (int step = 1; step <= steps && contrast(ground, colour) < leastContrast; ++step) {
+        colour = mixed(end, wanted, static_cast<qreal>(step) / steps);
+    }
+    return colour;
+}
+
+namespace {
+
+/// On an inactive window too, which some styles give another ground.
+QColor readableOnWindows(const QPalette& palette, const QColor& wanted)
+{
+    return readableOn(palette.color(QPalette::Inactive, QPalette::Window),
+                      readableOn(palette.color(QPalette::Active, QPalette::Window), wanted));
+}
+
+} // namespace
+
+QColor warningTextColour(const QPalette& palette, std::optional<ColourScheme> scheme)
+{
+    return readableOnWindows(palette, systemRed(scheme));
 }
 
 QColor secondaryTextColour(const QPalette& palette)
 {
-    return blended(palette, secondaryWeight);
+    return readableOnWindows(palette, blended(palette, secondaryWeight));
 }
 
 QColor dividerColour(const QPalette& palette)
 {
     return blended(palette, dividerWeight);
+}
+
+QColor edgeColour(const QPalette& palette)
+{
+    return blended(palette, edgeWeight);
 }
 
 void setTextColour(QWidget& widget, std::optional<QColor> colour)
@@ -93,6 +181,11 @@ void setTextColour(QWidget& widget, std::optional<QColor> colour)
         palette.setColor(QPalette::WindowText, *colour);
     }
     widget.setPalette(palette);
+}
+
+int scaledTo(const QFont& font, int points)
+{
+    return std::max(points, qRound(points * QFontInfo(font).pixelSize() / qreal{measuredTextSize}));
 }
 
 QFont headlineFont(QFont body)

@@ -5,13 +5,15 @@
 #include <QEvent>
 #include <QFontMetrics>
 #include <QLabel>
+#include <QLayout>
 #include <QPainter>
 #include <QProxyStyle>
+#include <QScreen>
 #include <QTextDocument>
 #include <QTextLayout>
+#include <QtMath>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace voltmere {
@@ -19,6 +21,15 @@ namespace voltmere {
 QString plainToolTip(const QString& text)
 {
     return Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal);
+}
+
+void drawEdge(QWidget& window)
+{
+    if (window.windowFlags().testFlag(Qt::FramelessWindowHint)) {
+        QPainter painter(&window);
+        painter.setPen(edgeColour(window.palette()));
+        painter.drawRect(window.rect().adjusted(0, 0, -1, -1));
+    }
 }
 
 ElidedLabel::ElidedLabel(QWidget* parent)
@@ -63,58 +74,61 @@ void ElidedLabel::elide()
     setToolTip(shown == fullText ? QString() : plainToolTip(fullText));
 }
 
-WrappingLabel::WrappingLabel(QWidget* parent)
+MessageLabel::MessageLabel(QWidget* parent, std::optional<int> widest)
     : QLabel(parent)
+    , widest(widest)
 {
     setTextFormat(Qt::PlainText);
-    setWordWrap(true); // makes the height depend on the width
-    QSizePolicy policy = sizePolicy();
-    policy.setHorizontalPolicy(QSizePolicy::Ignored);
-    setSizePolicy(policy);
+    setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
+    if (!widest) {
+        setWordWrap(true); // makes the height depend on the width
+        QSizePolicy policy = sizePolicy();
+        policy.setHorizontalPolicy(QSizePolicy::Ignored);
+        setSizePolicy(policy);
+    }
 }
 
-int WrappingLabel::heightForWidth(int width) const
+int MessageLabel::heightForWidth(int width) const
 {
     QTextLayout lines(text(), font());
-    return layOut(lines, width);
+    return layOut(lines, width).height();
 }
 
-QSize WrappingLabel::sizeHint() const
+QSize MessageLabel::sizeHint() const
 {
-    return {0, fontMetrics().height()};
+    QTextLayout lines(text(), font());
+    return widest ? layOut(lines, *widest) : QSize(0, fontMetrics().height());
 }
 
-QSize WrappingLabel::minimumSizeHint() const
+QSize MessageLabel::minimumSizeHint() const
 {
     return sizeHint();
 }
 
-void WrappingLabel::paintEvent(QPaintEvent* /*event*/)
+void MessageLabel::paintEvent(QPaintEvent* /*event*/)
 {
     QTextLayout lines(text(), font());
-    layOut(lines, width());
+    const int height = layOut(lines, width()).height();
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
-    lines.draw(&painter, {});
+    lines.draw(&painter, {0, std::max(0, this->height() - height) / 2.0});
 }
 
-/// Breaks the text into lines of at most `width`; returns the height of them all.
-int WrappingLabel::layOut(QTextLayout& lines, int width) const
+/// Breaks the text into lines of at most `width`; returns the size of them all.
+QSize MessageLabel::layOut(QTextLayout& lines, int width) const
 {
-    lines.setTextOption([] {
-        QTextOption option(Qt::AlignLeft | Qt::AlignAbsolute);
-        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-        return option;
-    }());
-    qreal height = 0;
+    QTextOption option(alignment());
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    lines.setTextOption(option);
+    QSizeF size;
     lines.beginLayout();
     for (QTextLine line = lines.createLine(); line.isValid(); line = lines.createLine()) {
         line.setLineWidth(width);
-        line.setPosition({0, height});
-        height += line.height();
+        line.setPosition({0, size.height()});
+        size = {std::max(size.width(), line.naturalTextWidth()), size.height() + line.height()};
     }
     lines.endLayout();
-    return std::max(static_cast<int>(std::ceil(height)), fontMetrics().height());
+    return {qCeil(size.width()), std::max(qCeil(size.height()), fontMetrics().height())};
 }
 
 Divider::Divider(QWidget* parent)
@@ -132,13 +146,68 @@ PictureView::PictureView(int side, Picture picture, QWidget* parent)
     : QWidget(parent)
     , picture(std::move(picture))
 {
-    setFixedSize(side, side);
+    setFixedSize(QSize(1, 1) * scaledTo(font(), side));
 }
 
 void PictureView::paintEvent(QPaintEvent* /*event*/)
 {
     const DrawnImage image = picture(palette().color(foregroundRole()));
-    QPainter(this).drawImage(rect(), image.rendered(devicePixelRatioF()));
+    const qreal growth = width() / static_cast<qreal>(image.size.width());
+    QPainter(this).drawImage(rect(), image.rendered(devicePixelRatioF() * growth));
+}
+
+namespace {
+
+constexpr int gapToBar = 6; // points
+
+} // namespace
+
+Scroller::Scroller(QWidget* content, QWidget* parent)
+    : QScrollArea(parent)
+{
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    setWidgetResizable(true);
+    setWidget(content);
+    content->setAutoFillBackground(false); // the window's own background shows
+    viewport()->setAutoFillBackground(false);
+}
+
+QSize Scroller::sizeHint() const
+{
+    const QSize content = widget()->sizeHint();
+    const QLayout& column = *window()->layout();
+    const QMargins margins = column.contentsMargins();
+    int room = window()->screen()->availableGeometry().height() - margins.top() - margins.bottom() -
+        style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    for (int index = 0; index < column.count(); ++index) {
+        QLayoutItem& item = *column.itemAt(index);
+        if (item.widget() != this) {
+            room -= column.spacing() +
+                (item.hasHeightForWidth() ? item.heightForWidth(content.width())
+                                          : item.sizeHint().height());
+        }
+    }
+    return content.height() <= room
+        ? content
+        : QSize(content.width() + gapToBar + style()->pixelMetric(QStyle::PM_ScrollBarExtent),
+                room);
+}
+
+void Scroller::resizeEvent(QResizeEvent* event)
+{
+    QScrollArea::resizeEvent(event);
+    setViewportMargins(0, 0, widget()->sizeHint().height() > height() ? gapToBar : 0, 0);
+}
+
+bool Scroller::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == widget() && event->type() == QEvent::LayoutRequest) {
+        updateGeometry();
+    }
+    return QScrollArea::eventFilter(watched, event);
 }
 
 namespace {
@@ -167,7 +236,27 @@ public:
     }
 };
 
+/// Makes the box as large as its text asks.
+class ToggleStyle : public QProxyStyle {
+public:
+    explicit ToggleStyle(QObject* parent) { setParent(parent); }
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override
+    {
+        const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+        const bool isSide = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight;
+        return isSide && widget != nullptr ? scaledTo(widget->font(), usual) : usual;
+    }
+};
+
 } // namespace
+
+ToggleBox::ToggleBox(QWidget* parent)
+    : QCheckBox(parent)
+{
+    setStyle(new ToggleStyle(this));
+}
 
 SettingPicker::SettingPicker(QWidget* parent)
     : QComboBox(parent)

@@ -3,9 +3,11 @@
 #include "linux/ui/drawn_image.h"
 #include "ports/desktop.h"
 
+#include <QCheckBox>
 #include <QColor>
 #include <QComboBox>
 #include <QLabel>
+#include <QScrollArea>
 #include <QString>
 #include <QWidget>
 
@@ -31,6 +33,10 @@ inline QString asQt(const std::string& text)
 /// markup.
 QString plainToolTip(const QString& text);
 
+/// Draws a thin line around a window without a frame, which a desktop of its colour would swallow.
+/// For the window's paint event.
+void drawEdge(QWidget& window);
+
 /// One line of plain text in the available width. A text that is too long is cut in the middle and
 /// stays whole as accessible name and tooltip.
 class ElidedLabel : public QLabel {
@@ -49,11 +55,14 @@ private:
     QString fullText;
 };
 
-/// Plain text over as many lines as the available width needs. Unlike a QLabel it also breaks
-/// within a word that is longer than a line, so that nothing is cut off.
-class WrappingLabel : public QLabel {
+/// Plain text in exactly the text colour of its palette, which some styles give no QLabel, over as
+/// many lines as the width needs. Unlike a QLabel it also breaks within a word that is longer than
+/// a line, so that nothing is cut off.
+class MessageLabel : public QLabel {
 public:
-    explicit WrappingLabel(QWidget* parent);
+    /// As wide as its text, up to `widest` points. Without `widest` it takes any width that is
+    /// there.
+    explicit MessageLabel(QWidget* parent, std::optional<int> widest = std::nullopt);
 
     int heightForWidth(int width) const override;
     QSize sizeHint() const override;
@@ -63,7 +72,9 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    int layOut(QTextLayout& lines, int width) const;
+    QSize layOut(QTextLayout& lines, int width) const;
+
+    std::optional<int> widest;
 };
 
 /// A thin line across, between two groups of rows.
@@ -81,7 +92,7 @@ class PictureView : public QWidget {
 public:
     using Picture = std::function<DrawnImage(const QColor& textColour)>;
 
-    /// `side` is in points.
+    /// `side` is in points at a text size of 13 pixels, and grows with the font of `parent`.
     PictureView(int side, Picture picture, QWidget* parent);
 
 protected:
@@ -89,6 +100,26 @@ protected:
 
 private:
     Picture picture;
+};
+
+/// Shows all of `content`, or as much as the work area of the screen leaves beside the other rows
+/// of the window, and lets a person scroll to the rest.
+class Scroller : public QScrollArea {
+public:
+    Scroller(QWidget* content, QWidget* parent);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};
+
+/// A check box that grows with its text where the style can draw it so.
+class ToggleBox : public QCheckBox {
+public:
+    explicit ToggleBox(QWidget* parent);
 };
 
 /// A choice among fixed values. It reports the user's choices only: no selection by the program,

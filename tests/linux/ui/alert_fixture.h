@@ -74,6 +74,14 @@ public:
 
     QWidget& container() const { return *popUp(0).parentWidget()->parentWidget(); }
 
+    /// The application's icon and the rows, of which a person sees all that fit.
+    QLayout& scrolled() const { return *container().parentWidget()->layout(); }
+
+    QRect placeOf(const QWidget& widget) const
+    {
+        return {widget.mapTo(&window, QPoint()), widget.size()};
+    }
+
     QLabel& label(std::size_t row) const { return dynamic_cast<QLabel&>(*rows().at(row)); }
     QLabel& name() const { return label(0); }
     QLabel& title() const { return label(1); }

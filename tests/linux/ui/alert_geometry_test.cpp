@@ -2,9 +2,12 @@
 
 #include "linux/ui/pictures.h"
 
+#include <QFontInfo>
 #include <QFontMetrics>
 #include <QProxyStyle>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -14,13 +17,31 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+/// Another text size of the desktop, in pixels.
+class FontGuard {
+public:
+    explicit FontGuard(int pixels)
+    {
+        QFont font = usual;
+        font.setPixelSize(pixels);
+        QApplication::setFont(font);
+    }
+
+    ~FontGuard() { QApplication::setFont(usual); }
+
+    FontGuard(const FontGuard&) = delete;
+    FontGuard& operator=(const FontGuard&) = delete;
+
+private:
+    const QFont usual = QApplication::font();
+};
+
 class AlertGeometryTest : public AlertWindowTest {
 protected:
     /// A title that is `width` points wide or a little less.
     static QString titleOfWidth(int width)
     {
         QFont font = QApplication::font();
-        font.setPixelSize(13);
         font.setBold(true);
         const QFontMetrics metrics(font);
         QString text = "W";
@@ -73,14 +94,14 @@ TEST_F(AlertGeometryTest, LabelsAreCentredOneLineOf13PixelsAndTheTitleIsBold)
     const AlertView view = showOneLow();
     for (std::size_t row = 0; row < 4; ++row) {
         const QLabel& label = view.label(row);
-        EXPECT_EQ(label.font().pixelSize(), 13);
+        EXPECT_EQ(QFontInfo(label.font()).pixelSize(), 13);
         EXPECT_EQ(label.font().bold(), row == 1);
-        EXPECT_FALSE(label.wordWrap());
+        EXPECT_EQ(label.height(), 16);
         EXPECT_EQ(label.alignment(), Qt::AlignCenter);
         EXPECT_NEAR(label.geometry().center().x(), view.container().rect().center().x(), 1);
     }
-    EXPECT_EQ(view.hour().font().pixelSize(), 13);
-    EXPECT_EQ(view.button("OK").font().pixelSize(), 13);
+    EXPECT_EQ(view.hour().font(), view.detail().font());
+    EXPECT_EQ(view.button("OK").font(), view.detail().font());
 }
 
 TEST_F(AlertGeometryTest, TheRowForAClockTimeIsCentredAndUncutWithPopUpsOf52AndItsOwnGaps)
@@ -228,18 +249,16 @@ TEST_F(AlertGeometryTest, TwoLowDevicesAreNamedWhole)
     EXPECT_EQ(view.container().width(), std::max(237, view.detail().width()));
 }
 
-TEST_F(AlertGeometryTest, ATextWithoutANameWiderThan420IsCutAtItsEndAndKeptWholeElsewhere)
+TEST_F(AlertGeometryTest, ATextWithoutANameWiderThan420WrapsAndIsSeenWhole)
 {
-    const QString title = titleOfWidth(900);
-    const AlertView view = showTitle(title);
+    const AlertView view = showTitle(titleOfWidth(800));
+    const QLabel& title = view.title();
 
     EXPECT_LE(view.container().width(), 420);
-    EXPECT_GT(view.container().width(), 400);
-    EXPECT_TRUE(view.title().text().startsWith("Wiii"));
-    EXPECT_TRUE(view.title().text().endsWith(QChar(0x2026)));
-    EXPECT_EQ(shownToolTip(view.title()), title);
-    EXPECT_EQ(view.title().accessibleName(), title);
-    EXPECT_EQ(view.title().accessibleDescription(), title);
+    EXPECT_GT(view.container().width(), 380);
+    EXPECT_TRUE(title.text().endsWith("iii"));
+    EXPECT_GE(title.height(), 2 * title.fontMetrics().height());
+    EXPECT_EQ(view.container().height(), 252 - 16 + title.height());
 }
 
 TEST_F(AlertGeometryTest, OfATextWiderThan420OnlyTheNameInItIsCutInItsMiddle)
@@ -257,14 +276,51 @@ TEST_F(AlertGeometryTest, OfATextWiderThan420OnlyTheNameInItIsCutInItsMiddle)
     EXPECT_EQ(shownToolTip(view.title()).toStdString(), "<" + name + " battery alert>");
 }
 
-TEST_F(AlertGeometryTest, TheDetailWidensAndIsCutLikeTheTitle)
+TEST_F(AlertGeometryTest, TheDetailOfManyDevicesIsSeenWhole)
 {
-    const std::vector<BatteryDevice> many(20, BatteryDevice{999, "Pencil Case", 7, "pencil", 3});
+    const std::vector<BatteryDevice> many(10, BatteryDevice{999, "Pencil Case", 7, "pencil", 3});
     const AlertView view = show(many, true);
+    QLabel& detail = view.detail();
+    const auto ink = [&detail](const QString& text) {
+        detail.setText(text);
+        return detail.grab().toImage();
+    };
+    const QString whole = detail.text();
 
     EXPECT_LE(view.container().width(), 420);
-    EXPECT_TRUE(view.detail().text().endsWith(QChar(0x2026)));
-    EXPECT_TRUE(view.detail().accessibleName().endsWith("Pencil Case7%. Please charge."));
+    EXPECT_TRUE(whole.endsWith("Pencil Case7%. Please charge.")) << whole.toStdString();
+    EXPECT_EQ(detail.accessibleName(), whole);
+    EXPECT_GT(differingPixels(ink(whole), ink(whole.chopped(1))), 0);
+}
+
+TEST_F(AlertGeometryTest, RowsAndLettersGrowWithTheFontAndNeverShrink)
+{
+    for (const auto& [pixels, growth] : {std::pair(26, 2), std::pair(9, 1)}) {
+        const FontGuard font(pixels);
+        const AlertView view = showOneLow();
+        const auto rows = view.rows();
+
+        EXPECT_EQ(QFontInfo(view.detail().font()).pixelSize(), pixels);
+        EXPECT_EQ(rows.at(4)->size(), QSize(237, 28) * growth);
+        EXPECT_EQ(rows.at(0)->height(), 16 * growth);
+        EXPECT_EQ(view.scrolled().itemAt(0)->geometry().size(), QSize(64, 64) * growth);
+    }
+}
+
+TEST_F(AlertGeometryTest, OnALowScreenAllButCancelScrolls)
+{
+    const FontGuard font(60);
+    const AlertView view = showOneLow();
+    const QRect workArea = view.window.screen()->availableGeometry();
+    auto* const scroller = view.window.findChild<QScrollArea*>();
+
+    EXPECT_LE(view.window.height(), workArea.height());
+    EXPECT_TRUE(view.window.rect().contains(view.placeOf(view.button("Cancel"))));
+    ASSERT_GT(scroller->verticalScrollBar()->maximum(), 0);
+    for (int step = 0; step < 7; ++step) { // to the last row
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    EXPECT_TRUE(scroller->geometry().contains(view.placeOf(view.button("OK"))));
 }
 
 TEST_F(AlertGeometryTest, TheWindowFloatsInTheMiddleOfTheScreenIsNotModalAndCannotBeResized)
@@ -282,9 +338,9 @@ TEST_F(AlertGeometryTest, TheWindowFloatsInTheMiddleOfTheScreenIsNotModalAndCann
 TEST_F(AlertGeometryTest, TheIconOf64PointsTheContentAndCancelStand12ApartAnd16FromTheEdges)
 {
     const AlertView view = showOneLow();
-    const QRect icon = view.window.layout()->itemAt(0)->geometry();
-    const QRect container = view.container().geometry();
-    const QRect cancel = view.button("Cancel").geometry();
+    const QRect icon = view.placeOf(*view.scrolled().itemAt(0)->widget());
+    const QRect container = view.placeOf(view.container());
+    const QRect cancel = view.placeOf(view.button("Cancel"));
 
     EXPECT_EQ(icon.size(), QSize(64, 64));
     EXPECT_NEAR(icon.center().x(), view.window.rect().center().x(), 1);
@@ -302,7 +358,7 @@ TEST_F(AlertGeometryTest, WithoutAnApplicationIconThereIsNone)
     const WithoutPictures none;
     const AlertView view = showOneLow();
 
-    EXPECT_EQ(view.window.layout()->itemAt(0)->widget(), &view.container());
+    EXPECT_EQ(view.scrolled().itemAt(0)->widget(), &view.container());
     EXPECT_TRUE(view.window.windowIcon().isNull());
 }
 

@@ -46,9 +46,10 @@ TEST_F(AlertTest, ALowDeviceIsToldInEnglishWithTheDetailAloneInRed)
     EXPECT_EQ(view.rows().back()->findChildren<QLabel*>().front()->text(), "At a time");
     EXPECT_EQ(view.hour().currentText(), "15");
     EXPECT_EQ(view.minute().currentText(), "35");
-    EXPECT_EQ(view.window.windowTitle(), "Cellsentry — Magic Mouse battery alert");
+    EXPECT_EQ(view.window.windowTitle(), "Magic Mouse battery alert");
     EXPECT_EQ(view.window.windowIcon().availableSizes(), QList<QSize>{QSize(48, 48)});
-    EXPECT_EQ(textColour(view.detail()), systemRed(ColourScheme::light));
+    EXPECT_EQ(textColour(view.detail()),
+              warningTextColour(view.window.palette(), ColourScheme::light));
     for (const QLabel* const label : {&view.name(), &view.title(), &view.prompt()}) {
         EXPECT_EQ(textColour(*label), textColour(view.window));
     }
@@ -62,13 +63,15 @@ TEST_F(AlertTest, TheColoursFollowADesktopThatChangesWhileTheWindowIsOpen)
     ASSERT_GT(view.window.grab().toImage().pixelColor(margin).lightness(), 200);
 
     useScheme(ColourScheme::dark);
-    EXPECT_EQ(textColour(view.detail()), systemRed(ColourScheme::dark));
+    EXPECT_EQ(textColour(view.detail()),
+              warningTextColour(view.window.palette(), ColourScheme::dark));
     EXPECT_GT(textColour(view.title()).lightness(), 200);
     EXPECT_LT(view.window.grab().toImage().pixelColor(margin).lightness(), 80);
     EXPECT_LT(view.hour().grab().toImage().pixelColor(30, 14).lightness(), 130);
 
     useScheme(ColourScheme::light);
-    EXPECT_EQ(textColour(view.detail()), systemRed(ColourScheme::light));
+    EXPECT_EQ(textColour(view.detail()),
+              warningTextColour(view.window.palette(), ColourScheme::light));
 }
 
 TEST_F(AlertTest, ADetailThatIsNoWarningIsInTheColourOfTheTextAndFollowsTheDesktopToo)

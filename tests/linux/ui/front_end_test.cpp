@@ -194,7 +194,8 @@ TEST_F(QtFrontEndTest, WindowsFollowTheDesktopsSchemeAlsoWhereItsColoursChangedF
         portal.emitSignal("org.freedesktop.portal.Settings", "SettingChanged",
                           {"org.freedesktop.appearance", "color-scheme", variant(preference)});
         portal.waitUntilDealtWith(QDBusConnection::sessionBus());
-        EXPECT_EQ(textColour(*panelOnScreen()->findChild<QLabel*>("status")), systemRed(scheme));
+        EXPECT_EQ(textColour(*panelOnScreen()->findChild<QLabel*>("status")),
+                  warningTextColour(QApplication::palette(), scheme));
         EXPECT_EQ(isDark(QApplication::palette()), scheme == ColourScheme::dark);
     };
 

@@ -3,6 +3,7 @@
 #include "fakes/fake_appearance.h"
 #include "fakes/model_world.h"
 #include "linux/ui/panel.h"
+#include "linux/ui/theme.h"
 #include "linux/ui/widgets.h"
 
 #include <QLabel>
@@ -76,6 +77,8 @@ protected:
     }
 
     QColor colourOf(const QString& objectName) { return textColour(find(objectName)); }
+
+    QColor redOf(ColourScheme scheme) { return warningTextColour(view->palette(), scheme); }
 
     std::string selected(const QString& objectName)
     {

@@ -6,9 +6,12 @@
 #include "linux/ui/theme.h"
 #include "linux/ui/views.h"
 
+#include <QCheckBox>
 #include <QLayout>
 #include <QMargins>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -66,7 +69,9 @@ TEST_F(PanelLayoutTest, ThereAre12PointsBetweenItemsDevicesIncluded)
 {
     openWithThreeDevices();
 
-    EXPECT_THAT(gapsOf(*view->layout()), AllOf(SizeIs(11), Each(12)));
+    const QLayout& rows = *view->findChild<QScrollArea*>()->widget()->layout();
+    EXPECT_THAT(gapsOf(rows), AllOf(SizeIs(9), Each(12)));
+    EXPECT_THAT(gapsOf(*view->layout()), ElementsAre(12, 12));
     EXPECT_THAT(gapsOf(*find("deviceList").layout()), ElementsAre(12, 12));
     for (const QWidget* const child : view->findChildren<QWidget*>()) {
         if (dynamic_cast<const Divider*>(child) != nullptr) {
@@ -173,6 +178,38 @@ TEST_F(PanelLayoutTest, SymbolsAreInTheColourOfTheText)
         model().refresh(false);
         settle();
     }
+}
+
+TEST_F(PanelLayoutTest, AnEdgeIsSeenOnlyWhereTheWindowSystemDrawsNoFrame)
+{
+    open();
+    const auto edge = [this] {
+        const QImage image = view->grab().toImage();
+        const QColor inside = image.pixelColor(3, 3);
+        return contrast(image.pixelColor(0, image.height() / 2), inside);
+    };
+    EXPECT_EQ(edge(), 1);
+    view->setWindowFlag(Qt::FramelessWindowHint);
+    EXPECT_GT(edge(), 2);
+}
+
+TEST_F(PanelLayoutTest, SymbolsAndCheckBoxesGrowWithTheFont)
+{
+    openWithThreeDevices();
+    const auto box = [this] {
+        auto& toggle = find<QCheckBox>("dailyCheck");
+        return toggle.style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &toggle);
+    };
+    const QSize symbol = find("symbol-keyboard").size();
+    const int usualBox = box();
+    const QFont usual = QApplication::font();
+    QFont large = usual;
+    large.setPixelSize(26);
+    QApplication::setFont(large);
+    openWithThreeDevices();
+    EXPECT_EQ(find("symbol-keyboard").size(), 2 * symbol);
+    EXPECT_EQ(box(), 2 * usualBox);
+    QApplication::setFont(usual);
 }
 
 TEST_F(PanelLayoutTest, DevicesAreInTheOrderOfTheModelWhateverThatIs)

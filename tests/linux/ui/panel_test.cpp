@@ -7,6 +7,7 @@
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QLayout>
+#include <QScrollArea>
 
 namespace voltmere {
 namespace {
@@ -50,8 +51,10 @@ std::vector<const QWidget*> visibleWidgets(const QLayout& layout)
         if (item->layout() != nullptr) {
             append(*item->layout());
         } else if (item->widget() != nullptr && item->widget()->isVisible()) {
-            if (item->widget()->layout() != nullptr) {
-                append(*item->widget()->layout());
+            const auto* const scroller = dynamic_cast<const QScrollArea*>(item->widget());
+            const QWidget& part = scroller == nullptr ? *item->widget() : *scroller->widget();
+            if (part.layout() != nullptr) {
+                append(*part.layout());
             } else {
                 widgets.push_back(item->widget());
             }
@@ -144,7 +147,7 @@ TEST_F(ContentViewTest, ALevelChangesItsColourWithTheThresholdAtOnce)
     open();
     model().threshold = 40;
     settle();
-    EXPECT_EQ(colourOf("deviceLevel"), systemRed(ColourScheme::light));
+    EXPECT_EQ(colourOf("deviceLevel"), redOf(ColourScheme::light));
     model().threshold = 39;
     settle();
     EXPECT_EQ(colourOf("deviceLevel"), view->palette().color(QPalette::WindowText));
@@ -161,8 +164,8 @@ TEST_F(ContentViewTest, AWarningIsRedAndAnyOtherStatusSecondaryInTheColoursOfThe
     };
     for (const ColourScheme scheme : {ColourScheme::light, ColourScheme::dark}) {
         changeTo(scheme);
-        EXPECT_EQ(colourOf("deviceLevel"), systemRed(scheme));
-        EXPECT_EQ(colourOf("status"), systemRed(scheme));
+        EXPECT_EQ(colourOf("deviceLevel"), redOf(scheme));
+        EXPECT_EQ(colourOf("status"), redOf(scheme));
     }
     model().status = "Battery level is fine";
     settle();
@@ -242,7 +245,7 @@ TEST_F(ContentViewTest, GrowsWiderRatherThanCutWordsInALargeFont)
     startModel();
     view = std::make_unique<ContentView>(model(), appearance, [] {});
     QFont font = view->font();
-    font.setPointSizeF(2 * font.pointSizeF());
+    font.setPixelSize(2 * font.pixelSize());
     view->setFont(font);
     view->show();
     settle();

@@ -96,6 +96,39 @@ TEST(Theme, TheRedIsTheSystemsOwnOfEachScheme)
     EXPECT_EQ(systemRed(std::nullopt), QColor("#FF3B30"));
 }
 
+TEST_P(ThemeTest, AWarningIsRedAndReadableOnEveryGround)
+{
+    for (const int level : {0, 60, 110, 130, 190, 255}) {
+        QPalette ground = palette;
+        ground.setColor(QPalette::Window, QColor(level, level, level));
+        const QColor red = warningTextColour(ground, GetParam());
+        EXPECT_GE(contrast(red, ground.color(QPalette::Window)), readable) << level;
+        EXPECT_GE(red.red(), red.green()) << level;
+    }
+    const QColor red = warningTextColour(palette, GetParam());
+    EXPECT_GT(red.hsvSaturation(), 100);
+    EXPECT_LT(contrast(red, palette.color(QPalette::Window)), readable + 0.5);
+}
+
+TEST_P(ThemeTest, PaleTextsOfInactiveWindowsBecomeReadable)
+{
+    QPalette pale = palette;
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        pale.setColor(QPalette::Inactive, role, QColor(0x80, 0x80, 0x80));
+    }
+    QApplication::setPalette(pale);
+    applyPalette(GetParam());
+    const QPalette shown = QApplication::palette();
+    for (const auto& [text, ground] : {std::pair(QPalette::WindowText, QPalette::Window),
+                                       std::pair(QPalette::Text, QPalette::Base),
+                                       std::pair(QPalette::ButtonText, QPalette::Button)}) {
+        EXPECT_GE(contrast(shown.color(QPalette::Inactive, text),
+                           shown.color(QPalette::Inactive, ground)),
+                  readable);
+        EXPECT_EQ(shown.color(QPalette::Active, text), palette.color(QPalette::Active, text));
+    }
+}
+
 TEST(Theme, ATextColourIsTakenBack)
 {
     QWidget widget;
