@@ -37,7 +37,7 @@ class Accessibility(Story):
         menu = self.program.item.menu()
         self.assertEqual([(entry.get("type", "item"), entry.get("label", ""),
                            entry.get("enabled", True)) for _, entry in menu],
-                         [("item", "Mouse of Ann 9%", False), ("item", "Desk keyboard 58%", False),
+                         [("item", "Mouse of Ann 9%", True), ("item", "Desk keyboard 58%", True),
                           ("separator", "", True), ("item", "Open", True), ("item", "Quit", True)])
         self.program.item.choose(menu[-2][0])
         self.program.wait_for_panel()
