@@ -40,10 +40,12 @@ QString shortenedTo(int width, const NamedText& text, const QFontMetricsF& metri
     return before + metrics.elidedText(asQt(text.name), Qt::ElideMiddle, room) + after;
 }
 
-/// A centred plain text in at most `widest` points: its name is cut, and the rest wraps. A text
-/// that is cut stays whole as tooltip and accessible name.
-QLabel* makeAlertLabel(const NamedText& text, const QFont& font, int widest, QWidget* parent)
+/// A centred plain text of limited width: its name is cut, and the rest wraps. A text that is cut
+/// stays whole as tooltip and accessible name.
+QLabel* makeAlertLabel(const NamedText& text, const QFont& font, QWidget* parent)
 {
+    const QRect workArea = QGuiApplication::primaryScreen()->availableGeometry();
+    const int widest = std::min(scaledTo(font, widestLabel), workArea.width() - 4 * margin);
     auto* const label = new MessageLabel(parent, widest);
     const QString whole = asQt(text.whole());
     label->setFont(font);
@@ -188,15 +190,13 @@ QWidget* SnoozeAlertWindow::makeAccessory(const AlertContent& content)
     auto* const stack = new QVBoxLayout(container);
     stack->setContentsMargins(0, 0, 0, 0);
     stack->setSpacing(alertGeometry::spacing);
-    const QRect workArea = QGuiApplication::primaryScreen()->availableGeometry();
-    const int widest = std::min(scaledTo(font(), widestLabel), workArea.width() - 4 * margin);
     const auto addRow = [stack](QWidget* row) { stack->addWidget(row, 0, Qt::AlignHCenter); };
 
-    detail = makeAlertLabel(withoutName(content.detail), font(), widest, this);
-    addRow(makeAlertLabel(withoutName(content.applicationName), font(), widest, this));
-    addRow(makeAlertLabel(content.title, headlineFont(font()), widest, this));
+    detail = makeAlertLabel(withoutName(content.detail), font(), this);
+    addRow(makeAlertLabel(withoutName(content.applicationName), font(), this));
+    addRow(makeAlertLabel(content.title, headlineFont(font()), this));
     addRow(detail);
-    addRow(makeAlertLabel(withoutName(content.prompt), font(), widest, this));
+    addRow(makeAlertLabel(withoutName(content.prompt), font(), this));
     for (std::size_t option = 0; option < content.options.size(); ++option) {
         addRow(makeButton(asQt(content.options[option]),
                           [this, option] { actions.chooseOption(option); }));
@@ -209,9 +209,8 @@ QWidget* SnoozeAlertWindow::makeAccessory(const AlertContent& content)
 QWidget* SnoozeAlertWindow::customTimeRow(const AlertContent& content)
 {
     auto* const view = new QWidget(this);
-    auto* const caption =
-        makeAlertLabel(withoutName(content.customTimeCaption), font(), widestLabel, view);
-    auto* const colon = makeAlertLabel(withoutName(":"), font(), widestLabel, view);
+    auto* const caption = makeAlertLabel(withoutName(content.customTimeCaption), font(), view);
+    auto* const colon = makeAlertLabel(withoutName(":"), font(), view);
     auto* const hour = makePopUp(content.hour, view);
     auto* const minute = makePopUp(content.minute, view);
     auto* const confirm = makeButton(
@@ -281,6 +280,7 @@ SnoozeAlertPresenter::SnoozeAlertPresenter(const Appearance& appearance, const P
 
 std::unique_ptr<Alert> SnoozeAlertPresenter::present(AlertContent content, AlertActions actions)
 {
+    applyPalette({}); // the desktop's colours may have changed since they were last made readable
     auto* const window = new SnoozeAlertWindow(content, std::move(actions), appearance);
     auto alert = std::make_unique<WindowAlert>(window);
     window->present(pointer, runLoop);

@@ -150,6 +150,7 @@ ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
     , redrawScheduler(model.objectWillChange, [this] { redraw(); })
 {
     constexpr int padding = panelGeometry::padding;
+    applyPalette({}); // the desktop's colours may have changed since they were last made readable
     QAccessible::installFactory(&makePanelInterface); // once, however often it is asked
     column->setContentsMargins(padding, padding, padding, padding);
     column->setSpacing(panelGeometry::itemSpacing);
@@ -303,7 +304,8 @@ QPushButton* ContentView::makeButton(const char* objectName, std::string PanelCo
 QCheckBox* ContentView::makeToggle(const char* objectName, Toggle PanelContent::*toggle,
                                    Published<bool>& setting)
 {
-    auto* const box = new ToggleBox(this);
+    auto* const box = new QCheckBox(this);
+    growWithText(*box);
     box->setObjectName(objectName);
     // Assistive technology toggles without a click. So does a redraw, which must not write.
     connect(box, &QCheckBox::toggled, this, [&setting](bool checked) {

@@ -100,11 +100,6 @@ QSize MessageLabel::sizeHint() const
     return widest ? layOut(lines, *widest) : QSize(0, fontMetrics().height());
 }
 
-QSize MessageLabel::minimumSizeHint() const
-{
-    return sizeHint();
-}
-
 void MessageLabel::paintEvent(QPaintEvent* /*event*/)
 {
     QTextLayout lines(text(), font());
@@ -214,10 +209,19 @@ namespace {
 
 constexpr int rowsAtOnce = 12;
 
-/// Makes a long list scroll. Some styles otherwise open it as a menu as tall as the screen.
-class PickerStyle : public QProxyStyle {
+/// Makes a long list scroll, which some styles otherwise open as a menu as tall as the screen, and
+/// a check box as large as its text asks.
+class ControlStyle : public QProxyStyle {
 public:
-    explicit PickerStyle(QObject* parent) { setParent(parent); }
+    explicit ControlStyle(QObject* parent) { setParent(parent); }
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                    const QWidget* widget) const override
+    {
+        const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+        const bool isSide = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight;
+        return isSide && widget != nullptr ? scaledTo(widget->font(), usual) : usual;
+    }
 
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* returnData) const override
@@ -236,32 +240,17 @@ public:
     }
 };
 
-/// Makes the box as large as its text asks.
-class ToggleStyle : public QProxyStyle {
-public:
-    explicit ToggleStyle(QObject* parent) { setParent(parent); }
-
-    int pixelMetric(PixelMetric metric, const QStyleOption* option,
-                    const QWidget* widget) const override
-    {
-        const int usual = QProxyStyle::pixelMetric(metric, option, widget);
-        const bool isSide = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight;
-        return isSide && widget != nullptr ? scaledTo(widget->font(), usual) : usual;
-    }
-};
-
 } // namespace
 
-ToggleBox::ToggleBox(QWidget* parent)
-    : QCheckBox(parent)
+void growWithText(QCheckBox& box)
 {
-    setStyle(new ToggleStyle(this));
+    box.setStyle(new ControlStyle(&box));
 }
 
 SettingPicker::SettingPicker(QWidget* parent)
     : QComboBox(parent)
 {
-    setStyle(new PickerStyle(this));
+    setStyle(new ControlStyle(this));
     setMaxVisibleItems(rowsAtOnce);
     setSizeAdjustPolicy(QComboBox::AdjustToContents);
 }

@@ -66,7 +66,7 @@ public:
 
     int heightForWidth(int width) const override;
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -116,11 +116,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 };
 
-/// A check box that grows with its text where the style can draw it so.
-class ToggleBox : public QCheckBox {
-public:
-    explicit ToggleBox(QWidget* parent);
-};
+/// Lets the box grow with its text where the style can draw it so.
+void growWithText(QCheckBox& box);
 
 /// A choice among fixed values. It reports the user's choices only: no selection by the program,
 /// and no turn of the mouse wheel.
