@@ -244,10 +244,9 @@ EMPTY(NSLayoutYAxisAnchor)
                                     handler:(void (^)(NSEvent*))handler
     RETURNS(mac.monitors.emplace_back(made(self, "monitor"), mask, handler).token);
 + (void)removeMonitor:(id)monitor
-    DOES(std::erase_if(mac.monitors, [&](const Monitor& one)
 {
-    return one.token == monitor;
-}));
+    std::erase_if(mac.monitors, [&](const Monitor& one) { return one.token == monitor; });
+}
 + (NSEvent*)otherEventWithType:(NSEventType)type
                       location:(NSPoint)location
                  modifierFlags:(NSEventModifierFlags)flags
@@ -350,19 +349,10 @@ static NSScreen* screen(NSRect frame, NSRect visible)
 }
 - (void)setContentView:(NSView*)view
 {
-    _contentView.ownWindow = nil;
     _contentView = view;
     view.ownWindow = self;
 }
-- (NSScreen*)screen
-{
-    for (NSScreen* const one in NSScreen.screens) {
-        if (NSIntersectsRect(one.frame, _frame)) {
-            return one;
-        }
-    }
-    return nil;
-}
+- (NSScreen*)screen RETURNS(NSIntersectsRect(mac.screen, _frame) ? NSScreen.mainScreen : nil);
 - (BOOL)isVisible RETURNS(_visible && !mac.isHidden);
 - (BOOL)canBecomeKeyWindow RETURNS((_styleMask & NSWindowStyleMaskTitled) != 0);
 - (NSView*)standardWindowButton:(NSWindowButton)button RETURNS(_standardButtons[button]);
@@ -410,7 +400,7 @@ void voltmere::pressEscape()
 // Views
 
 @implementation NSView {
-    std::vector<NSView*> _children;
+    std::vector<id> _children;
     std::vector<std::string> _constraints;
     std::map<std::string, float> _priorities;
 }
@@ -431,10 +421,7 @@ void voltmere::pressEscape()
 - (NSWindow*)window RETURNS(_superview != nil ? _superview.window : _ownWindow);
 - (NSRect)bounds RETURNS(NSMakeRect(0, 0, _frame.size.width, _frame.size.height));
 - (void)setBounds:(NSRect)bounds DOES(_frame.size = bounds.size);
-- (NSArray*)subviews RETURNS(array(
-{
-    _children.begin(), _children.end()
-}));
+- (NSArray*)subviews RETURNS(array(_children));
 - (void)addSubview:(NSView*)view
 {
     [view removeFromSuperview];
@@ -443,9 +430,8 @@ void voltmere::pressEscape()
 }
 - (void)removeFromSuperview
 {
-    NSView* const parent = std::exchange(_superview, nil);
-    if (parent != nil) {
-        std::erase(parent->_children, self);
+    if (_superview != nil) {
+        std::erase(std::exchange(_superview, nil)->_children, self);
     }
 }
 - (void)drawRect:(NSRect)dirty DOES(mac.drawn.push_back("the view itself"));
@@ -600,7 +586,7 @@ void voltmere::press(NSButton* button)
 }
 
 @implementation NSPopUpButton {
-    std::vector<NSString*> _titles;
+    std::vector<id> _titles;
     NSInteger _selected;
 }
 - (instancetype)initWithFrame:(NSRect)frame pullsDown:(BOOL)pullsDown
@@ -632,10 +618,7 @@ void voltmere::press(NSButton* button)
 - (std::string)seen RETURNS(
     "<" + (_selected < 0 ? "" : text(_titles[static_cast<std::size_t>(_selected)])) + ">");
 - (NSInteger)indexOfSelectedItem RETURNS(_selected);
-- (NSArray*)itemTitles RETURNS(array(
-{
-    _titles.begin(), _titles.end()
-}));
+- (NSArray*)itemTitles RETURNS(array(_titles));
 @end
 
 void voltmere::choose(NSPopUpButton* popUp, NSInteger index)
@@ -658,7 +641,7 @@ void voltmere::choose(NSPopUpButton* popUp, NSInteger index)
 // The alert
 
 @implementation NSAlert {
-    std::vector<NSButton*> _all;
+    std::vector<id> _all;
 }
 - (instancetype)init
 {
@@ -670,10 +653,7 @@ void voltmere::choose(NSPopUpButton* popUp, NSInteger index)
     return self;
 }
 - (NSImage*)icon RETURNS(_icon != nil ? _icon : NSApp.applicationIconImage);
-- (NSArray*)buttons RETURNS(array(
-{
-    _all.begin(), _all.end()
-}));
+- (NSArray*)buttons RETURNS(array(_all));
 - (NSButton*)addButtonWithTitle:(NSString*)title
 {
     NSButton* const button = [NSButton buttonWithTitle:title target:nil action:nullptr];

@@ -38,8 +38,10 @@ std::string number(double value)
     return line;
 }
 
-NSArray* array(const std::vector<id>& items) RETURNS([NSArray arrayWithObjects:items.data()
-                                                                         count:items.size()]);
+NSArray* array(const std::vector<id>& items)
+{
+    return [NSArray arrayWithObjects:items.data() count:items.size()];
+}
 
 NSRect moved(NSRect rect, NSPoint by)
 {
@@ -74,31 +76,19 @@ void note(id receiver, const std::string& call)
     DOES(mac.calls.push_back(class_getName([receiver class]) + (" " + call)));
 void raise(const std::string& reason) DOES(@throw made(NSException.class, reason));
 
-/// Messages whose order tests look at.
-static void noteMessage(const char* className, const char* selector)
+/// Writes down the messages whose order tests look at.
+static void noteMessage(const std::string& className, const std::string& selector)
 {
-    static const std::set<std::string> noted{"activateIgnoringOtherApps:",
-                                             "center",
-                                             "hide:",
-                                             "layout",
-                                             "makeFirstResponder:",
-                                             "makeKeyAndOrderFront:",
-                                             "orderFrontRegardless",
-                                             "orderOut:",
-                                             "registerAndReturnError:",
-                                             "removeStatusItem:",
-                                             "run",
-                                             "setImage:",
-                                             "setLevel:",
-                                             "setToolTip:",
-                                             "statusItemWithLength:",
-                                             "unhideWithoutActivation",
-                                             "unregisterAndReturnError:"};
-    if (noted.count(selector) != 0) {
-        mac.calls.push_back(className + (" " + std::string(selector)));
+    static const std::string noted =
+        " activateIgnoringOtherApps: center hide: layout makeFirstResponder: makeKeyAndOrderFront: "
+        "orderFrontRegardless orderOut: registerAndReturnError: removeStatusItem: run setImage: "
+        "setLevel: setToolTip: statusItemWithLength: unhideWithoutActivation ";
+    if (noted.find(" " + selector + " ") != noted.npos) {
+        mac.calls.push_back(className + " " + selector);
     }
 }
-static const auto previous = std::exchange(objc::onMessage, &noteMessage);
+
+static const bool isNoting = (objc::onMessage = &noteMessage) != nullptr;
 
 static void runFirst(std::deque<dispatch_block_t>& queue)
 {
@@ -205,11 +195,10 @@ static NSNumber* boxed(long double value)
 - (NSUInteger)count RETURNS(_items.size());
 - (id)firstObject RETURNS(_items.empty() ? nil : _items.front());
 - (BOOL)isEqualToArray:(NSArray*)other
-    RETURNS(std::equal(_items.begin(), _items.end(), other->_items.begin(), other->_items.end(),
-                       [](id one, id two)
 {
-    return [one isEqual:two];
-}));
+    return std::ranges::equal(_items, other->_items,
+                              [](id one, id two) { return [one isEqual:two]; });
+}
 - (NSUInteger)countByEnumeratingWithState:(NSFastEnumerationState*)state
                                   objects:(id __unsafe_unretained[])buffer
                                     count:(NSUInteger)length
@@ -227,7 +216,6 @@ static NSNumber* boxed(long double value)
 @implementation NSMutableArray
 + (instancetype)array RETURNS([[self alloc] init]);
 - (void)addObject:(id)object DOES(_items.push_back(object));
-- (id)copy RETURNS(::array(_items));
 @end
 
 @implementation NSDictionary {
@@ -360,14 +348,13 @@ EMPTY(NSOperationQueue)
                              queue:(NSOperationQueue*)queue
                         usingBlock:(void (^)(NSNotification*))block
 {
-    mac.observers.push_back({made(NSNotification.class, "observer"), self, text(name), block});
-    return mac.observers.back().token;
+    return mac.observers.emplace_back(made(NSNotification.class, ""), self, text(name), block)
+        .token;
 }
 - (void)removeObserver:(id)observer
-    DOES(std::erase_if(mac.observers, [=](const Observer& one)
 {
-    return one.token == observer;
-}));
+    std::erase_if(mac.observers, [&](const Observer& one) { return one.token == observer; });
+}
 @end
 @implementation NSDistributedNotificationCenter
 + (NSDistributedNotificationCenter*)defaultCenter RETURNS(shared(self));
@@ -393,10 +380,7 @@ EMPTY(NSOperationQueue)
          forKeyPath:(NSString*)keyPath
             options:(NSKeyValueObservingOptions)options
             context:(void*)context
-    DOES(mac.appearanceObservers.push_back(
-{
-    observer, text(keyPath), context
-}));
+    DOES(mac.appearanceObservers.emplace_back(observer, text(keyPath), context));
 - (void)removeObserver:(NSObject*)observer forKeyPath:(NSString*)keyPath context:(void*)context
 {
     std::erase_if(mac.appearanceObservers, [&](const KeyValueObserver& one) {
@@ -447,7 +431,7 @@ NSRunLoopMode const NSRunLoopCommonModes = @"common";
 {
     if (!mac.mainQueue.empty() || !mac.background.empty()) {
         runFirst(mac.mainQueue.empty() ? mac.background : mac.mainQueue);
-    } else if (!mac.timers.empty() && ++mac.idleTurns < 1000) {
+    } else if (!mac.timers.empty() && ++mac.idleTurns < 50) {
         advance(60);
     } else {
         throw std::runtime_error("this run loop waits for ever");
@@ -456,14 +440,13 @@ NSRunLoopMode const NSRunLoopCommonModes = @"common";
 }
 @end
 
-static NSTimer* nextTimer(double end)
+/// The timer that is due first, among those that run now.
+static NSTimer* nextTimer()
 {
     NSTimer* next = nil;
     for (NSTimer* const timer : mac.timers) {
-        if ((timer->_isCommon || !mac.isTracking) && timer->_due <= end &&
-            (next == nil || timer->_due < next->_due)) {
-            next = timer;
-        }
+        const bool runs = timer->_isCommon || !mac.isTracking;
+        next = runs && (next == nil || timer->_due < next->_due) ? timer : next;
     }
     return next;
 }
@@ -472,8 +455,8 @@ void voltmere::advance(double seconds)
 {
     const double end = mac.awake + seconds;
     settle();
-    while (NSTimer* const timer = nextTimer(end)) {
-        mac.awake = std::max(mac.awake, timer->_due);
+    for (NSTimer* timer = nextTimer(); timer != nil && timer->_due <= end; timer = nextTimer()) {
+        mac.awake = timer->_due;
         timer->_due += timer->_interval;
         void (^const block)(NSTimer*) = timer->_block;
         if (!timer->_repeats) {
@@ -524,11 +507,6 @@ static BOOL setLoginItem(SMAppServiceStatus status, NSError* __autoreleasing* er
 @end
 
 // The user's notifications
-
-NSString* const UNNotificationDefaultActionIdentifier =
-    @"com.apple.UNNotificationDefaultActionIdentifier";
-NSString* const UNNotificationDismissActionIdentifier =
-    @"com.apple.UNNotificationDismissActionIdentifier";
 
 @implementation UNNotificationAction
 + (instancetype)actionWithIdentifier:(NSString*)identifier

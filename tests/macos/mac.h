@@ -102,50 +102,37 @@ NSRect moved(NSRect rect, NSPoint by);
 /// What an object is, in one line, where the program cannot ask: a colour's name, a font's name and
 /// size, an image's file.
 std::string& summary(id object);
-
 /// An object with that summary.
 id made(id itsClass, const std::string& summary);
-
 /// The one object of a class or of a class and a name, which no test counts as left.
 id shared(id itsClass, const std::string& name = {});
-
 /// Writes down a call with its arguments.
 void note(id receiver, const std::string& call);
 
 [[noreturn]] void raise(const std::string& reason);
-
 /// Runs what the main queue holds now and what that adds. Returns how many blocks ran.
 int drainMainQueue();
-
 /// Runs the work for the background and what it posts, until nothing is left.
 void settle();
-
 /// Lets time pass, and fires timers when they are due.
 void advance(double seconds);
-
 /// Lets the machine sleep, which timers do not notice, and wakes it.
 void sleepFor(double seconds);
 
 void post(NSNotificationCenter* centre, NSString* name);
-
 /// A click, or a press of the space bar.
 void press(NSButton* button);
-
 /// A person's choice in the menu of a pop-up button.
 void choose(NSPopUpButton* popUp, NSInteger index);
-
 /// Escape in the key window.
 void pressEscape();
-
 /// A mouse down in another program.
 void clickElsewhere();
 
 void setAppearance(NSString* name);
-
 /// What drawing puts on the screen.
 std::vector<std::string> drawing(NSImage* image);
 std::vector<std::string> drawing(NSView* view);
-
 /// Every view of a class below `view`, in order.
 std::vector<id> viewsIn(NSView* view, id itsClass);
 

@@ -508,7 +508,7 @@ _Unwind_Reason_Code __gnu_objc_personality_v0(int version, _Unwind_Action action
 
 namespace voltmere::objc {
 
-void (*onMessage)(const char* className, const char* selector) = nullptr;
+void (*onMessage)(const std::string& className, const std::string& selector) = nullptr;
 
 std::map<std::string, long>& liveObjects()
 {

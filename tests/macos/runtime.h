@@ -13,7 +13,7 @@ namespace voltmere::objc {
 std::map<std::string, long>& liveObjects();
 
 /// What is called for each message, with the names of the receiver's class and of the method.
-extern void (*onMessage)(const char* className, const char* selector);
+extern void (*onMessage)(const std::string& className, const std::string& selector);
 
 /// Releases what was autoreleased outside of every pool.
 void drainPool();

@@ -77,6 +77,11 @@ TEST_F(MacWindows, TheIconShowsTheWeakestDevice)
     settle();
     EXPECT_EQ(drawing(icon().image), (Lines{"StatusIcon.png in 0 1 20 20"}));
     EXPECT_EQ(icon().image.size.width, 20);
+    EXPECT_EQ(icon().eventMask, NSEventMaskLeftMouseDown | NSEventMaskRightMouseDown);
+    mac.calls.clear();
+    scene.reset();
+    EXPECT_EQ(calls(), (Lines{"NSStatusBar removeStatusItem:"}));
+    setAppearance(NSAppearanceNameDarkAqua); // nobody hears of it any more
 }
 
 TEST_F(MacWindows, TheIconIsSetOnlyWhenItChanges)
@@ -91,15 +96,6 @@ TEST_F(MacWindows, TheIconIsSetOnlyWhenItChanges)
     EXPECT_EQ(calls(), Lines()) << "not before the reading is done";
     settle();
     EXPECT_EQ(calls(), (Lines{"NSStatusBarButton setImage:", "NSStatusBarButton setToolTip:"}));
-}
-
-TEST_F(MacWindows, TheIconTakesBothMouseButtonsAndGoesWithTheProgram)
-{
-    start();
-    EXPECT_EQ(icon().eventMask, NSEventMaskLeftMouseDown | NSEventMaskRightMouseDown);
-    scene.reset();
-    EXPECT_EQ(calls(), (Lines{"NSStatusBar removeStatusItem:"}));
-    setAppearance(NSAppearanceNameDarkAqua);
 }
 
 // The panel
@@ -145,18 +141,6 @@ TEST_F(MacWindows, ThePanelDoesWithoutDevicesIconsAndSymbols)
               "[o 开机自动启动]\n---\n[退出] ~ 语言 <简体中文>");
 }
 
-TEST_F(MacWindows, ThePanelFollowsTheModelOncePerTurn)
-{
-    start();
-    pressIcon();
-    model->enabled = false;
-    model->threshold = 33;
-    EXPECT_EQ(button("Daily check").state, NSControlStateValueOn) << "not within the turn";
-    EXPECT_EQ(drainMainQueue(), 2) << "the icon and the panel";
-    EXPECT_EQ(button("Daily check").state, NSControlStateValueOff);
-    EXPECT_EQ(popUp(panel(), 0).indexOfSelectedItem, 32);
-}
-
 TEST_F(MacWindows, EachChoiceReachesTheModelAndTheSettings)
 {
     start();
@@ -179,9 +163,11 @@ TEST_F(MacWindows, EachChoiceReachesTheModelAndTheSettings)
     EXPECT_EQ(model->checkMinute, 55);
     EXPECT_EQ(model->instantEnabled, false);
     EXPECT_EQ(model->enabled, false);
+    EXPECT_EQ(drainMainQueue(), 2) << "the icon and the panel are drawn once for all";
+    model->enabled = true;
+    EXPECT_EQ(button("Daily check").state, NSControlStateValueOff) << "not within the turn";
     settle();
-    press(button("Daily check"));
-    EXPECT_EQ(model->enabled, true);
+    EXPECT_EQ(button("Daily check").state, NSControlStateValueOn);
     mac.calls.clear();
     choose(popUp(panel(), 3), 1);
     EXPECT_EQ(model->language.get(), "zh");
@@ -316,6 +302,14 @@ TEST_F(MacWindows, ThePanelStandsUnderItsIconOrWhereThePersonIs)
     mac.pointer = {900, 890};
     pressIcon();
     EXPECT_EQ(text(panel().frame), "870 376 320 500");
+    const auto corner = [](double x, double y, double height) {
+        const NSPoint point = panelCorner({{x, y}, {60, 24}}, {320, height}, mac.visibleScreen);
+        return std::pair(point.x, point.y);
+    };
+    EXPECT_EQ(corner(1380, 876, 400), std::pair(1120.0, 876.0));
+    EXPECT_EQ(corner(20, 876, 400), std::pair(0.0, 876.0));
+    EXPECT_EQ(corner(700, 876, 2000), std::pair(570.0, 876.0)) << "the upper rows matter more";
+    EXPECT_EQ(corner(700, 100, 400), std::pair(570.0, 440.0)) << "all of it is above the Dock";
 }
 
 TEST_F(MacWindows, ThePanelOpensAtTheTopRightForAHiddenIcon)
@@ -326,24 +320,10 @@ TEST_F(MacWindows, ThePanelOpensAtTheTopRightForAHiddenIcon)
     EXPECT_EQ(text(panel().frame), "1120 476 320 400");
     mac.calls.clear();
     scene->openPanel();
-    EXPECT_EQ(calls(), (Lines{"VoltmerePanel makeKeyAndOrderFront:"}))
-        << "an open one comes to the front";
+    EXPECT_EQ(calls(), (Lines{"VoltmerePanel makeKeyAndOrderFront:"})) << "it is open";
     scene.reset();
     EXPECT_EQ(mac.monitors.size(), 0U);
     model->threshold = 5;
-}
-
-TEST_F(MacWindows, ThePanelStaysOnTheScreen)
-{
-    const auto corner = [](double x, double y, double height) {
-        const NSPoint point = panelCorner({{x, y}, {60, 24}}, {320, height}, mac.visibleScreen);
-        return std::pair(point.x, point.y);
-    };
-    EXPECT_EQ(corner(700, 876, 400), std::pair(570.0, 876.0));
-    EXPECT_EQ(corner(1380, 876, 400), std::pair(1120.0, 876.0));
-    EXPECT_EQ(corner(20, 876, 400), std::pair(0.0, 876.0));
-    EXPECT_EQ(corner(700, 876, 2000), std::pair(570.0, 876.0)) << "the upper rows matter more";
-    EXPECT_EQ(corner(700, 100, 400), std::pair(570.0, 440.0)) << "all of it is above the Dock";
 }
 
 TEST_F(MacWindows, TheKeyboardGoesBackAfterTheLastWindow)
@@ -490,38 +470,21 @@ TEST_F(MacWindows, EachOptionHidesTheAlertAndBringsAFreshOne)
         EXPECT_NE(mac.alert, before) << title;
         EXPECT_TRUE(alert().visible);
     }
-    pressEscape();
-    advance(9000);
-    EXPECT_FALSE(alert().visible) << "nothing was snoozed";
-}
-
-TEST_F(MacWindows, ATimeOfDayCanBeChosen)
-{
-    start({{803, 12}});
+    NSAlert* const before = mac.alert;
     choose(popUp(alert(), 0), 7);
     choose(popUp(alert(), 1), 9);
-    NSAlert* const before = mac.alert;
-    EXPECT_TRUE(before.window.visible) << "nothing happens before it is confirmed";
+    EXPECT_TRUE(alert().visible) << "nothing happens before it is confirmed";
     press(button("OK"));
-    EXPECT_FALSE(before.window.visible);
+    EXPECT_FALSE(alert().visible);
     EXPECT_EQ(model->customHour, 7);
     EXPECT_EQ(model->customMinute, 45);
     advance((21 * 60 + 45) * 60 - 1); // it is 10:00
     EXPECT_EQ(mac.alert, before);
     advance(2);
     EXPECT_NE(mac.alert, before);
-}
-
-TEST_F(MacWindows, TheAlertWaitsForTheEndOfTheLaunch)
-{
-    BatteryModel::launchSettled = false;
-    start({{803, 12}});
-    advance(5);
-    EXPECT_EQ(mac.alert, nil);
-    BatteryModel::launchSettled = true;
-    EXPECT_EQ(mac.alert, nil);
-    advance(1.21);
-    EXPECT_TRUE(alert().visible);
+    pressEscape();
+    advance(9000);
+    EXPECT_FALSE(alert().visible) << "nothing was snoozed";
 }
 
 TEST_F(MacWindows, AnAlertDoesWithoutAnAppIconAndWithALongName)
@@ -602,7 +565,11 @@ TEST_F(MacHovering, TheControlUnderThePointerLightsUp)
     pointAt(0);
     EXPECT_TRUE(button("In 20 minutes").isHighlighted);
     EXPECT_FALSE(button("In 30 minutes").isHighlighted);
+    button("In 20 minutes").target = nil;
+    [button("In 20 minutes") mouseUp:made(NSEvent.class, "up")];
+    EXPECT_TRUE(button("In 20 minutes").isHighlighted) << "the pointer is still over it";
     pointAt(1);
+    [button("In 20 minutes") mouseUp:made(NSEvent.class, "up")];
     EXPECT_FALSE(button("In 20 minutes").isHighlighted);
     EXPECT_TRUE(button("In 30 minutes").isHighlighted);
     pointAt(4);
@@ -632,17 +599,6 @@ TEST_F(MacHovering, APopUpIsCoveredByARoundedOverlay)
     pointAt(3);
     EXPECT_EQ(drawing(hour), (Lines{"the view itself"}));
     EXPECT_EQ(drawing((NSView*)popUp(alert(), 1)).size(), 2U);
-}
-
-TEST_F(MacHovering, AClickLeavesTheHoverLook)
-{
-    NSButton* const clicked = button("In 20 minutes");
-    clicked.target = nil;
-    [clicked mouseUp:made(NSEvent.class, "up")];
-    EXPECT_FALSE(clicked.isHighlighted);
-    pointAt(0);
-    [clicked mouseUp:made(NSEvent.class, "up")];
-    EXPECT_TRUE(clicked.isHighlighted) << "the pointer is still over it";
 }
 
 } // namespace
