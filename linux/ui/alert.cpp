@@ -171,7 +171,7 @@ void SnoozeAlertWindow::paintEvent(QPaintEvent* /*event*/)
 {
     if (windowFlags().testFlag(Qt::FramelessWindowHint)) {
         QPainter painter(this);
-        painter.setPen(dividerColour(palette()));
+        painter.setPen(edgeColour(palette()));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
 }
