@@ -11,7 +11,6 @@
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QPainter>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -166,14 +165,9 @@ void SnoozeAlertWindow::bringToFront()
     activateWindow();
 }
 
-/// Draws an edge where the window system draws no frame.
 void SnoozeAlertWindow::paintEvent(QPaintEvent* /*event*/)
 {
-    if (windowFlags().testFlag(Qt::FramelessWindowHint)) {
-        QPainter painter(this);
-        painter.setPen(edgeColour(palette()));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    }
+    drawEdge(*this);
 }
 
 void SnoozeAlertWindow::changeEvent(QEvent* event)
