@@ -36,7 +36,8 @@ struct CheckVerdict {
 CheckVerdict evaluateCheck(const std::vector<BatteryDevice>& devices,
                            const std::set<std::int64_t>& alertedIDs, const CheckRules& rules);
 
-/// The line of the system log for an immediate alert, the same in every language.
+/// The line of the system log for an immediate alert. Log lines are not translated: this one and
+/// that of a failed launch at login are Chinese, all others English.
 std::string instantAlertLogLine(const std::vector<BatteryDevice>& devices);
 
 /// What a snooze alert shows when the user asks for it or a snooze ends.

@@ -11,7 +11,7 @@
 
 namespace voltmere {
 
-/// The category of notifications that offer a snooze.
+/// The category of notifications that offer a snooze. The program itself posts none of it yet.
 inline constexpr const char* lowBatteryCategory = "LOW_BATTERY";
 
 /// A choice that a notification offers: another notification after a delay.

@@ -20,7 +20,7 @@ struct CommandLine {
     bool openPanel = false;
     std::optional<std::string> toolsDirectory;
     std::optional<std::string> sysfsRoot;
-    std::string screenshotsDirectory;
+    std::string screenshotsDirectory; ///< with Action::screenshots, else empty
 
     bool operator==(const CommandLine&) const = default;
 };

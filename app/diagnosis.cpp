@@ -13,7 +13,7 @@ namespace voltmere {
 
 namespace {
 
-/// Lines of a label and a text, as wide as a terminal shows well.
+/// Lines of a label, padded to one width, and a cleaned text.
 class Report {
 public:
     void add(const std::string& label, const std::string& text)

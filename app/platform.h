@@ -37,7 +37,8 @@ public:
 std::unique_ptr<MainLoop> makeMainLoop();
 
 /// Shows the icon and the panel, or draws the pictures, as the command line asks. `words` is the
-/// command line, which ends with a null pointer. Returns the exit status.
+/// command line, which ends with a null pointer. Returns the exit status; on Linux only for a
+/// failure, since voltmere-desktop replaces the process.
 int runFrontEnd(const CommandLine& commandLine, char** words);
 
 /// The system's log.
@@ -52,8 +53,8 @@ std::unique_ptr<DefaultsStore> openUserSettings(SettingsUse use, SystemLog& log)
 /// Launch at login for the installed program.
 std::unique_ptr<LoginItemService> makeLoginItemService();
 
-/// The desktop's notifications under the program's own name. Takes up the user's delayed
-/// notifications at once. The arguments must outlive the result.
+/// The desktop's notifications under the program's own name. Schedules the delayed notifications
+/// of earlier runs at once. The arguments must outlive the result.
 std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& runLoop, const Clock& clock,
                                                            SystemLog& log);
 
@@ -64,7 +65,7 @@ struct SystemSources {
     std::unique_ptr<NameSource> names;
 };
 
-/// `root` replaces the directory where the kernel's file system of devices normally is.
+/// `root` stands in place of /sys.
 SystemSources makeSystemSources(const std::filesystem::path& root);
 
 /// The directory of the tools that simulate peripherals.

@@ -11,7 +11,7 @@ namespace voltmere {
 
 namespace {
 
-/// The ports without effect. Each keeps its contract with its callers and does nothing.
+/// Ports that do nothing, for runs that reach less than everything.
 class NoDesktop : public Application,
                   public AlertPresenter,
                   public LoginItemService,

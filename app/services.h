@@ -17,7 +17,7 @@ namespace voltmere {
 /// The tools that "--demo" needs and that are not in `demoToolsDirectory()`, as a list in words.
 std::string missingDemoTools();
 
-/// The place where this run reads the peripherals, by the command line or else the system.
+/// Where this run reads the peripherals: as the command line says, else as the system has it.
 class Peripherals {
 public:
     /// `systemTools` is the directory of this system's tools.
@@ -45,7 +45,7 @@ class Services {
 public:
     /// How far the model may act.
     enum class Reach {
-        everything, ///< the program in the menu bar; "--demo" limits it to the windows
+        everything, ///< the program with its icon; "--demo" limits it to the windows
         settings,   ///< reads the user's settings, and changes nothing
         nothing,    ///< the initial settings, in memory
     };
@@ -71,8 +71,8 @@ public:
     MainLoop& mainLoop;
     SystemClock clock;
     PosixCalendar calendar;
-    std::unique_ptr<SystemLog> log;
-    std::unique_ptr<SystemLog> modelLog;
+    std::unique_ptr<SystemLog> log;      ///< the services'
+    std::unique_ptr<SystemLog> modelLog; ///< silent for `settings`, which shows no alert to log
     std::unique_ptr<PreferredLanguages> languages;
     std::unique_ptr<DefaultsStore> defaults;
     std::unique_ptr<LoginItemService> loginItems;

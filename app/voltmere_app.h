@@ -41,7 +41,7 @@ public:
     virtual std::unique_ptr<Scene> show(BatteryModel& model) = 0;
 };
 
-/// The program in the menu bar: owns the one model, and shows it as an icon and a panel.
+/// The program in the tray or menu bar: owns the one model, and shows it as an icon and a panel.
 class VoltmereApp {
 public:
     /// The arguments must outlive this object.

@@ -1,4 +1,4 @@
-# The portable rooms and what needs no Qt of the system: standard C++ and the system's C interface.
+# voltmere_core: the portable rooms, posix and, except on macOS, the files of linux that need no Qt.
 
 add_library(voltmere_core STATIC
   alerting/check_result.cpp
@@ -41,8 +41,8 @@ find_package(nlohmann_json REQUIRED)
 target_link_libraries(voltmere_core PRIVATE nlohmann_json::nlohmann_json)
 voltmere_target(voltmere_core)
 
-# The program but for its main function, in front of the seam: what app/platform.h declares is in
-# another library.
+# voltmere_app: the program without its main function. It calls the functions of app/platform.h, which
+# the library of a system, or a test, defines.
 configure_file(app/version.h.in generated/app/version.h @ONLY)
 add_library(voltmere_app STATIC
   app/command_line.cpp

@@ -1,5 +1,5 @@
 # The two programs of a Linux desktop and what needs Qt: "voltmere" with the terminal commands loads
-# no library for windows, and starts "voltmere-desktop" for all else.
+# no library that draws, and starts "voltmere-desktop" for all else.
 
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core DBus Gui Widgets Svg)
 find_package(PkgConfig REQUIRED)

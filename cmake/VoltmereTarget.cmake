@@ -4,7 +4,7 @@ function(voltmere_target target)
   target_compile_options(${target} PRIVATE
     -Wall -Wextra -Wpedantic -Wconversion -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual)
   if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-    # Clang's only form of this warning also fires for members, which constructors here mirror.
+    # Parameters of constructors have the names of members here; only GCC can warn about locals alone.
     target_compile_options(${target} PRIVATE
       $<$<COMPILE_LANGUAGE:CXX>:-Wshadow=local>)
   endif()
@@ -12,7 +12,7 @@ function(voltmere_target target)
   if(VOLTMERE_SANITIZE)
     target_compile_options(${target} PRIVATE
       -fsanitize=${VOLTMERE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer
-      # GCC finds one in std::regex once that is instrumented.
+      # Instrumented, std::regex causes a false one with GCC.
       $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(${target} PUBLIC -fsanitize=${VOLTMERE_SANITIZE})
   endif()

@@ -44,7 +44,7 @@ void sortForDisplay(std::vector<BatteryDevice>& devices);
 /// `address` in upper case. Addresses are hexadecimal: only ASCII letters have a case here.
 std::string upperCased(std::string_view address);
 
-/// The form in which name maps hold an address: colons for hyphens, upper case.
+/// The form in which an address is looked up in a name map: colons for hyphens, upper case.
 std::string normalisedAddress(std::string_view address);
 
 /// Keeps the Bluetooth names for six hours, since reading them is slow. Safe to call from several

@@ -7,10 +7,9 @@ namespace voltmere {
 
 namespace {
 
-// The runner waits for a tool before it reads the output, so a tool that never exits would block
-// its reading for ever. The registry tool answers within a second: after 30 s it hangs. The
-// profiler may have to wake the Bluetooth controller and takes up to half a minute on a busy
-// machine, hence 60 s.
+// The runner reads a tool's output only after the tool has exited, so each tool needs a limit.
+// ioreg normally answers within a second; one that runs for 30 s hangs. system_profiler may wake
+// the Bluetooth controller and take 30 s on a busy machine, hence 60 s.
 constexpr std::chrono::seconds registryLimit{30};
 constexpr std::chrono::seconds profilerLimit{60};
 

@@ -2,11 +2,10 @@
 
 #include <QByteArray>
 
+/// The permission to take the focus that the desktop grants for one action of the user. It is in
+/// the environment, where Qt looks for it when a window asks for the focus; the desktop accepts
+/// each token once. Source: the xdg-activation protocol, which names the variable.
 namespace voltmere::activationToken {
-
-// A desktop's permission to take the focus, granted for an action of the user. The environment
-// holds the token, where Qt looks for it when a window asks for the focus. A token counts once.
-// Source: the xdg-activation protocol, which names the variable.
 
 inline constexpr const char* variable = "XDG_ACTIVATION_TOKEN";
 
@@ -22,6 +21,7 @@ inline void leave(const QByteArray& token)
     qputenv(variable, token);
 }
 
+/// Removes the token, so that no later window uses it and no child inherits it.
 inline void drop()
 {
     qunsetenv(variable);

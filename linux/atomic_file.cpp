@@ -36,7 +36,7 @@ bool writeAll(int descriptor, std::string_view text)
     return true;
 }
 
-/// Writes a new file beside `destination` and puts it in the place of that.
+/// Writes a temporary file in the directory of `destination` and renames it over `destination`.
 std::error_code replace(const fs::path& destination, std::string_view text, mode_t mode)
 {
     // The hidden name ends differently, so that no program mistakes the file for the destination.

@@ -10,8 +10,9 @@ namespace voltmere {
 /// The value of a variable of the environment; empty also when it is not set.
 std::string environmentVariable(const char* name);
 
-/// The directory of the user's files of one kind: the value of `variable`, or `fallback` in the
-/// home directory where that holds no absolute path. Source: XDG Base Directory Specification 0.8.
+/// The directory of the user's files of one kind: the value of `variable` if it is an absolute
+/// path, else `fallback` in the home directory, and in "/" without a home. Source: XDG Base
+/// Directory Specification 0.8.
 std::filesystem::path userDirectory(const char* variable, const char* fallback);
 
 /// The languages that the environment asks for, ranked as the C library ranks them for messages:

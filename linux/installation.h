@@ -4,9 +4,8 @@
 
 namespace voltmere {
 
-// The places of the files of this installation or build, wherever it was moved. The
-// terminal commands and the windows are two programs, so that the first load no library for
-// windows.
+// Paths of this installation or build, found from the running executable, so it may be moved. There
+// are two programs, so that the terminal commands load no library that draws.
 
 /// The program that a person starts, "voltmere".
 std::filesystem::path terminalProgram();

@@ -37,19 +37,21 @@ JsonContent readJsonFile(const std::filesystem::path& path);
 
 /// A JSON object in a file that belongs to its user alone (0600, in a directory of 0700).
 ///
-/// A damaged file counts as empty. An object that may write renames it to "<name>.damaged-<time>".
-/// Where the file cannot be renamed or read, nothing is written, so that no text of the user is
-/// lost. Each failure gets a line in the log.
+/// A damaged file is treated as empty; with SettingsUse::readAndWrite it is first renamed to
+/// "<name>.damaged-<UTC time>". Where the file cannot be renamed or read, nothing is written, so
+/// that no text of the user is lost. Each failure gets a line in the log.
 class JsonFile {
 public:
     /// `contents` is the word for the file's content in the log ("settings"). `log`
     /// must outlive this object.
     JsonFile(std::filesystem::path path, std::string contents, SettingsUse use, SystemLog& log);
 
+    /// Reads the file, and renames a damaged one as above. A failure gives empty content.
     JsonContent load();
 
     /// Sets `key` of the file's present object to `entry` and keeps all other keys. Replaces the
-    /// file in one step; a file that already holds `entry` stays untouched.
+    /// file in one step; a file that already holds `entry` stays untouched. Does nothing with
+    /// SettingsUse::readOnly. After a failure the file is as it was.
     void set(std::string_view key, const JsonEntry& entry);
 
 private:

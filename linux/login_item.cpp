@@ -27,19 +27,20 @@ std::string failureAt(const fs::path& path, const std::string& reason)
     return path.string() + ": " + reason;
 }
 
-/// An entry is UTF-8 in lines. A backslash would need escapes of its own in each value.
+/// Whether the path can stand in an entry: UTF-8 on one line. A backslash would need different
+/// escapes in Exec and TryExec.
 bool canBeWritten(const std::string& program)
 {
     return !program.empty() && isValidUtf8(program) &&
         std::ranges::none_of(program, [](unsigned char c) { return c < ' ' || c == '\\'; });
 }
 
-/// `program` as the only argument of "Exec". Within the quotes a backslash escapes a special
-/// character, and an entry doubles each backslash in a value.
+/// The value of "Exec" that starts `program`. Within the quotes a backslash escapes `"`, `$` and a
+/// backquote, and an entry doubles each backslash.
 ///
-/// A percent sign is doubled, and the program's own path may hold no equal sign. GLib and systemd
-/// look for the program under the doubled name and refuse the entry, so such a path is the argument
-/// of a program that does nothing but start it: nice -n 0.
+/// A percent sign is written "%%", and the first word may hold no equal sign. GLib and systemd do
+/// not undo "%%" in the first word, so a path with either is passed to "nice -n 0", which only
+/// starts it.
 ///
 /// Source: Desktop Entry Specification 1.5, "The Exec key", "Possible value types".
 std::string execStarting(std::string_view program)

@@ -28,7 +28,7 @@ constexpr const char* delayedKey = "delayed";
 constexpr const char* defaultActionKey = "default"; ///< a click on the notification itself
 constexpr uint dismissedByUser = 2;                 ///< reason of NotificationClosed
 
-/// Timers count nanoseconds in 64 bits.
+/// A damaged file may hold any delay, and timers count nanoseconds in 64 bits: 292 years.
 constexpr Seconds longestDelay = std::chrono::days(366);
 constexpr Seconds retryInterval = std::chrono::minutes(1);
 
@@ -68,7 +68,7 @@ QString shownText(const std::string& text)
 /// Keys and titles in turn, the click on the notification itself first.
 QStringList actionWords(const std::vector<NotificationAction>& actions)
 {
-    // A daemon that shows titles makes no button for an empty title. GLib sends the same.
+    // A daemon that shows every title as a button makes none of an empty one. GLib sends the same.
     QStringList words{defaultActionKey, QString()};
     for (const NotificationAction& action : actions) {
         words << QString::fromStdString(action.identifier) << shownText(action.title);
@@ -263,8 +263,8 @@ void DesktopNotifications::takeSignal(const QDBusMessage& signal)
         }
         return;
     }
-    // Some daemons leave it on the screen, where a second choice would have no effect. Closing a
-    // notification that is already gone does no harm.
+    // Some daemons keep a notification on screen after a choice, where a second choice would do
+    // nothing. Closing one that is already gone does no harm.
     QDBusMessage close = methodCall(entry.daemon, "CloseNotification");
     close << entry.id;
     bus.send(close);

@@ -26,8 +26,7 @@ namespace voltmere {
 /// Source: Desktop Notifications Specification 1.2 (org.freedesktop.Notifications).
 ///
 /// The centre asks the delegate about every notification, since not every desktop tells whether the
-/// program is in front. The delegate decides about the sound; a daemon has nothing quieter than a
-/// banner.
+/// program is in front. Only the sound of its answer counts: a daemon always shows a banner.
 ///
 /// Delayed notifications are timers over a file that outlives the program. A notification that fell
 /// due while the program was not running, by the wall clock, is shown at the next start. While the

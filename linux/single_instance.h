@@ -23,7 +23,8 @@ public:
     explicit BusInstance(QString name);
 
     /// Takes the name, or asks the process that holds it. Returns whether another process runs the
-    /// program. Waits a few milliseconds for the bus; without a bus there is a line in the log.
+    /// program. Waits for the bus, and up to 150 ms for the other process. Without a bus the result
+    /// is false, and the log gets a line.
     bool isLaterStart(SystemLog& log);
 
     /// Calls `action` whenever a later start asks for the panel.

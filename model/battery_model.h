@@ -60,8 +60,8 @@ public:
 
     Published<DeviceList> devices;       ///< the last reading, in display order
     Published<std::int64_t> threshold;   ///< percent; a device at or below it is low
-    Published<std::int64_t> checkHour;   ///< hour of the daily check
-    Published<std::int64_t> checkMinute; ///< minute of the daily check
+    Published<std::int64_t> checkHour;   ///< hour of the daily check, 0 to 23
+    Published<std::int64_t> checkMinute; ///< minute of the daily check, 0 to 59
     Published<bool> enabled;             ///< whether the daily check is on
     Published<bool> instantEnabled;      ///< whether a newly low device raises an alert at once
     Published<std::optional<Instant>> lastChecked;

@@ -33,7 +33,8 @@ public:
     virtual std::vector<std::string> tags() const = 0;
 };
 
-/// A position on the desktop, in points.
+/// A position on the desktop in points, to the right and down. A point is one device-independent
+/// pixel, the unit of layout in Qt (where pixel sizes of fonts are points) and in AppKit.
 struct PointerPosition {
     double x = 0;
     double y = 0;
@@ -114,10 +115,12 @@ struct AlertContent {
     bool operator==(const AlertContent&) const = default;
 };
 
-/// The actions of the snooze alert's controls.
+/// The actions of the snooze alert's controls, on the main thread. An alert that a person can use
+/// has all of them.
 struct AlertActions {
     std::function<void()> cancel;
     std::function<void(std::size_t option)> chooseOption; ///< index into the options
+    /// Hour 0 to 23, minute 0 to 59.
     std::function<void(std::int64_t hour, std::int64_t minute)> chooseTime;
 };
 

@@ -6,7 +6,8 @@
 
 namespace voltmere {
 
-/// The system's log. A line is plain text and never a format, whatever it contains.
+/// The system's log. A line is plain text and never a format, whatever it contains. May be called
+/// on any thread. Failures are ignored.
 class SystemLog {
 public:
     virtual ~SystemLog() = default;
@@ -15,6 +16,7 @@ public:
 };
 
 /// Logs each kind of trouble once, so that a service which fails all day does not fill the log.
+/// Not safe on two threads at once.
 class OnceLog {
 public:
     explicit OnceLog(SystemLog& log)

@@ -37,7 +37,8 @@ struct NotificationContent {
     bool operator==(const NotificationContent&) const = default;
 };
 
-/// A notification to post, at once or once after `delay`.
+/// A notification to post, at once or once after `delay`; zero or less is at once. The identifier
+/// must differ from those of all pending ones.
 struct NotificationRequest {
     std::string identifier;
     NotificationContent content;
@@ -90,12 +91,14 @@ public:
     /// Asks the user, once, for permission to notify in the ways of `options`.
     virtual void requestAuthorisation(std::uint32_t options) = 0;
 
-    /// Null removes the delegate. A delegate must outlive the centre.
+    /// `delegate` must live until it is replaced or the centre is destroyed; null removes it.
     virtual void setDelegate(NotificationCentreDelegate* delegate) = 0;
 
     /// Replaces every registered category.
     virtual void setCategories(std::vector<NotificationCategory> categories) = 0;
 
+    /// Posts or schedules `request`. A delayed one outlives the program; it is shown late rather
+    /// than never.
     virtual void add(NotificationRequest request) = 0;
 };
 

@@ -31,7 +31,8 @@ public:
     virtual std::vector<BatteryEntry> readEntries() = 0;
 };
 
-/// Bluetooth address (upper case) to the name that the user gave the device.
+/// Bluetooth address to the name that the user gave the device. Addresses are in upper case, with
+/// the separators of their source; lookups use `normalisedAddress`, which has colons.
 using NameMap = std::unordered_map<std::string, std::string>;
 
 /// Reads the names of the paired Bluetooth devices. Blocks while it reads; may be called on any
@@ -57,8 +58,10 @@ struct ProcessRequest {
                                      ///< process group
 };
 
-/// Runs a program to its end and returns what it wrote to its standard output, whatever its exit
-/// status. A program that cannot be started wrote nothing. Blocks; may be called on any thread.
+/// Runs a program and returns what it wrote to its standard output, whatever its exit status; an
+/// empty text where it cannot be started. Of a child that was ended at its limit only the whole
+/// lines are returned. The output must fit into a pipe (64 KiB; 1 MiB on Linux): a child that
+/// writes more runs into its limit. Blocks; may be called on any thread.
 class ProcessRunner {
 public:
     virtual ~ProcessRunner() = default;

@@ -31,7 +31,8 @@ inline std::optional<bool> exactBoolean(std::optional<std::int64_t> number)
 ///
 /// A read yields nothing when the key is absent or its value does not convert exactly. A whole
 /// number of any form and a boolean convert to an integer (true is 1); a boolean and the numbers 0
-/// and 1 convert to a boolean; only a text converts to a text. A write keeps all other keys.
+/// and 1 convert to a boolean; only a text converts to a text. A write keeps all other keys, and
+/// later reads see it even where it cannot be saved. Belongs to one thread.
 class DefaultsStore {
 public:
     virtual ~DefaultsStore() = default;

@@ -24,10 +24,10 @@ public:
 /// An instant as the user's calendar and wall clock show it.
 struct LocalTime {
     int year = 1970;
-    int month = 1; ///< 1 to 12
-    int day = 1;   ///< 1 to 31
-    int hour = 0;
-    int minute = 0;
+    int month = 1;  ///< 1 to 12
+    int day = 1;    ///< 1 to 31
+    int hour = 0;   ///< 0 to 23
+    int minute = 0; ///< 0 to 59
 };
 
 /// The user's calendar in the user's time zone, which may change at any moment.
@@ -42,7 +42,8 @@ public:
     /// calendar has no such instant.
     virtual std::optional<Instant> instantOf(const LocalTime& time) const = 0;
 
-    /// The same clock time on the next day.
+    /// The same clock time on the next day, by the rule of `instantOf`; whole seconds stay. Nothing
+    /// when the calendar has no such instant.
     virtual std::optional<Instant> addingOneDay(Instant instant) const = 0;
 };
 
@@ -55,7 +56,9 @@ public:
 /// The main thread's event loop and the threads beside it.
 ///
 /// Timers count the time during which the machine sleeps: a timer that fell due meanwhile fires
-/// once right after the sleep. Everything but `postToMain` belongs to the main thread.
+/// once right after the sleep. A delay of zero or less is due at once; an interval is above zero.
+/// Where the system refuses a timer, the result is null and the action never runs; where it refuses
+/// a thread, the work is dropped. Everything but `postToMain` belongs to the main thread.
 class RunLoop {
 public:
     using Action = std::function<void()>;

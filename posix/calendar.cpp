@@ -20,8 +20,8 @@ std::tm brokenDown(Instant instant)
     return time;
 }
 
-/// The second that `time` names when summer time counts as `summerTime` says (1 yes, -1 unknown);
-/// nothing when there is no such second. Normalises the fields of `time`.
+/// The second that `time` names when summer time counts as `summerTime` says (1 yes, 0 no, -1
+/// unknown); nothing when there is no such second. Normalises the fields of `time`.
 std::optional<std::time_t> secondOf(std::tm& time, int summerTime)
 {
     time.tm_isdst = summerTime;

@@ -33,8 +33,8 @@ bool openPipe(int (&ends)[2])
     if (::pipe2(ends, O_CLOEXEC) != 0) {
         return false;
     }
-    // The default limit for users without privileges. Where an administrator lowered the limit,
-    // the pipe keeps its usual 64 KiB.
+    // 1 MiB is the kernel's default limit for users without privileges. Where an administrator
+    // lowered it, the call fails and the pipe keeps its usual 64 KiB.
     ::fcntl(ends[1], F_SETPIPE_SZ, 1 << 20);
     return true;
 }
@@ -47,7 +47,7 @@ bool openPipe(int (&ends)[2])
 }
 #endif
 
-/// A pipe with the largest buffer that the system allows this user; without ends if the system
+/// A pipe of 1 MiB on Linux, or of the usual size where that is refused; without ends if the system
 /// refuses a pipe.
 Pipe openLargePipe()
 {

@@ -28,7 +28,9 @@ std::string_view rawValue(AppLanguage language);
 /// The choice stored as `raw`; nothing for any other text.
 std::optional<AppLanguage> appLanguage(std::string_view raw);
 
-/// Every text that a person sees, looked up by a dotted key in the Chinese or the English table.
+/// The texts of the windows, the icon, the notifications and the terminal's status line, by a key
+/// such as "panel.quit" in the Chinese or the English table. The terminal's other texts are
+/// English, in app/.
 ///
 /// The whole process has one choice of language, which belongs to the main thread. Nothing is
 /// cached: a change of `setting` takes effect at the next lookup.
@@ -62,6 +64,7 @@ public:
     /// The argument is plain text and never read as a format.
     static std::string format(std::string_view format, const Argument& argument);
 
+    // The tables of `t` and of `own`, in l10n_tables.cpp.
     static const Table& zh();
     static const Table& en();
     static const Table& ownZh();

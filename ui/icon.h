@@ -51,7 +51,7 @@ enum class LabelColour {
 };
 
 /// The picture for a menu bar that takes any width: the status icon and the label beside it. In
-/// points; since everything is centred in the height, y counts from the top as from the bottom.
+/// points. Both are centred in the height, so y is the same from the top and from the bottom.
 struct IconShape {
     static constexpr int height = 22;
     static constexpr int iconSide = 20;

@@ -65,6 +65,7 @@ PanelContent panelContent(const BatteryModel& model)
     content.timeSeparator = ":";
     content.checkMinute = minutePopUp(model.checkMinute);
     content.status = plainText(model.status.get());
+    // The line is older than a threshold changed since, so its own text decides.
     content.statusIsRed = model.status->starts_with(L10n::t("status.low"));
     content.testAlert = L10n::t("panel.testNotification");
     content.launchAtLogin = {L10n::t("panel.launchAtLogin"), model.launchAtLogin};

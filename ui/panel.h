@@ -45,7 +45,7 @@ struct PanelContent {
     std::string applicationName;
 
     std::vector<DeviceRow> devices;
-    std::string emptySymbol; ///< with the text beside it, the row that replaces missing devices
+    std::string emptySymbol; ///< with `emptyText`, the row shown while there are no devices
     std::string emptyText;
 
     std::string warnBelow;

@@ -1,4 +1,4 @@
-# What only a build for macOS on Linux has.
+# Only for a build for macOS on Linux.
 
 # The core's tests in one folder, ready to be carried to a Mac.
 if(VOLTMERE_TESTS)

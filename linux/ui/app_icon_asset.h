@@ -9,10 +9,11 @@
 
 namespace voltmere {
 
-/// The icons that stand for the program: the small one of the menu bar, and the application's.
+/// The icons that stand for the program: the small status icon, and the application's.
 class AppIconAsset {
 public:
-    /// The menu-bar icon, 20 by 20 points. Built on first use and kept; never empty.
+    /// The status icon, 20 by 20 points, for a menu bar and for a tray without a level. Built on
+    /// first use and kept; never empty.
     static const DrawnImage& statusImage();
 
     /// The application icon as a square of `side` points; nothing where the program has none.

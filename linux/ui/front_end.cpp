@@ -57,8 +57,8 @@ QWidget* alertOnScreen()
     return alert == windows.end() ? nullptr : *alert;
 }
 
-/// The icon as soon as there is a tray, and the panel: beside the icon, or as a window where no
-/// tray has come. That window waits until an alert was answered, which it might cover.
+/// The icon, made when a tray appears, and the panel. The panel opens at the icon, or without a
+/// tray as a window, which waits until an alert was answered, since it might cover the alert.
 class QtScene : public Scene {
 public:
     QtScene(BatteryModel& model, const Appearance& appearance, MainLoop& mainLoop, SystemLog& log)
@@ -142,7 +142,7 @@ std::unique_ptr<Scene> QtFrontEnd::show(BatteryModel& model)
 void QtFrontEnd::followAppearance() const
 {
     applyPalette(appearance.bestMatch());
-    // The palette may have changed before the scheme was known, but the red still differs.
+    // Qt tells nothing where the palette was right already, but the views' red follows the scheme.
     for (QWidget* const window : QApplication::topLevelWidgets()) {
         QEvent change(QEvent::PaletteChange);
         QApplication::sendEvent(window, &change);

@@ -14,9 +14,10 @@ QString menuText(QString text, MenuPainter painter)
     if (painter == MenuPainter::toolkit) {
         return text.replace('&', "&&");
     }
-    // Tray hosts read "_" before a letter as a mnemonic, and Qt sends them its first "&" as "_".
-    // Here the first "&" marks a blank without width instead of a letter. Some hosts drop "__" from
-    // an entry with a mnemonic: a text with both characters gets full-width "&".
+    // A tray host reads "_x" as a mnemonic, and Qt sends the first "&" of a text as "_". So a text
+    // with "&" begins with another one and a space without width: the space is the mnemonic, and
+    // nothing shows. Some hosts fail on "__" beside a mnemonic, so in a text with "_" each "&"
+    // becomes full-width.
     static const QString taken = QStringLiteral("&\u200B");
     if (text.contains('_')) {
         return text.replace('&', QChar(0xFF06)).replace('_', "__");
@@ -43,8 +44,8 @@ StatusLabel::StatusLabel(BatteryModel& model, Actions givenActions)
 
 void StatusLabel::redraw()
 {
-    // Qt sends each set value to the desktop, which then fetches the whole icon, and an open menu
-    // must not change under the pointer. Most redraws change neither.
+    // A desktop fetches all sizes of an icon that is set, and an open menu must not change under
+    // the pointer. Most redraws change neither the level nor the texts.
     const auto level = iconLevel(model.devices, model.threshold);
     if (icon.icon().isNull() || level != shownLevel) {
         shownLevel = level;

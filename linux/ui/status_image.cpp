@@ -168,7 +168,7 @@ QPainterPath numberOutline(std::int64_t number, const QRect& area)
 
 namespace {
 
-/// The system font. Its size is in pixels, since the painter's units are points on every screen.
+/// The system font at IconShape::fontSize points, which Qt calls pixels; its own points are others.
 QFont labelFont()
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);

@@ -21,7 +21,7 @@ namespace voltmere {
 /// digits stay sharp at 16 pixels, where a font blurs. They look the same with any fonts.
 QPainterPath numberOutline(std::int64_t number, const QRect& area);
 
-/// The icon for a menu bar.
+/// The wide picture for a menu bar. On Linux only --screenshots draws it, since trays are square.
 class StatusImage {
 public:
     /// The status icon with the level of the weakest of `devices`, which stand in display order:

@@ -1,3 +1,5 @@
+// Tests judgeEntries, listDevices and sortForDisplay of devices/device_reader.h.
+
 #include "devices/device_reader.h"
 
 #include "fakes/sample_devices.h"
