@@ -230,7 +230,7 @@ QWidget* SnoozeAlertWindow::customTimeRow(const AlertContent& content)
     row->addWidget(confirm);
     row->addStretch();
     // In some styles the pop-ups are so wide that the row would cut them.
-    view->setFixedSize(rowSize().expandedTo({row->minimumSize().width(), 0}));
+    view->setFixedSize(rowSize().expandedTo(row->minimumSize()));
     return view;
 }
 
@@ -238,7 +238,7 @@ HoverPopUpButton* SnoozeAlertWindow::makePopUp(const PopUp<std::int64_t>& conten
 {
     auto* const popUp = new HoverPopUpButton(row);
     popUp->present(content);
-    popUp->setFixedHeight(rowSize().height());
+    popUp->setFixedHeight(std::max(rowSize().height(), popUp->sizeHint().height()));
     hoverItems.push_back({popUp, popUp});
     return popUp;
 }

@@ -18,7 +18,7 @@ constexpr float overlayAlpha = 0.2F;
 constexpr double overlayInset = 0.5;      // points
 constexpr double largestCornerRadius = 6; // points
 constexpr int leastPopUpWidth = 52;       // points
-constexpr int titleMargin = 8;            // points that a style may keep free before a title
+constexpr int titleMargin = 9;            // points that a style may keep free before a title
 
 } // namespace
 
@@ -72,7 +72,8 @@ QSize HoverPopUpButton::sizeHint() const
         widest = std::max(widest, fontMetrics().horizontalAdvance(itemText(index)));
     }
     const int needed = option.rect.width() - place.width() + titleMargin + widest;
-    return {std::max(needed, leastPopUpWidth), SettingPicker::sizeHint().height()};
+    return {std::max(needed, leastPopUpWidth),
+            option.rect.height() - place.height() + fontMetrics().height()};
 }
 
 void HoverPopUpButton::paintEvent(QPaintEvent* event)

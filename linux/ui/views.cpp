@@ -2,6 +2,7 @@
 
 #include "linux/ui/theme.h"
 
+#include <QApplication>
 #include <QEvent>
 #include <QFontMetrics>
 #include <QLabel>
@@ -213,7 +214,11 @@ constexpr int rowsAtOnce = 12;
 /// a check box as large as its text asks.
 class ControlStyle : public QProxyStyle {
 public:
-    explicit ControlStyle(QObject* parent) { setParent(parent); }
+    explicit ControlStyle(QObject* parent)
+        : QProxyStyle(QApplication::style()->name()) // else the one that the program began with
+    {
+        setParent(parent);
+    }
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option,
                     const QWidget* widget) const override

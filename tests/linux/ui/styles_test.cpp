@@ -9,6 +9,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QStyleFactory>
+#include <QStyleOptionComboBox>
 
 #include <tuple>
 
@@ -161,6 +162,15 @@ bool isCut(QWidget& control)
             std::max(label->heightForWidth(label->width()), label->fontMetrics().height());
         return label->height() < height ||
             (!isElided && label->width() < label->sizeHint().width());
+    }
+    if (const auto* const box = dynamic_cast<const QComboBox*>(&control)) {
+        QStyleOptionComboBox option;
+        option.initFrom(box);
+        const QRect field = box->style()->subControlRect(QStyle::CC_ComboBox, &option,
+                                                         QStyle::SC_ComboBoxEditField, box);
+        if (field.width() < box->fontMetrics().horizontalAdvance(box->currentText())) {
+            return true; // some styles draw over the arrow
+        }
     }
     const QSize size = control.size();
     const int seen = ink(control);
