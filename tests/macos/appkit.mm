@@ -240,12 +240,14 @@ EMPTY(NSLayoutYAxisAnchor)
 @implementation NSEvent
 + (NSPoint)mouseLocation RETURNS(mac.pointer);
 + (NSUInteger)pressedMouseButtons RETURNS(mac.pressedButtons);
-+ (id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask
-                                    handler:(void (^)(NSEvent*))handler
-    RETURNS(mac.monitors.emplace_back(made(self, "monitor"), mask, handler).token);
++ (id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask handler:(void (^)(NSEvent*))handler
+{
+    mac.monitors.push_back({made(self, ""), self, std::to_string(mask), (id)handler});
+    return mac.monitors.back().token;
+}
 + (void)removeMonitor:(id)monitor
 {
-    std::erase_if(mac.monitors, [&](const Monitor& one) { return one.token == monitor; });
+    std::erase_if(mac.monitors, [&](const Registration& one) { return one.token == monitor; });
 }
 + (NSEvent*)otherEventWithType:(NSEventType)type
                       location:(NSPoint)location
@@ -261,8 +263,8 @@ EMPTY(NSLayoutYAxisAnchor)
 void voltmere::clickElsewhere()
 {
     const auto monitors = mac.monitors;
-    for (const Monitor& one : monitors) {
-        one.handle(made(NSEvent.class, "click"));
+    for (const Registration& one : monitors) {
+        one.block(made(NSEvent.class, "click"));
     }
 }
 

@@ -120,9 +120,9 @@ void settle()
 void post(NSNotificationCenter* centre, NSString* name)
 {
     const auto observers = mac.observers;
-    for (const Observer& one : observers) {
+    for (const Registration& one : observers) {
         if (one.centre == centre && one.name == text(name)) {
-            one.notify(made(NSNotification.class, one.name));
+            one.block(made(NSNotification.class, one.name));
         }
     }
 }
@@ -146,6 +146,14 @@ dispatch_queue_t dispatch_get_global_queue(intptr_t quality, uintptr_t /*flags*/
 void dispatch_async(dispatch_queue_t queue, dispatch_block_t block) DOES(queue->push_back(block));
 
 // Values
+
+/// A class with one object, and a class whose summary can be asked.
+#define ONE(Class, accessor)                                                                       \
+    @implementation Class                                                                          \
+    +(id)accessor RETURNS(shared(self)) @end
+#define TEXT(Class, accessor)                                                                      \
+    @implementation Class                                                                          \
+    -(NSString*)accessor RETURNS(string(summary(self))) @end
 
 @implementation NSString // a literal is no longer than NSConstantString declares
 - (instancetype)initWithBytes:(const void*)bytes
@@ -203,14 +211,9 @@ static NSNumber* boxed(long double value)
                                   objects:(id __unsafe_unretained[])buffer
                                     count:(NSUInteger)length
 {
-    static unsigned long unchanged = 0;
-    NSUInteger given = 0;
-    for (; given < length && state->state < _items.size(); ++given) {
-        buffer[given] = _items[state->state++];
-    }
-    state->itemsPtr = buffer;
-    state->mutationsPtr = &unchanged;
-    return given;
+    state->itemsPtr = reinterpret_cast<id __unsafe_unretained*>(_items.data());
+    state->mutationsPtr = &state->extra[0];
+    return state->state++ == 0 ? _items.size() : 0;
 }
 @end
 @implementation NSMutableArray
@@ -252,15 +255,9 @@ static NSNumber* boxed(long double value)
 }
 @end
 EMPTY(NSURL)
-@implementation NSDate
-+ (NSDate*)distantFuture RETURNS(shared(self));
-@end
-@implementation NSException
-- (NSString*)reason RETURNS(string(summary(self)));
-@end
-@implementation NSError
-- (NSString*)localizedDescription RETURNS(string(summary(self)));
-@end
+ONE(NSDate, distantFuture)
+TEXT(NSException, reason)
+TEXT(NSError, localizedDescription)
 
 // The program and its user
 
@@ -348,12 +345,12 @@ EMPTY(NSOperationQueue)
                              queue:(NSOperationQueue*)queue
                         usingBlock:(void (^)(NSNotification*))block
 {
-    return mac.observers.emplace_back(made(NSNotification.class, ""), self, text(name), block)
-        .token;
+    mac.observers.push_back({made(NSNotification.class, ""), self, text(name), (id)block});
+    return mac.observers.back().token;
 }
 - (void)removeObserver:(id)observer
 {
-    std::erase_if(mac.observers, [&](const Observer& one) { return one.token == observer; });
+    std::erase_if(mac.observers, [&](const Registration& one) { return one.token == observer; });
 }
 @end
 @implementation NSDistributedNotificationCenter
@@ -527,9 +524,7 @@ static BOOL setLoginItem(SMAppServiceStatus status, NSError* __autoreleasing* er
     return made(self, all);
 }
 @end
-@implementation UNNotificationSound
-+ (UNNotificationSound*)defaultSound RETURNS(shared(self));
-@end
+ONE(UNNotificationSound, defaultSound)
 EMPTY(UNNotificationContent)
 EMPTY(UNMutableNotificationContent)
 EMPTY(UNNotificationTrigger)
@@ -554,9 +549,7 @@ EMPTY(UNNotificationTrigger)
                     "|" + (trigger == nil ? "at once" : summary(trigger)));
 }
 @end
-@implementation UNNotificationResponse
-- (NSString*)actionIdentifier RETURNS(string(summary(self)));
-@end
+TEXT(UNNotificationResponse, actionIdentifier)
 
 @implementation UNUserNotificationCenter
 + (UNUserNotificationCenter*)currentNotificationCenter

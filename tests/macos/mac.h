@@ -17,19 +17,12 @@
 
 namespace voltmere {
 
-/// A block in a notification centre.
-struct Observer {
+/// A block in a notification centre, or one that sees the events of other programs.
+struct Registration {
     id token;
     id centre;
-    std::string name; ///< of the notification
-    void (^notify)(NSNotification*);
-};
-
-/// A block that sees the events of other programs.
-struct Monitor {
-    id token;
-    NSEventMask mask;
-    void (^handle)(NSEvent*);
+    std::string name; ///< of the notification, or the mask of the events
+    void (^block)(id);
 };
 
 struct KeyValueObserver {
@@ -75,8 +68,8 @@ struct Mac {
     double asleep = 0;
     int idleTurns = 0;       ///< of the run loop, where only timers were left
     std::set<id> activities; ///< that keep the program from napping
-    std::vector<Observer> observers;
-    std::vector<Monitor> monitors;
+    std::vector<Registration> observers;
+    std::vector<Registration> monitors;
     std::vector<KeyValueObserver> appearanceObservers;
 
     std::vector<__weak NSWindow*> windows;

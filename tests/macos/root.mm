@@ -5,7 +5,6 @@
 extern "C" bool voltmere_isKind(id object, Class wanted);
 extern "C" id voltmere_allocate(Class aClass);
 extern "C" void voltmere_destroy(id object);
-extern "C" id objc_retain(id object);
 
 @implementation NSObject
 + (instancetype)alloc RETURNS(voltmere_allocate(static_cast<Class>(self)));
@@ -13,7 +12,6 @@ extern "C" id objc_retain(id object);
 + (Class)class RETURNS(static_cast<Class>(self));
 - (instancetype)init RETURNS(self);
 - (void)dealloc DOES(voltmere_destroy(self));
-- (id)copy RETURNS(objc_retain(self)); // of what never changes
 - (Class)class RETURNS(*reinterpret_cast<Class*>(self));
 - (BOOL)isEqual:(id)object RETURNS(self == object);
 - (BOOL)isKindOfClass:(Class)aClass RETURNS(voltmere_isKind(self, aClass));

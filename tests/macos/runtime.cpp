@@ -455,15 +455,8 @@ id objc_getProperty(id self, SEL /*selector*/, long offset, bool /*atomic*/)
     RETURNS(objc_retainAutorelease(*memberAt(self, offset)));
 
 void objc_setProperty(id self, SEL /*selector*/, long offset, id value, bool /*atomic*/,
-                      bool copies)
-{
-    static const objc_selector copy{"copy", nullptr};
-    if (copies && value != nullptr && !isBlock(value)) {
-        value = objc_autorelease(objc_msg_lookup(value, &copy)(value, &copy));
-    }
-    objc_storeStrong(memberAt(self, offset), value);
-}
-
+                      bool /*copy*/)
+    DOES(objc_storeStrong(memberAt(self, offset), value)); // what is copied here never changes
 void objc_getPropertyStruct(void* to, const void* from, long size, bool /*atomic*/, bool /*strong*/)
     DOES(std::memcpy(to, from, static_cast<std::size_t>(size)));
 

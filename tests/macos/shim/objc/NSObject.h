@@ -17,6 +17,5 @@ __attribute__((objc_root_class))
 + (instancetype)new;
 + (Class)class;
 - (instancetype)init;
-- (id)copy;
 - (void)dealloc;
 @end
