@@ -147,6 +147,7 @@ ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
     , content(panelContent(model))
     , column(new QVBoxLayout(this))
     , rows(new QVBoxLayout(new QWidget(this)))
+    , scroller(new Scroller(rows->parentWidget(), this))
     , redrawScheduler(model.objectWillChange, [this] { redraw(); })
 {
     constexpr int padding = panelGeometry::padding;
@@ -155,7 +156,7 @@ ContentView::ContentView(BatteryModel& model, const Appearance& appearance,
     column->setContentsMargins(padding, padding, padding, padding);
     column->setSpacing(panelGeometry::itemSpacing);
     column->setSizeConstraint(QLayout::SetFixedSize);
-    column->addWidget(new Scroller(rows->parentWidget(), this));
+    column->addWidget(scroller);
     rows->setContentsMargins({});
     rows->setSpacing(panelGeometry::itemSpacing);
     rows->addStrut(panelGeometry::width - 2 * padding);
@@ -341,10 +342,9 @@ void ContentView::redraw()
         update();
     }
     // Otherwise the rows would be seen moving to their places one turn later.
-    for (QLayout* const part : {rows, column}) {
-        part->invalidate();
-        part->activate();
-    }
+    rows->activate();
+    scroller->updateGeometry();
+    column->activate();
 }
 
 } // namespace voltmere

@@ -61,6 +61,7 @@ private:
     bool hasAppeared = false;
     QVBoxLayout* column; ///< the rows that scroll on a low screen, and below them those that do not
     QVBoxLayout* rows;   ///< that scroll
+    QWidget* scroller;   ///< shows `rows`
     std::vector<std::function<void()>> updates; ///< each brings one control in line with `content`
     RedrawScheduler redrawScheduler;
 };

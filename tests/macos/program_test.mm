@@ -153,6 +153,10 @@ TEST_F(MacProgram, OpensThePanelForASecondStartAndForFinder)
 
 TEST_F(MacProgram, ADemoLeavesTheRunningInstanceAndTheOutsideAlone)
 {
+    mac.bundlePath = directory.path();
+    std::filesystem::create_directories(directory / "Contents/Resources/demo");
+    writeTool("Contents/Resources/demo/ioreg", mouseAt12);
+    writeTool("Contents/Resources/demo/system_profiler", "");
     mac.whileRunning = [] {
         settle();
         press(button("Quit"));
