@@ -450,7 +450,8 @@ void voltmere::pressEscape()
 - (NSBitmapImageRep*)bitmapImageRepForCachingDisplayInRect:(NSRect)rect
     RETURNS(made(NSBitmapImageRep.class, ""));
 - (void)cacheDisplayInRect:(NSRect)rect
-          toBitmapImageRep:(NSBitmapImageRep*)bitmap DOES(summary(bitmap) += [self seen] + "\n");
+          toBitmapImageRep:(NSBitmapImageRep*)bitmap
+    DOES(summary(bitmap) += text(rect) + "\n" + [self seen] + "\n");
 - (std::string)seen
 {
     std::string all = _priorities["hugging 0"] == 1 ? "~" : "";
@@ -661,6 +662,7 @@ void voltmere::choose(NSPopUpButton* popUp, NSInteger index)
     NSButton* const button = [NSButton buttonWithTitle:title target:nil action:nullptr];
     button.frame = NSMakeRect(0, 0, 100, 28);
     button.keyEquivalent = _all.empty() ? @"\r" : @"";
+    button.keyEquivalentModifierMask = 1; // so that a test sees it being cleared
     _all.push_back(button);
     return button;
 }

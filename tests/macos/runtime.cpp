@@ -2,7 +2,6 @@
 
 #include <Block.h>
 #include <objc/objc.h>
-#include <prefix.h>
 #include <unwind.h>
 
 #include <cstdio>

@@ -124,6 +124,19 @@ TEST_F(MacWindows, ThePanelHasTheRowsOfItsDefinition)
     const NSEdgeInsets edges = column.edgeInsets;
     EXPECT_EQ(text(NSMakeRect(edges.top, edges.left, edges.bottom, edges.right)), "16 16 16 16");
     EXPECT_EQ([column constraints], (Lines{"width = 320"}));
+    EXPECT_TRUE(column.translatesAutoresizingMaskIntoConstraints) << "the window places it";
+    for (NSTextField* const label : viewsIn(column, NSTextField.class)) {
+        EXPECT_EQ(label.hidden, text(label.stringValue).empty());
+        EXPECT_FALSE(label.selectable) << "the keyboard is for the controls";
+        const bool isName = text(label.stringValue).rfind("Magic", 0) == 0;
+        EXPECT_EQ(isName, label.lineBreakMode == NSLineBreakByTruncatingMiddle);
+        EXPECT_EQ(isName, label.allowsExpansionToolTips);
+    }
+    for (NSStackView* const row : viewsIn(column, NSStackView.class)) {
+        EXPECT_TRUE(row.orientation == NSUserInterfaceLayoutOrientationVertical ||
+                    row.distribution == NSStackViewDistributionFill)
+            << "a spacer takes the room that is left";
+    }
     EXPECT_EQ([popUp(panel(), 0) constraints], (Lines{"width = 80"}));
 }
 
@@ -168,7 +181,7 @@ TEST_F(MacWindows, EachChoiceReachesTheModelAndTheSettings)
     EXPECT_EQ(button("Daily check").state, NSControlStateValueOff) << "not within the turn";
     settle();
     EXPECT_EQ(button("Daily check").state, NSControlStateValueOn);
-    mac.calls.clear();
+    EXPECT_EQ(calls({"NSUserDefaults"}), Lines()) << "an open menu stays as it is";
     choose(popUp(panel(), 3), 1);
     EXPECT_EQ(model->language.get(), "zh");
     EXPECT_EQ(calls().size(), 5U) << "the language itself is never written";
@@ -218,7 +231,7 @@ TEST_F(MacWindows, ThePanelTakesTheKeyboardWithoutActivatingTheProgram)
     press(icon());
     EXPECT_EQ(mac.keyWindow, panel());
     EXPECT_FALSE(mac.isActive);
-    EXPECT_EQ(calls({"ImageView", "setLevel:"}),
+    EXPECT_EQ(calls({"ImageView", "setLevel:", "removeAll"}),
               (Lines{"NSApplication unhideWithoutActivation",
                      "VoltmerePanel makeKeyAndOrderFront:", "VoltmerePanel makeFirstResponder:"}));
     EXPECT_EQ(panel().level, NSStatusWindowLevel);
@@ -295,9 +308,9 @@ TEST_F(MacWindows, ThePanelStandsUnderItsIconOrWhereThePersonIs)
     EXPECT_EQ(text(panel().frame), "870 376 320 500") << "the upper edge stays";
     pressEscape();
     mac.otherScreens = {{{1440, 0}, {1000, 800}}};
-    mac.pointer = {1500, 790};
+    mac.pointer = {1700, 790};
     pressIcon();
-    EXPECT_EQ(text(panel().frame), "1440 300 320 500") << "the menu bar of the other screen";
+    EXPECT_EQ(text(panel().frame), "1540 300 320 500") << "the menu bar of the other screen";
     pressEscape();
     mac.pointer = {900, 890};
     pressIcon();
@@ -528,6 +541,8 @@ TEST_F(MacWindows, AnAlertMayGoInTheActionOfItsButton)
     press(button("two"));
     EXPECT_EQ(chosen, (Lines{"time", "1"}));
     EXPECT_FALSE(window.visible);
+    objc::drainPool();
+    EXPECT_NE(mac.alert, nil) << "it stays until its button's action has ended";
 }
 
 // Hovering
