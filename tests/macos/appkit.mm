@@ -456,7 +456,10 @@ void voltmere::pressEscape()
 {
     std::string all = _priorities["hugging 0"] == 1 ? "~" : "";
     for (NSView* const child : _children) {
-        const std::string part = child.hidden ? "" : [child seen];
+        std::string part = child.hidden ? "" : [child seen];
+        for (const std::string& constraint : [child constraints]) {
+            part += "{" + constraint + "}";
+        }
         all += (all.empty() || part.empty() ? "" : [self separator]) + part;
     }
     return all;
@@ -535,9 +538,12 @@ EMPTY(NSVisualEffectView)
 @end
 
 @implementation NSTextField
-- (std::string)seen RETURNS(text(self.stringValue) +
-                            (self.font == nil ? "" : " " + summary(self.font)) +
-                            (_textColor == nil ? "" : " " + summary(_textColor)));
+- (std::string)seen
+{
+    return text(self.stringValue) + (self.font == nil ? "" : " " + summary(self.font)) +
+        (_textColor == nil ? "" : " " + summary(_textColor)) +
+        (self.alignment == NSTextAlignmentCenter ? " centred" : "");
+}
 + (instancetype)labelWithString:(NSString*)text
 {
     NSTextField* const label = [[self alloc] init];
@@ -556,7 +562,8 @@ EMPTY(NSVisualEffectView)
 - (std::string)seen
 {
     const char* const mark = _state == NSControlStateValueOn ? "x " : "o ";
-    return "[" + std::string(_isCheckBox ? mark : "") + text(_title) + "]";
+    return (self.controlSize == NSControlSizeLarge ? "large [" : "[") +
+        std::string(_isCheckBox ? mark : "") + text(_title) + "]";
 }
 + (instancetype)buttonWithTitle:(NSString*)title target:(id)target action:(SEL)action
 {
