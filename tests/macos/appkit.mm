@@ -37,11 +37,11 @@ void voltmere::setAppearance(NSString* name)
 {
     mac.appearance = name;
     const auto observers = mac.appearanceObservers;
-    for (const KeyValueObserver& one : observers) {
-        [one.observer observeValueForKeyPath:string(one.path)
-                                    ofObject:NSApp
-                                      change:nil
-                                     context:one.context];
+    for (const auto& [observer, path] : observers) {
+        [(__bridge id)observer observeValueForKeyPath:string(path)
+                                             ofObject:NSApp
+                                               change:nil
+                                              context:nullptr];
     }
 }
 
@@ -131,11 +131,7 @@ EMPTY(NSImageRep)
     BOOL _isTemplate;
     BOOL (^_handler)(NSRect);
 }
-- (instancetype)initWithSize:(NSSize)size
-{
-    _size = size;
-    return self;
-}
+- (instancetype)initWithSize:(NSSize)size DOES(_size = size; return self);
 - (instancetype)initWithContentsOfURL:(NSURL*)url
 {
     summary(self) = summary(url);
@@ -288,11 +284,7 @@ __kindof NSApplication* NSApp;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)policy
     RETURNS(mac.isAgent = policy == NSApplicationActivationPolicyAccessory);
 - (void)activateIgnoringOtherApps:(BOOL)flag DOES(mac.isActive = flag);
-- (void)hide:(id)sender
-{
-    mac.isActive = false;
-    mac.isHidden = true;
-}
+- (void)hide:(id)sender DOES(mac.isActive = false; mac.isHidden = true);
 - (void)unhideWithoutActivation DOES(mac.isHidden = false);
 - (void)run
 {
@@ -349,11 +341,7 @@ static NSScreen* screen(NSRect frame, NSRect visible)
     self.contentView = [[NSView alloc] initWithFrame:{{0, 0}, rect.size}];
     return self;
 }
-- (void)setContentView:(NSView*)view
-{
-    _contentView = view;
-    view.ownWindow = self;
-}
+- (void)setContentView:(NSView*)view DOES(_contentView = view; view.ownWindow = self);
 - (NSScreen*)screen RETURNS(NSIntersectsRect(mac.screen, _frame) ? NSScreen.mainScreen : nil);
 - (BOOL)isVisible RETURNS(_visible && !mac.isHidden);
 - (BOOL)canBecomeKeyWindow RETURNS((_styleMask & NSWindowStyleMaskTitled) != 0);
@@ -580,11 +568,7 @@ EMPTY(NSVisualEffectView)
     return button;
 }
 - (void)highlight:(BOOL)highlight DOES(_isHighlighted = highlight);
-- (void)mouseUp:(NSEvent*)event
-{
-    [self highlight:NO];
-    [self sendAction];
-}
+- (void)mouseUp:(NSEvent*)event DOES([self highlight:NO]; [self sendAction]);
 @end
 
 void voltmere::press(NSButton* button)
@@ -613,11 +597,7 @@ void voltmere::press(NSButton* button)
         _selected = std::max(_selected, 0L);
     }
 }
-- (void)removeAllItems
-{
-    _titles.clear();
-    _selected = -1;
-}
+- (void)removeAllItems DOES(_titles.clear(); _selected = -1);
 - (void)selectItemAtIndex:(NSInteger)index
 {
     if (index < -1 || index >= static_cast<NSInteger>(_titles.size())) {

@@ -378,13 +378,10 @@ EMPTY(NSOperationQueue)
          forKeyPath:(NSString*)keyPath
             options:(NSKeyValueObservingOptions)options
             context:(void*)context
-    DOES(mac.appearanceObservers.emplace_back(observer, text(keyPath), context));
-- (void)removeObserver:(NSObject*)observer forKeyPath:(NSString*)keyPath context:(void*)context
-{
-    std::erase_if(mac.appearanceObservers, [&](const KeyValueObserver& one) {
-        return one.observer == observer && one.path == text(keyPath) && one.context == context;
-    });
-}
+    DOES(mac.appearanceObservers[(__bridge void*)observer] = text(keyPath));
+- (void)removeObserver:(NSObject*)observer
+            forKeyPath:(NSString*)keyPath
+               context:(void*)context DOES(mac.appearanceObservers.erase((__bridge void*)observer));
 @end
 
 // Time
@@ -408,11 +405,7 @@ NSRunLoopMode const NSRunLoopCommonModes = @"common";
     timer.block = block;
     return timer;
 }
-- (void)invalidate
-{
-    self.block = nil;
-    std::erase(mac.timers, self);
-}
+- (void)invalidate DOES(self.block = nil; std::erase(mac.timers, self));
 @end
 
 @implementation NSRunLoop
