@@ -37,11 +37,11 @@ void voltmere::setAppearance(NSString* name)
 {
     mac.appearance = name;
     const auto observers = mac.appearanceObservers;
-    for (const KeyValueObserver& one : observers) {
-        [one.observer observeValueForKeyPath:string(one.path)
-                                    ofObject:NSApp
-                                      change:nil
-                                     context:one.context];
+    for (const auto& [observer, path] : observers) {
+        [(__bridge id)observer observeValueForKeyPath:string(path)
+                                             ofObject:NSApp
+                                               change:nil
+                                              context:nullptr];
     }
 }
 
@@ -131,11 +131,7 @@ EMPTY(NSImageRep)
     BOOL _isTemplate;
     BOOL (^_handler)(NSRect);
 }
-- (instancetype)initWithSize:(NSSize)size
-{
-    _size = size;
-    return self;
-}
+- (instancetype)initWithSize:(NSSize)size DOES(_size = size; return self);
 - (instancetype)initWithContentsOfURL:(NSURL*)url
 {
     summary(self) = summary(url);
@@ -288,11 +284,7 @@ __kindof NSApplication* NSApp;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)policy
     RETURNS(mac.isAgent = policy == NSApplicationActivationPolicyAccessory);
 - (void)activateIgnoringOtherApps:(BOOL)flag DOES(mac.isActive = flag);
-- (void)hide:(id)sender
-{
-    mac.isActive = false;
-    mac.isHidden = true;
-}
+- (void)hide:(id)sender DOES(mac.isActive = false; mac.isHidden = true);
 - (void)unhideWithoutActivation DOES(mac.isHidden = false);
 - (void)run
 {
@@ -349,11 +341,7 @@ static NSScreen* screen(NSRect frame, NSRect visible)
     self.contentView = [[NSView alloc] initWithFrame:{{0, 0}, rect.size}];
     return self;
 }
-- (void)setContentView:(NSView*)view
-{
-    _contentView = view;
-    view.ownWindow = self;
-}
+- (void)setContentView:(NSView*)view DOES(_contentView = view; view.ownWindow = self);
 - (NSScreen*)screen RETURNS(NSIntersectsRect(mac.screen, _frame) ? NSScreen.mainScreen : nil);
 - (BOOL)isVisible RETURNS(_visible && !mac.isHidden);
 - (BOOL)canBecomeKeyWindow RETURNS((_styleMask & NSWindowStyleMaskTitled) != 0);
@@ -450,12 +438,16 @@ void voltmere::pressEscape()
 - (NSBitmapImageRep*)bitmapImageRepForCachingDisplayInRect:(NSRect)rect
     RETURNS(made(NSBitmapImageRep.class, ""));
 - (void)cacheDisplayInRect:(NSRect)rect
-          toBitmapImageRep:(NSBitmapImageRep*)bitmap DOES(summary(bitmap) += [self seen] + "\n");
+          toBitmapImageRep:(NSBitmapImageRep*)bitmap
+    DOES(summary(bitmap) += text(rect) + "\n" + [self seen] + "\n");
 - (std::string)seen
 {
     std::string all = _priorities["hugging 0"] == 1 ? "~" : "";
     for (NSView* const child : _children) {
-        const std::string part = child.hidden ? "" : [child seen];
+        std::string part = child.hidden ? "" : [child seen];
+        for (const std::string& constraint : [child constraints]) {
+            part += "{" + constraint + "}";
+        }
         all += (all.empty() || part.empty() ? "" : [self separator]) + part;
     }
     return all;
@@ -534,9 +526,12 @@ EMPTY(NSVisualEffectView)
 @end
 
 @implementation NSTextField
-- (std::string)seen RETURNS(text(self.stringValue) +
-                            (self.font == nil ? "" : " " + summary(self.font)) +
-                            (_textColor == nil ? "" : " " + summary(_textColor)));
+- (std::string)seen
+{
+    return text(self.stringValue) + (self.font == nil ? "" : " " + summary(self.font)) +
+        (_textColor == nil ? "" : " " + summary(_textColor)) +
+        (self.alignment == NSTextAlignmentCenter ? " centred" : "");
+}
 + (instancetype)labelWithString:(NSString*)text
 {
     NSTextField* const label = [[self alloc] init];
@@ -555,7 +550,8 @@ EMPTY(NSVisualEffectView)
 - (std::string)seen
 {
     const char* const mark = _state == NSControlStateValueOn ? "x " : "o ";
-    return "[" + std::string(_isCheckBox ? mark : "") + text(_title) + "]";
+    return (self.controlSize == NSControlSizeLarge ? "large [" : "[") +
+        std::string(_isCheckBox ? mark : "") + text(_title) + "]";
 }
 + (instancetype)buttonWithTitle:(NSString*)title target:(id)target action:(SEL)action
 {
@@ -572,11 +568,7 @@ EMPTY(NSVisualEffectView)
     return button;
 }
 - (void)highlight:(BOOL)highlight DOES(_isHighlighted = highlight);
-- (void)mouseUp:(NSEvent*)event
-{
-    [self highlight:NO];
-    [self sendAction];
-}
+- (void)mouseUp:(NSEvent*)event DOES([self highlight:NO]; [self sendAction]);
 @end
 
 void voltmere::press(NSButton* button)
@@ -605,11 +597,7 @@ void voltmere::press(NSButton* button)
         _selected = std::max(_selected, 0L);
     }
 }
-- (void)removeAllItems
-{
-    _titles.clear();
-    _selected = -1;
-}
+- (void)removeAllItems DOES(_titles.clear(); _selected = -1);
 - (void)selectItemAtIndex:(NSInteger)index
 {
     if (index < -1 || index >= static_cast<NSInteger>(_titles.size())) {
@@ -661,6 +649,7 @@ void voltmere::choose(NSPopUpButton* popUp, NSInteger index)
     NSButton* const button = [NSButton buttonWithTitle:title target:nil action:nullptr];
     button.frame = NSMakeRect(0, 0, 100, 28);
     button.keyEquivalent = _all.empty() ? @"\r" : @"";
+    button.keyEquivalentModifierMask = 1; // so that a test sees it being cleared
     _all.push_back(button);
     return button;
 }

@@ -81,7 +81,8 @@ static void noteMessage(const std::string& className, const std::string& selecto
 {
     static const std::string noted =
         " activateIgnoringOtherApps: center hide: layout makeFirstResponder: makeKeyAndOrderFront: "
-        "orderFrontRegardless orderOut: registerAndReturnError: removeStatusItem: run setImage: "
+        "orderFrontRegardless orderOut: registerAndReturnError: removeAllItems removeStatusItem: "
+        "run setImage: "
         "setLevel: setToolTip: statusItemWithLength: unhideWithoutActivation ";
     if (noted.find(" " + selector + " ") != noted.npos) {
         mac.calls.push_back(className + " " + selector);
@@ -377,13 +378,10 @@ EMPTY(NSOperationQueue)
          forKeyPath:(NSString*)keyPath
             options:(NSKeyValueObservingOptions)options
             context:(void*)context
-    DOES(mac.appearanceObservers.emplace_back(observer, text(keyPath), context));
-- (void)removeObserver:(NSObject*)observer forKeyPath:(NSString*)keyPath context:(void*)context
-{
-    std::erase_if(mac.appearanceObservers, [&](const KeyValueObserver& one) {
-        return one.observer == observer && one.path == text(keyPath) && one.context == context;
-    });
-}
+    DOES(mac.appearanceObservers[(__bridge void*)observer] = text(keyPath));
+- (void)removeObserver:(NSObject*)observer
+            forKeyPath:(NSString*)keyPath
+               context:(void*)context DOES(mac.appearanceObservers.erase((__bridge void*)observer));
 @end
 
 // Time
@@ -391,37 +389,31 @@ EMPTY(NSOperationQueue)
 NSRunLoopMode const NSDefaultRunLoopMode = @"default";
 NSRunLoopMode const NSRunLoopCommonModes = @"common";
 
-@implementation NSTimer {
-@public
-    double _due;
-    double _interval;
-    bool _repeats;
-    bool _isCommon;
-    void (^_block)(NSTimer*);
-}
+@interface NSTimer ()
+@property double due, interval;
+@property BOOL repeats, isCommon;
+@property (copy) void (^block)(NSTimer*);
+@end
+@implementation NSTimer
 + (NSTimer*)timerWithTimeInterval:(NSTimeInterval)interval
                           repeats:(BOOL)repeats
                             block:(void (^)(NSTimer*))block
 {
     NSTimer* const timer = [[NSTimer alloc] init];
-    timer->_interval = interval;
-    timer->_repeats = repeats;
-    timer->_block = block;
+    timer.interval = std::max(interval, 0.0001);
+    timer.repeats = repeats;
+    timer.block = block;
     return timer;
 }
-- (void)invalidate
-{
-    _block = nil;
-    std::erase(mac.timers, self);
-}
+- (void)invalidate DOES(self.block = nil; std::erase(mac.timers, self));
 @end
 
 @implementation NSRunLoop
 + (NSRunLoop*)mainRunLoop RETURNS(shared(self));
 - (void)addTimer:(NSTimer*)timer forMode:(NSRunLoopMode)mode
 {
-    timer->_isCommon = mode == NSRunLoopCommonModes;
-    timer->_due = mac.awake + std::max(timer->_interval, 0.0001);
+    timer.isCommon = mode == NSRunLoopCommonModes;
+    timer.due = mac.awake + timer.interval;
     mac.timers.push_back(timer);
 }
 - (BOOL)runMode:(NSRunLoopMode)mode beforeDate:(NSDate*)limit
@@ -442,8 +434,8 @@ static NSTimer* nextTimer()
 {
     NSTimer* next = nil;
     for (NSTimer* const timer : mac.timers) {
-        const bool runs = timer->_isCommon || !mac.isTracking;
-        next = runs && (next == nil || timer->_due < next->_due) ? timer : next;
+        const bool runs = timer.isCommon || !mac.isTracking;
+        next = runs && (next == nil || timer.due < next.due) ? timer : next;
     }
     return next;
 }
@@ -452,11 +444,11 @@ void voltmere::advance(double seconds)
 {
     const double end = mac.awake + seconds;
     settle();
-    for (NSTimer* timer = nextTimer(); timer != nil && timer->_due <= end; timer = nextTimer()) {
-        mac.awake = timer->_due;
-        timer->_due += timer->_interval;
-        void (^const block)(NSTimer*) = timer->_block;
-        if (!timer->_repeats) {
+    for (NSTimer* timer = nextTimer(); timer != nil && timer.due <= end; timer = nextTimer()) {
+        mac.awake = timer.due;
+        timer.due += timer.interval;
+        void (^const block)(NSTimer*) = timer.block;
+        if (!timer.repeats) {
             [timer invalidate];
         }
         @autoreleasepool {

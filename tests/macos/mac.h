@@ -25,12 +25,6 @@ struct Registration {
     void (^block)(id);
 };
 
-struct KeyValueObserver {
-    __unsafe_unretained NSObject* observer;
-    std::string path;
-    void* context;
-};
-
 /// A Mac around the program: what a test sets, and what the program did.
 struct Mac {
     std::vector<std::string> calls; ///< "Class selector" of each noted message, in order
@@ -70,7 +64,7 @@ struct Mac {
     std::set<id> activities; ///< that keep the program from napping
     std::vector<Registration> observers;
     std::vector<Registration> monitors;
-    std::vector<KeyValueObserver> appearanceObservers;
+    std::map<void*, std::string> appearanceObservers; ///< each with its key path
 
     std::vector<__weak NSWindow*> windows;
     __weak NSAlert* alert; ///< the last one

@@ -98,27 +98,38 @@ TEST_F(MacProgram, StartsInTheMenuBarAndEndsWithQuit)
 
 TEST_F(MacProgram, SpeaksWithTheNotificationCentre)
 {
-    mac.whileRunning = [] {
-        settle();
+    const auto answers = std::make_shared<Lines>();
+    id<UNUserNotificationCenterDelegate> kept = nil;
+    const auto respond = [&](const std::string& action) {
         UNUserNotificationCenter* const centre = UNUserNotificationCenter.currentNotificationCenter;
-        const auto answers = std::make_shared<int>(0);
-        const auto asked = [&](const std::string& action) {
-            mac.calls.clear();
-            [centre.delegate userNotificationCenter:centre
-                     didReceiveNotificationResponse:made(UNNotificationResponse.class, action)
-                              withCompletionHandler:^{ ++*answers; }];
-            settle();
-            return calls();
-        };
-        const Lines added = asked("SNOOZE_60");
+        kept = kept == nil ? centre.delegate : kept;
+        mac.calls.clear();
+        [kept userNotificationCenter:centre
+             willPresentNotification:(UNNotification*)@""
+               withCompletionHandler:^(UNNotificationPresentationOptions options) {
+                   answers->push_back(std::to_string(options));
+               }];
+        [kept userNotificationCenter:centre
+            didReceiveNotificationResponse:made(UNNotificationResponse.class, action)
+                     withCompletionHandler:^{ answers->push_back("done"); }];
+        EXPECT_EQ(answers->size(), 0U) << "not on the thread of the system";
+        settle();
+        return std::exchange(*answers, {});
+    };
+    mac.whileRunning = [&] {
+        settle();
+        const Lines once{"18", "done"};
+        EXPECT_EQ(respond("SNOOZE_60"), once);
+        const Lines added = calls();
         ASSERT_EQ(added.size(), 1U);
         EXPECT_EQ(added[0].rfind("UNUserNotificationCenter add snooze-", 0), 0U);
         const std::string content = "|Magic Mouse battery alert|Snoozed reminder: please charge "
                                     "your mouse.|sound||in 3600";
         EXPECT_NE(added[0].find(content), std::string::npos);
-        EXPECT_EQ(asked("SNOOZE_CUSTOM"), (Lines{"NSApplication activateIgnoringOtherApps:"}));
-        EXPECT_EQ(asked("unknown"), Lines());
-        EXPECT_EQ(*answers, 3);
+        EXPECT_EQ(respond("SNOOZE_CUSTOM"), once);
+        EXPECT_EQ(calls(), (Lines{"NSApplication activateIgnoringOtherApps:"}));
+        EXPECT_EQ(respond("unknown"), once);
+        EXPECT_EQ(calls(), Lines());
         mac.loginItemFailure = "Operation not permitted";
         press(button("Launch at login"));
         const Lines failed = calls();
@@ -132,6 +143,21 @@ TEST_F(MacProgram, SpeaksWithTheNotificationCentre)
         press(button("Quit"));
     };
     EXPECT_EQ(run({"--panel"}), 0);
+    EXPECT_EQ(respond("SNOOZE_60"), (Lines{"0", "done"})) << "after the end too";
+    EXPECT_EQ(calls(), Lines());
+}
+
+TEST_F(MacProgram, SaysOnceThatItHasNoBundleAndGoesOn)
+{
+    mac.hasBundle = false;
+    mac.whileRunning = [] {
+        settle();
+        press(button("Quit"));
+    };
+    EXPECT_EQ(run({"--panel"}), 0);
+    const Lines all = calls({"Button", "ImageView", "Panel", "Application", "Alert", "Bar"});
+    ASSERT_EQ(all.size(), 1U);
+    EXPECT_EQ(all[0].rfind("NSLog Voltmere: notifications need the application bundle", 0), 0U);
 }
 
 TEST_F(MacProgram, OpensThePanelForASecondStartAndForFinder)
@@ -216,6 +242,9 @@ TEST_F(MacProgram, DrawsItsPicturesInBothLanguagesLightAndDark)
         }
     }
     EXPECT_NE(pictures["panel-en-dark.png"].find("Magic Mouse headline ~ 12%"), std::string::npos);
+    EXPECT_NE(pictures["menu-bar-dark.png"].find("0 0 43 22"), std::string::npos);
+    EXPECT_NE(pictures["alert-one-low-en-dark.png"].find("<15>{width = 52} : <35>"),
+              std::string::npos);
     EXPECT_EQ(mac.defaults.size(), 0U);
 }
 
@@ -225,8 +254,12 @@ TEST_F(MacProgram, SaysWhichPictureItCannotWrite)
     EXPECT_EQ(run({"--screenshots", directory / "file" / "album"}), exitStatus::cannotRun);
     EXPECT_NE(errors.find("cannot make the directory"), std::string::npos) << errors;
     std::filesystem::create_directories(directory / "menu-bar-light.png");
+    std::filesystem::create_directories(directory / "menu-bar-dark.png");
     EXPECT_EQ(run({"--screenshots", directory.path()}), exitStatus::cannotRun);
-    EXPECT_NE(errors.find("menu-bar-light.png"), std::string::npos) << errors;
+    EXPECT_EQ(
+        errors.rfind("voltmere: cannot write " + (directory / "menu-bar-light.png").string(), 0),
+        0U)
+        << errors;
     EXPECT_EQ(std::ranges::count(errors, '\n'), 1) << "one line for all";
 }
 

@@ -2,7 +2,6 @@
 
 #include <Block.h>
 #include <objc/objc.h>
-#include <prefix.h>
 #include <unwind.h>
 
 #include <cstdio>
@@ -194,6 +193,12 @@ bool isCounted(id object)
         std::strcmp(object->isa->name, "NSConstantString") != 0;
 }
 
+bool isKind(Class aClass, const char* name)
+{
+    return aClass != nullptr &&
+        (std::strcmp(aClass->name, name) == 0 || isKind(aClass->superclass, name));
+}
+
 /// The owners of a counted object, before the object in memory; 0 once it is destroyed.
 long& countOf(id object) RETURNS(reinterpret_cast<long*>(object)[-1]);
 
@@ -210,6 +215,7 @@ struct Thrown {
     id object;
 };
 
+/// Reads a number of variable length, and moves `place` behind it.
 long readNumber(const unsigned char*& place, bool isSigned = false)
 {
     long value = 0;
@@ -221,17 +227,10 @@ long readNumber(const unsigned char*& place, bool isSigned = false)
     return isSigned && (place[-1] & 0x40) != 0 ? value - (1L << bits) : value;
 }
 
-struct LandingPad {
-    _Unwind_Ptr address = 0;
-    long filter = 0; ///< which of the types is caught; 0 to clean up only
-    bool takesObject = false;
-};
-
 /// The name of the class that an entry of the table of types refers to; null for `catch (...)`.
 const char* caughtType(const unsigned char* types, unsigned char encoding, long filter)
 {
-    constexpr unsigned char fourBytes = 0xb;
-    const long size = (encoding & 0xf) == fourBytes ? 4 : 8;
+    const long size = (encoding & 0xf) == 0xb ? 4 : 8; // DW_EH_PE_sdata4
     const unsigned char* const entry = types - filter * size;
     long relative = 0;
     std::memcpy(&relative, entry, static_cast<std::size_t>(size));
@@ -243,52 +242,53 @@ const char* caughtType(const unsigned char* types, unsigned char encoding, long 
     return name;
 }
 
-/// Where `object` goes on in this frame of the stack, by the table that the compiler wrote.
+struct LandingPad {
+    _Unwind_Ptr address = 0;
+    long filter = 0; ///< which of the types is caught; 0 to clean up only
+    bool takesObject = false;
+};
+
+/// Where `object` goes on in this frame of the stack, by the table that clang wrote.
 LandingPad findLandingPad(id object, _Unwind_Context* context)
 {
-    const void* const table = _Unwind_GetLanguageSpecificData(context);
-    if (table == nullptr) {
+    const auto* place = static_cast<const unsigned char*>(_Unwind_GetLanguageSpecificData(context));
+    if (place == nullptr) {
         return {};
     }
-    const auto* place = static_cast<const unsigned char*>(table) + 1;
-    const unsigned char encoding = *place++;
-    constexpr unsigned char omitted = 0xff;
-    const long typesAfter = encoding == omitted ? 0 : readNumber(place);
+    const unsigned char encoding = place[1];
+    place += 2;
+    const long typesAfter = encoding == 0xff ? 0 : readNumber(place); // DW_EH_PE_omit
     const unsigned char* const types = place + typesAfter;
-    ++place; // the encoding of the call sites, which clang writes as variable-length numbers
-    const long callSitesSize = readNumber(place);
+    const long callSitesSize = readNumber(++place);
     const unsigned char* const actions = place + callSitesSize;
     const _Unwind_Ptr start = _Unwind_GetRegionStart(context);
     const auto position = static_cast<long>(_Unwind_GetIP(context) - 1 - start);
-    while (place < actions) {
-        const long first = readNumber(place);
-        const long length = readNumber(place);
-        const long pad = readNumber(place);
-        const long action = readNumber(place);
-        if (pad == 0 || position < first || position >= first + length) {
-            continue;
-        }
-        const _Unwind_Ptr address = start + static_cast<_Unwind_Ptr>(pad);
-        const unsigned char* record = action == 0 ? nullptr : actions + action - 1;
-        while (record != nullptr) {
-            const long filter = readNumber(record, true);
-            const unsigned char* const next = record;
-            const long distance = readNumber(record, true);
-            record = distance == 0 ? nullptr : next + distance;
-            const char* const caught =
-                filter > 0 ? caughtType(types, encoding, filter) : "cleans up";
-            if (caught == nullptr) {
-                return {address, filter, false};
-            }
-            for (Class aClass = object->isa; aClass != nullptr; aClass = aClass->superclass) {
-                if (std::strcmp(caught, aClass->name) == 0) {
-                    return {address, filter, true};
-                }
-            }
-        }
-        return {address, 0, false};
+    long first = 0;
+    long pad = 0;
+    long action = 0;
+    for (long end = 0; place < actions && position >= end;) {
+        first = readNumber(place);
+        end = first + readNumber(place);
+        pad = readNumber(place);
+        action = readNumber(place);
     }
-    return {};
+    if (pad == 0 || position < first) {
+        return {};
+    }
+    const _Unwind_Ptr address = start + static_cast<_Unwind_Ptr>(pad);
+    const unsigned char* record = actions + action - 1;
+    for (bool more = action != 0; more;) {
+        const long filter = readNumber(record, true);
+        const unsigned char* const next = record;
+        const long distance = readNumber(record, true);
+        more = distance != 0;
+        record = next + distance;
+        const char* const caught = filter > 0 ? caughtType(types, encoding, filter) : "";
+        if (caught == nullptr || isKind(object->isa, caught)) {
+            return {address, filter, caught != nullptr};
+        }
+    }
+    return {address, 0, false};
 }
 
 } // namespace
@@ -342,14 +342,7 @@ IMP objc_msg_lookup_super_stret(objc_super*, SEL) SAME_AS(objc_msg_lookup_super)
 
 // For the root class.
 
-bool voltmere_isKind(id object, Class wanted)
-{
-    Class aClass = object->isa;
-    while (aClass != nullptr && aClass != wanted) {
-        aClass = aClass->superclass;
-    }
-    return aClass != nullptr;
-}
+bool voltmere_isKind(id object, Class wanted) RETURNS(isKind(object->isa, wanted->name));
 
 id voltmere_allocate(Class aClass)
 {

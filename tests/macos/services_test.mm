@@ -80,83 +80,13 @@ TEST_F(MacServices, ASettingOfAnyTypeConvertsExactlyOrNotAtAll)
               (Lines{"NSUserDefaults threshold = -5000000000", "NSUserDefaults instant = NO"}));
 }
 
-// Notifications
-
-struct Receiver : NotificationCentreDelegate {
-    void willPresent(std::function<void(std::uint32_t)> completion) override
-    {
-        heard.push_back("will present");
-        completion(18);
-    }
-    void didReceive(NotificationCentre& /*centre*/, const std::string& action,
-                    std::function<void()> completion) override
-    {
-        heard.push_back(action);
-        completion();
-    }
-
-    Lines heard;
-};
-
-struct MacNotifications : MacServices {
-    /// Tells the delegate of a notification and of a response, as the system does on any thread.
-    void callDelegate()
-    {
-        const auto shown = std::make_shared<Lines>();
-        answers = shown;
-        UNUserNotificationCenter* const centre = UNUserNotificationCenter.currentNotificationCenter;
-        [centre.delegate userNotificationCenter:centre
-                        willPresentNotification:(UNNotification*)@""
-                          withCompletionHandler:^(UNNotificationPresentationOptions options) {
-                              shown->push_back(std::to_string(options));
-                          }];
-        [centre.delegate userNotificationCenter:centre
-                 didReceiveNotificationResponse:made(UNNotificationResponse.class, "SNOOZE_60")
-                          withCompletionHandler:^{ shown->push_back("done"); }];
-    }
-
-    Receiver receiver;
-    std::shared_ptr<Lines> answers;
-};
-
-TEST_F(MacNotifications, AnIntervalThatTheSystemRefusesMeansAtOnce)
+TEST_F(MacServices, AnIntervalThatTheSystemRefusesMeansAtOnce)
 {
     UserNotifications notifications(log);
     for (const double refused : {0.0, -1.0, std::nan("")}) {
         notifications.add({"x", {"T", "电", true, "C"}, Seconds(refused)});
         EXPECT_EQ(calls(), (Lines{"UNUserNotificationCenter add x|T|电|sound|C|at once"}));
     }
-}
-
-TEST_F(MacNotifications, EachCallIsAnsweredOnceAndOnTheMainQueue)
-{
-    auto notifications = std::make_unique<UserNotifications>(log);
-    notifications->setDelegate(&receiver);
-    callDelegate();
-    EXPECT_EQ(receiver.heard, Lines()) << "not on the thread of the system";
-    drainMainQueue();
-    EXPECT_EQ(receiver.heard, (Lines{"will present", "SNOOZE_60"}));
-    EXPECT_EQ(*answers, (Lines{"18", "done"}));
-    callDelegate();
-    notifications.reset();
-    EXPECT_EQ(UNUserNotificationCenter.currentNotificationCenter.delegate, nil);
-    drainMainQueue();
-    EXPECT_EQ(*answers, (Lines{"0", "done"})) << "after the end too";
-    EXPECT_EQ(receiver.heard.size(), 2U);
-}
-
-TEST_F(MacNotifications, AProcessWithoutABundleSaysSoOnceAndGoesOn)
-{
-    mac.hasBundle = false;
-    UserNotifications notifications(log);
-    notifications.requestAuthorisation(6);
-    notifications.setDelegate(&receiver);
-    notifications.setCategories({{"LOW_BATTERY", {}}});
-    notifications.add({"x", {"T", "B", false, ""}, Seconds(1)});
-    EXPECT_EQ(calls(), Lines());
-    ASSERT_EQ(log.lines.size(), 1U);
-    EXPECT_EQ(log.lines[0].rfind("Voltmere: ", 0), 0U);
-    EXPECT_NE(log.lines[0].find("bundleProxyForCurrentProcess is nil"), std::string::npos);
 }
 
 // The run loop
@@ -260,6 +190,7 @@ TEST_F(MacServices, ALaterStartAsksTheFirstForItsPanel)
     int asked = 0;
     auto first = std::make_unique<LockedInstance>();
     EXPECT_FALSE(first->isLaterStart(file, log));
+    EXPECT_EQ(std::filesystem::status(file).permissions(), std::filesystem::perms(0600));
     first->onActivation([&] { ++asked; });
     EXPECT_TRUE(LockedInstance().isLaterStart(file, log));
     EXPECT_EQ(asked, 1);

@@ -20,3 +20,21 @@ typedef unsigned long NSUInteger;
 
 extern "C" IMP objc_msg_lookup(id receiver, SEL selector);
 extern "C" const char* class_getName(Class aClass);
+
+// The body of a function of one statement, and a class without methods of its own.
+#define RETURNS(...)                                                                               \
+    {                                                                                              \
+        return __VA_ARGS__;                                                                        \
+    }
+#define DOES(...)                                                                                  \
+    {                                                                                              \
+        __VA_ARGS__;                                                                               \
+    }
+#define EMPTY(Class)                                                                               \
+    @implementation Class                                                                          \
+    @end
+
+#ifdef __OBJC__
+@class NSConstantString;                 // of @"...", before the first of them
+#define __unused __attribute__((unused)) // as in the system's headers
+#endif
