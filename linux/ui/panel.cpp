@@ -24,6 +24,7 @@ namespace voltmere {
 namespace {
 
 constexpr int buttonPadding = 12; // points, at least, on each side of a button's text
+constexpr int boxPadding = 4;     // points, after the text of a check box
 constexpr QWidget* stretch = nullptr;
 
 QHBoxLayout* makeRow(std::initializer_list<QWidget*> widgets)
@@ -316,6 +317,8 @@ QCheckBox* ContentView::makeToggle(const char* objectName, Toggle PanelContent::
     });
     updates.emplace_back([this, box, toggle] {
         box->setText(asQt((content.*toggle).title));
+        // Kvantum asks for a little less room than it draws the text in.
+        box->setMinimumWidth(box->sizeHint().width() + boxPadding);
         box->setChecked((content.*toggle).isOn);
     });
     return box;
