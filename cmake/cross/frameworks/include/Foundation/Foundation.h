@@ -284,8 +284,6 @@ typedef NSString* NSNotificationName;
 @end
 
 @interface NSNotificationCenter : NSObject
-// @property (class, readonly, strong) NSNotificationCenter *defaultCenter; macOS 10.0
-@property (class, readonly, strong) NSNotificationCenter* defaultCenter;
 // - (id<NSObject>)addObserverForName:(NSNotificationName)name object:(id)obj
 //                              queue:(NSOperationQueue *)queue
 //                         usingBlock:(void (^)(NSNotification *note))block; macOS 10.6
@@ -310,8 +308,6 @@ typedef NSString* NSNotificationName;
 @end
 
 @interface NSOperationQueue : NSObject
-// @property (class, readonly, strong) NSOperationQueue *mainQueue; macOS 10.6
-@property (class, readonly, strong) NSOperationQueue* mainQueue;
 @end
 
 typedef NSString* NSRunLoopMode;
