@@ -137,6 +137,8 @@ TEST_F(MacWindows, ThePanelHasTheRowsOfItsDefinition)
         const bool isName = text(label.stringValue).rfind("Magic", 0) == 0;
         EXPECT_EQ(isName, label.lineBreakMode == NSLineBreakByTruncatingMiddle);
         EXPECT_EQ(isName, label.allowsExpansionToolTips);
+        const bool isStatus = text(label.stringValue).rfind("Low", 0) == 0;
+        EXPECT_EQ(label.preferredMaxLayoutWidth, isStatus ? 288 : 0);
     }
     for (NSStackView* const row : viewsIn(column, NSStackView.class)) {
         EXPECT_TRUE(row.orientation == NSUserInterfaceLayoutOrientationVertical ||
