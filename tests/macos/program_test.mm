@@ -160,6 +160,7 @@ TEST_F(MacProgram, SaysOnceThatItHasNoBundleAndGoesOn)
     mac.hasBundle = false;
     mac.whileRunning = [] {
         settle();
+        pressIcon(); // the alert took the keyboard from the panel
         press(button("Quit"));
     };
     EXPECT_EQ(run({"--panel"}), 0);
