@@ -493,6 +493,7 @@ EMPTY(NSVisualEffectView)
 + (instancetype)stackViewWithViews:(NSArray<NSView*>*)views
 {
     NSStackView* const stack = [[self alloc] init];
+    stack.distribution = static_cast<NSStackViewDistribution>(-1); // gravity areas
     stack.translatesAutoresizingMaskIntoConstraints = NO;
     for (NSView* const view in views) {
         [stack addArrangedSubview:view];

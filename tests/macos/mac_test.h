@@ -67,13 +67,13 @@ protected:
 
     static NSWindow* alert() { return mac.alert.window; }
 
-    /// The newest button with that title.
+    /// The newest button with that title that a person can see.
     static NSButton* button(const std::string& title)
     {
         NSButton* found = nil;
         for (NSWindow* const window : mac.windows) {
             for (NSButton* const one : viewsIn(window.contentView, NSButton.class)) {
-                found = text(one.title) == title ? one : found;
+                found = window.visible && text(one.title) == title ? one : found;
             }
         }
         EXPECT_NE(found, nil) << title;

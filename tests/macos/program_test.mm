@@ -56,9 +56,11 @@ struct MacProgram : MacTest {
     {
         testing::internal::CaptureStdout();
         testing::internal::CaptureStderr();
-        const int status = call(std::move(words));
+        int status = -1;
+        EXPECT_NO_THROW(status = call(std::move(words)));
         output = testing::internal::GetCapturedStdout();
         errors = testing::internal::GetCapturedStderr();
+        std::fputs(HasFailure() ? output.c_str() : "", stdout);
         return status;
     }
 
@@ -130,6 +132,12 @@ TEST_F(MacProgram, SpeaksWithTheNotificationCentre)
         EXPECT_EQ(calls(), (Lines{"NSApplication activateIgnoringOtherApps:"}));
         EXPECT_EQ(respond("unknown"), once);
         EXPECT_EQ(calls(), Lines());
+        mac.loginItemAfterRegistration = SMAppServiceStatusRequiresApproval;
+        pressIcon(); // the alert took the keyboard from the panel
+        press(button("Launch at login"));
+        settle();
+        EXPECT_EQ(button("Launch at login").state, NSControlStateValueOff);
+        mac.calls.clear();
         mac.loginItemFailure = "Operation not permitted";
         press(button("Launch at login"));
         const Lines failed = calls();
@@ -152,6 +160,7 @@ TEST_F(MacProgram, SaysOnceThatItHasNoBundleAndGoesOn)
     mac.hasBundle = false;
     mac.whileRunning = [] {
         settle();
+        pressIcon(); // the alert took the keyboard from the panel
         press(button("Quit"));
     };
     EXPECT_EQ(run({"--panel"}), 0);

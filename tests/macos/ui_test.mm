@@ -4,6 +4,7 @@
 #include "macos/run_loop.h"
 #include "macos/settings.h"
 #include "macos/ui/front_end.h"
+#include "macos/ui/hover_controls.h"
 
 #include "fakes/model_world.h"
 
@@ -137,6 +138,8 @@ TEST_F(MacWindows, ThePanelHasTheRowsOfItsDefinition)
         const bool isName = text(label.stringValue).rfind("Magic", 0) == 0;
         EXPECT_EQ(isName, label.lineBreakMode == NSLineBreakByTruncatingMiddle);
         EXPECT_EQ(isName, label.allowsExpansionToolTips);
+        const bool isStatus = text(label.stringValue).rfind("Low", 0) == 0;
+        EXPECT_EQ(label.preferredMaxLayoutWidth, isStatus ? 288 : 0);
     }
     for (NSStackView* const row : viewsIn(column, NSStackView.class)) {
         EXPECT_TRUE(row.orientation == NSUserInterfaceLayoutOrientationVertical ||
@@ -215,18 +218,11 @@ TEST_F(MacWindows, AStoredValueThatIsNoChoiceStays)
 TEST_F(MacWindows, OpeningThePanelAsksAnewAndNeverAlerts)
 {
     start();
-    world.loginItems.afterRegistration = LoginItemService::Status::requiresApproval;
-    pressIcon();
-    press(button("Launch at login"));
-    EXPECT_EQ(world.loginItems.registrations, 1);
-    settle();
-    EXPECT_EQ(button("Launch at login").state, NSControlStateValueOff);
-    pressEscape();
     world.loginItems.present = LoginItemService::Status::enabled;
     world.setLevels({{803, 3}});
     pressIcon();
     EXPECT_EQ(button("Launch at login").state, NSControlStateValueOn);
-    EXPECT_EQ(world.loginItems.registrations, 1);
+    EXPECT_EQ(world.loginItems.registrations, 0);
     EXPECT_NE(shown().find("3% bold 15 red"), std::string::npos);
     EXPECT_EQ(mac.alert, nil);
 }
@@ -581,15 +577,16 @@ TEST_F(MacHovering, TheControlUnderThePointerLightsUp)
     EXPECT_FALSE(button("In 20 minutes").isHighlighted);
     EXPECT_TRUE(button("In 30 minutes").isHighlighted);
     pointAt(4);
-    EXPECT_TRUE(button("Cancel").isHighlighted);
+    NSButton* const cancel = button("Cancel");
+    EXPECT_TRUE(cancel.isHighlighted);
     mac.isHidden = true;
     pointAt(9);
-    EXPECT_TRUE(button("Cancel").isHighlighted) << "behind a hidden window nothing changes";
+    EXPECT_TRUE(cancel.isHighlighted) << "behind a hidden window nothing changes";
     mac.isHidden = mac.isTracking = false;
     const std::size_t timers = mac.timers.size();
     pressEscape();
     EXPECT_EQ(mac.timers.size(), timers - 1) << "the poller has ended";
-    EXPECT_FALSE(button("Cancel").isHighlighted);
+    EXPECT_FALSE(cancel.isHighlighted);
     mac.pointer = {501, 301};
     model->showSnoozeAlert(model->devices, true);
     EXPECT_TRUE(button("Cancel").isHighlighted) << "before the first tick";
@@ -607,6 +604,21 @@ TEST_F(MacHovering, APopUpIsCoveredByARoundedOverlay)
     pointAt(3);
     EXPECT_EQ(drawing(hour), (Lines{"the view itself"}));
     EXPECT_EQ(drawing((NSView*)popUp(alert(), 1)).size(), 2U);
+}
+
+TEST_F(MacHovering, WhatIsGoneIsNotLit)
+{
+    VoltmereNativeButtonHover* const hover = [VoltmereNativeButtonHover new];
+    std::unique_ptr<HoverPoller> poller;
+    @autoreleasepool {
+        NSAlert* const other = [NSAlert new];
+        hover.button = [other addButtonWithTitle:@"OK"];
+        poller = std::make_unique<HoverPoller>(
+            other.window, std::vector<HoverPoller::Item>{{button("Cancel"), hover}}, loop);
+    }
+    EXPECT_EQ(hover.button, nil);
+    advance(0.121);
+    poller->stop();
 }
 
 } // namespace
