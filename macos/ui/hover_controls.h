@@ -22,6 +22,7 @@
 
 /// A control that lights up under the pointer.
 @protocol VoltmereHoverHighlighting <NSObject>
+/// Whether the pointer is over the control.
 - (void)setHovering:(BOOL)hovering;
 @end
 
@@ -56,6 +57,7 @@ private:
 void presentChoices(NSPopUpButton* popUp, const std::string& name,
                     const std::vector<std::string>& titles, std::optional<std::size_t> selected);
 
+/// Shows the choices of `popUp`, and selects the present one.
 template<typename Value>
 void presentPopUp(NSPopUpButton* control, const PopUp<Value>& popUp)
 {

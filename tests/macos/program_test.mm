@@ -190,7 +190,7 @@ TEST_F(MacProgram, ADemoLeavesTheRunningInstanceAndTheOutsideAlone)
 {
     mac.bundlePath = directory.path();
     std::filesystem::create_directories(directory / "Contents/Resources/demo");
-    writeTool("Contents/Resources/demo/ioreg", mouseAt12);
+    writeTool("Contents/Resources/demo/ioreg", "");
     writeTool("Contents/Resources/demo/system_profiler", "");
     mac.whileRunning = [] {
         settle();
