@@ -339,8 +339,9 @@ void NSLog(NSString* format, ...)
 // Notifications within the program and between programs
 
 EMPTY(NSNotification)
-EMPTY(NSOperationQueue)
+ONE(NSOperationQueue, mainQueue)
 @implementation NSNotificationCenter
++ (NSNotificationCenter*)defaultCenter RETURNS(shared(self));
 - (id<NSObject>)addObserverForName:(NSNotificationName)name
                             object:(id)object
                              queue:(NSOperationQueue*)queue
