@@ -152,6 +152,13 @@ TEST_F(MacWindows, ThePanelDoesWithoutDevicesIconsAndSymbols)
               "检查时间 ~ <22> : <30>{width = 288}\n未检测到外设 secondary{width = "
               "288}\n[开启/测试通知]\n"
               "[o 开机自动启动]\n---{width = 288}\n[退出] ~ 语言 <简体中文>{width = 288}");
+    model->language = "en";
+    settle();
+    EXPECT_NE(shown().find("\n(){width = 20} No peripherals found ~"), std::string::npos);
+    world.setLevels({{803, 50}});
+    model->checkNow();
+    settle();
+    EXPECT_NE(shown().find("---{width = 288}\n(magicmouse)"), std::string::npos) << shown();
 }
 
 TEST_F(MacWindows, EachChoiceReachesTheModelAndTheSettings)
@@ -327,6 +334,11 @@ TEST_F(MacWindows, ThePanelOpensAtTheTopRightForAHiddenIcon)
     mac.calls.clear();
     scene->openPanel();
     EXPECT_EQ(calls(), (Lines{"VoltmerePanel makeKeyAndOrderFront:"})) << "it is open";
+    pressEscape();
+    icon().window.contentView.frame = {{-3000, 0}, {60, 24}};
+    mac.statusItem.window.frame = {{1000, 876}, {60, 24}};
+    scene->openPanel();
+    EXPECT_EQ(text(panel().frame), "1120 476 320 400") << "its window is there, but it is not";
     scene.reset();
     EXPECT_EQ(mac.monitors.size(), 0U);
     model->threshold = 5;
