@@ -97,6 +97,7 @@ static void runFirst(std::deque<dispatch_block_t>& queue)
         const dispatch_block_t block = queue.front();
         queue.pop_front();
         block();
+        ++mac.blocks;
     }
 }
 
@@ -339,8 +340,9 @@ void NSLog(NSString* format, ...)
 // Notifications within the program and between programs
 
 EMPTY(NSNotification)
-EMPTY(NSOperationQueue)
+ONE(NSOperationQueue, mainQueue)
 @implementation NSNotificationCenter
++ (NSNotificationCenter*)defaultCenter RETURNS(shared(self));
 - (id<NSObject>)addObserverForName:(NSNotificationName)name
                             object:(id)object
                              queue:(NSOperationQueue*)queue
@@ -416,14 +418,17 @@ NSRunLoopMode const NSRunLoopCommonModes = @"common";
     timer.due = mac.awake + timer.interval;
     mac.timers.push_back(timer);
 }
+/// A timer alone does not make it return.
 - (BOOL)runMode:(NSRunLoopMode)mode beforeDate:(NSDate*)limit
 {
-    if (!mac.mainQueue.empty() || !mac.background.empty()) {
-        runFirst(mac.mainQueue.empty() ? mac.background : mac.mainQueue);
-    } else if (!mac.timers.empty() && ++mac.idleTurns < 50) {
-        advance(60);
-    } else {
-        throw std::runtime_error("this run loop waits for ever");
+    for (const int before = mac.blocks; mac.blocks == before;) {
+        if (!mac.mainQueue.empty() || !mac.background.empty()) {
+            runFirst(mac.mainQueue.empty() ? mac.background : mac.mainQueue);
+        } else if (!mac.timers.empty() && ++mac.idleTurns < 50) {
+            advance(60);
+        } else {
+            throw std::runtime_error("this run loop waits for ever");
+        }
     }
     return YES;
 }

@@ -60,6 +60,7 @@ struct Mac {
     bool isTracking = false; ///< a menu or a control tracks the mouse: only the common modes run
     double awake = 1000;     ///< seconds of the machine's uptime
     double asleep = 0;
+    int blocks = 0;          ///< of the queues that have run
     int idleTurns = 0;       ///< of the run loop, where only timers were left
     std::set<id> activities; ///< that keep the program from napping
     std::vector<Registration> observers;

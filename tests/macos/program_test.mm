@@ -194,6 +194,9 @@ TEST_F(MacProgram, ADemoLeavesTheRunningInstanceAndTheOutsideAlone)
     writeTool("Contents/Resources/demo/system_profiler", "");
     mac.whileRunning = [] {
         settle();
+        EXPECT_TRUE(std::ranges::none_of(mac.observers, [](const Registration& one) {
+            return [one.centre isKindOfClass:NSDistributedNotificationCenter.class];
+        })) << "a later start asks another instance";
         press(button("Quit"));
     };
     EXPECT_EQ(run({"--panel", "--demo"}), 0) << errors;

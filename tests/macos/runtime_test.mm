@@ -34,23 +34,6 @@ TEST_F(ObjectiveC, OwnsStronglyAndForgetsWeakly)
     EXPECT_EQ(objc::liveObjects()["Base"], 1);
 }
 
-TEST_F(ObjectiveC, CatchesByClass)
-{
-    std::string caught;
-    const auto witness = std::make_shared<int>(0);
-    @try {
-        const std::shared_ptr<int> local = witness;
-        raise("refused");
-    } @catch (Base* other) {
-        caught = "another class";
-    } @catch (NSException* failure) {
-        caught = text(failure.reason);
-    }
-    EXPECT_EQ(caught, "refused");
-    EXPECT_EQ(witness.use_count(), 1) << "the stack is unwound";
-    EXPECT_ANY_THROW(raise("refused"));
-}
-
 TEST_F(ObjectiveC, EndsTheProcessForADeadObjectOrAnUnknownMethod)
 {
     __unsafe_unretained Base* dead = nil;

@@ -36,18 +36,7 @@ struct MacWindows : MacTest {
         mac.calls.clear();
     }
 
-    /// What the panel shows, with short names for the sizes of its rows and symbols.
-    static std::string shown()
-    {
-        std::string all = [panel().contentView seen];
-        for (const auto& [size, name] :
-             {std::pair("{width = 288}", "{row}"), std::pair("{width = 20}", "")}) {
-            for (std::size_t at = 0; (at = all.find(size, at)) != all.npos;) {
-                all.replace(at, std::string(size).size(), name);
-            }
-        }
-        return all;
-    }
+    static std::string shown() { return [panel().contentView seen]; }
     static NSStatusBarButton* icon() { return mac.statusItem.button; }
 
     ModelWorld world;
@@ -112,19 +101,20 @@ TEST_F(MacWindows, ThePanelHasTheRowsOfItsDefinition)
     start({{803, 20}, {805, 21}});
     pressIcon();
     EXPECT_EQ(shown(),
-              "~{width = another's width} (AppIcon.icns in 0 0 22 22) Cellsentry headline ~{row}\n"
-              "---{row}\n"
-              "(magicmouse) Magic Mouse headline ~ 20% bold 15 red{row}\n"
-              "(keyboard) Magic Keyboard headline ~ 21% bold 15 label{row}\n"
-              "---{row}\n"
-              "Alert below <20%>{width = 80} [x Immediately] ~{row}\n"
+              "~{width = another's width} (AppIcon.icns in 0 0 22 22) Cellsentry headline ~{width "
+              "= 288}\n"
+              "---{width = 288}\n"
+              "(magicmouse){width = 20} Magic Mouse headline ~ 20% bold 15 red{width = 288}\n"
+              "(keyboard){width = 20} Magic Keyboard headline ~ 21% bold 15 label{width = 288}\n"
+              "---{width = 288}\n"
+              "Alert below <20%>{width = 80} [x Immediately] ~{width = 288}\n"
               "[x Daily check]\n"
-              "Check time ~ <22> : <30>{row}\n"
-              "Low battery: Magic Mouse 20% red{row}\n"
+              "Check time ~ <22> : <30>{width = 288}\n"
+              "Low battery: Magic Mouse 20% red{width = 288}\n"
               "[Enable / test alert]\n"
               "[o Launch at login]\n"
-              "---{row}\n"
-              "[Quit] ~ Language <System>{row}");
+              "---{width = 288}\n"
+              "[Quit] ~ Language <System>{width = 288}");
     NSStackView* const column = (NSStackView*)panel().contentView;
     EXPECT_EQ(column.spacing, 12);
     EXPECT_EQ(column.alignment, NSLayoutAttributeLeading);
@@ -156,11 +146,19 @@ TEST_F(MacWindows, ThePanelDoesWithoutDevicesIconsAndSymbols)
     start();
     pressIcon();
     EXPECT_EQ(shown(),
-              "~{width = another's width} 续航哨兵 headline ~{row}\n---{row}\n"
-              "() 未检测到外设 ~{row}\n---{row}\n"
-              "电量低于 <20%>{width = 80} 提醒 [x 立即提醒] ~{row}\n[x 每天定时检查]\n"
-              "检查时间 ~ <22> : <30>{row}\n未检测到外设 secondary{row}\n[开启/测试通知]\n"
-              "[o 开机自动启动]\n---{row}\n[退出] ~ 语言 <简体中文>{row}");
+              "~{width = another's width} 续航哨兵 headline ~{width = 288}\n---{width = 288}\n"
+              "(){width = 20} 未检测到外设 ~{width = 288}\n---{width = 288}\n"
+              "电量低于 <20%>{width = 80} 提醒 [x 立即提醒] ~{width = 288}\n[x 每天定时检查]\n"
+              "检查时间 ~ <22> : <30>{width = 288}\n未检测到外设 secondary{width = "
+              "288}\n[开启/测试通知]\n"
+              "[o 开机自动启动]\n---{width = 288}\n[退出] ~ 语言 <简体中文>{width = 288}");
+    model->language = "en";
+    settle();
+    EXPECT_NE(shown().find("\n(){width = 20} No peripherals found ~"), std::string::npos);
+    world.setLevels({{803, 50}});
+    model->checkNow();
+    settle();
+    EXPECT_NE(shown().find("---{width = 288}\n(magicmouse)"), std::string::npos) << shown();
 }
 
 TEST_F(MacWindows, EachChoiceReachesTheModelAndTheSettings)
@@ -336,6 +334,11 @@ TEST_F(MacWindows, ThePanelOpensAtTheTopRightForAHiddenIcon)
     mac.calls.clear();
     scene->openPanel();
     EXPECT_EQ(calls(), (Lines{"VoltmerePanel makeKeyAndOrderFront:"})) << "it is open";
+    pressEscape();
+    icon().window.contentView.frame = {{-3000, 0}, {60, 24}};
+    mac.statusItem.window.frame = {{1000, 876}, {60, 24}};
+    scene->openPanel();
+    EXPECT_EQ(text(panel().frame), "1120 476 320 400") << "its window is there, but it is not";
     scene.reset();
     EXPECT_EQ(mac.monitors.size(), 0U);
     model->threshold = 5;
@@ -398,18 +401,13 @@ TEST_F(MacWindows, TheAlertHasTheRowsOfItsDefinition)
     EXPECT_EQ(mac.alert.buttons.count, 1U);
     EXPECT_EQ(text(button("Cancel").keyEquivalent), "\x1b");
     EXPECT_EQ(button("Cancel").keyEquivalentModifierMask, 0U);
-}
-
-TEST_F(MacWindows, TheRowForATimeIsLaidOutAsDefined)
-{
-    start({{803, 12}});
-    NSStackView* const stack = (NSStackView*)popUp(alert(), 0).superview;
-    EXPECT_EQ(stack.orientation, NSUserInterfaceLayoutOrientationHorizontal);
-    EXPECT_EQ(stack.alignment, NSLayoutAttributeCenterY);
-    EXPECT_EQ(stack.spacing, 6);
-    EXPECT_FALSE(stack.translatesAutoresizingMaskIntoConstraints);
+    NSStackView* const row = (NSStackView*)popUp(alert(), 0).superview;
+    EXPECT_EQ(row.orientation, NSUserInterfaceLayoutOrientationHorizontal);
+    EXPECT_EQ(row.alignment, NSLayoutAttributeCenterY);
+    EXPECT_EQ(row.spacing, 6);
+    EXPECT_FALSE(row.translatesAutoresizingMaskIntoConstraints);
     std::vector<CGFloat> gaps;
-    for (NSView* const view in stack.arrangedSubviews) {
+    for (NSView* const view in row.arrangedSubviews) {
         gaps.push_back(view.gapAfter);
     }
     EXPECT_EQ(gaps, (std::vector<CGFloat>{0, 3, 3, 0, 0})) << "0 is the stack's own";
