@@ -69,6 +69,7 @@ std::vector<EntryVerdict> judgeEntries(const std::vector<BatteryEntry>& entries,
 {
     std::set<std::int64_t> listedProducts;
     std::vector<EntryVerdict> verdicts;
+    verdicts.reserve(entries.size());
     for (const BatteryEntry& entry : entries) {
         verdicts.push_back(judge(entry, names, listedProducts));
     }

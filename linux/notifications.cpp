@@ -97,10 +97,10 @@ QDBusMessage methodCall(const QString& daemon, const char* method)
 
 } // namespace
 
-DesktopNotifications::DesktopNotifications(const QDBusConnection& bus,
+DesktopNotifications::DesktopNotifications(QDBusConnection bus,
                                            const std::filesystem::path& delayedFile,
                                            RunLoop& runLoop, const Clock& clock, SystemLog& log)
-    : bus(bus)
+    : bus(std::move(bus))
     , file(delayedFile, "delayed notifications", SettingsUse::readAndWrite, log)
     , runLoop(runLoop)
     , clock(clock)

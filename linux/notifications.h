@@ -38,7 +38,7 @@ class DesktopNotifications : public QObject, public NotificationCentre {
 public:
     /// Takes up the delayed notifications of `delayedFile`. `runLoop`, `clock` and `log` must
     /// outlive this object.
-    DesktopNotifications(const QDBusConnection& bus, const std::filesystem::path& delayedFile,
+    DesktopNotifications(QDBusConnection bus, const std::filesystem::path& delayedFile,
                          RunLoop& runLoop, const Clock& clock, SystemLog& log);
 
     /// Does nothing: these desktops obey what the user has set for the program without telling it.
