@@ -38,10 +38,12 @@ void voltmere::setAppearance(NSString* name)
     mac.appearance = name;
     const auto observers = mac.appearanceObservers;
     for (const auto& [observer, path] : observers) {
-        [(__bridge id)observer observeValueForKeyPath:string(path)
-                                             ofObject:NSApp
-                                               change:nil
-                                              context:nullptr];
+        if (path == "effectiveAppearance") {
+            [(__bridge id)observer observeValueForKeyPath:string(path)
+                                                 ofObject:NSApp
+                                                   change:nil
+                                                  context:nullptr];
+        }
     }
 }
 
@@ -349,7 +351,11 @@ static NSScreen* screen(NSRect frame, NSRect visible)
 - (NSRect)convertRectToScreen:(NSRect)rect RETURNS(moved(rect, _frame.origin));
 - (NSPoint)convertPointFromScreen:(NSPoint)point
     RETURNS(NSMakePoint(point.x - _frame.origin.x, point.y - _frame.origin.y));
-- (void)setContentSize:(NSSize)size DOES(_frame.size = size);
+- (void)setContentSize:(NSSize)size
+{
+    _frame.size = size;
+    _contentView.bounds = {{0, 0}, size};
+}
 - (void)setFrameTopLeftPoint:(NSPoint)point
     DOES(_frame.origin = NSMakePoint(point.x, point.y - _frame.size.height));
 - (void)center DOES();
@@ -399,6 +405,7 @@ void voltmere::pressEscape()
 {
     _frame = frame;
     _translatesAutoresizingMaskIntoConstraints = YES;
+    _accessibilityElement = YES;
     return self;
 }
 - (void)dealloc

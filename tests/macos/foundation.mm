@@ -80,7 +80,8 @@ void raise(const std::string& reason) DOES(@throw made(NSException.class, reason
 static void noteMessage(const std::string& className, const std::string& selector)
 {
     static const std::string noted =
-        " activateIgnoringOtherApps: center hide: layout makeFirstResponder: makeKeyAndOrderFront: "
+        " activateIgnoringOtherApps: center hide: layout layoutSubtreeIfNeeded makeFirstResponder: "
+        "makeKeyAndOrderFront: "
         "orderFrontRegardless orderOut: registerAndReturnError: removeAllItems removeStatusItem: "
         "run setImage: "
         "setLevel: setToolTip: statusItemWithLength: unhideWithoutActivation ";

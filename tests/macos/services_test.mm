@@ -170,8 +170,9 @@ TEST_F(MacTime, TheLoopRunsUntilItIsStopped)
         loop.stop(9);
     });
     EXPECT_EQ(loop.run(), 9);
-    EXPECT_EQ(loop.run(), 9) << "it can run again";
-    EXPECT_GT(fired.size(), 2U);
+    const std::size_t once = fired.size();
+    EXPECT_EQ(loop.run(), 9);
+    EXPECT_GT(fired.size(), once) << "it can run again";
     EXPECT_EQ(fired.front(), "posted");
     (void)NSApplication.sharedApplication;
     mac.whileRunning = [&] { loop.stop(4); };
@@ -226,7 +227,7 @@ TEST_F(MacServices, ADiagnosisTellsWhatTheSystemSays)
     EXPECT_EQ(finding("settings"), "org.voltmere.Voltmere: no usable value, so the default: hour");
     mac.hasBundle = false;
     EXPECT_EQ(finding("bundle").rfind("none", 0), 0U);
-    EXPECT_EQ(finding("settings").find("org.voltmere"), std::string::npos);
+    EXPECT_EQ(finding("settings").rfind("Voltmere: ", 0), 0U);
     EXPECT_EQ(demoToolsDirectory(), "/Applications/Voltmere.app/Contents/Resources/demo");
     EXPECT_EQ(makeSystemSources("/sys").label, "");
 }

@@ -131,6 +131,13 @@ TEST_F(MacWindows, ThePanelHasTheRowsOfItsDefinition)
         const bool isStatus = text(label.stringValue).rfind("Low", 0) == 0;
         EXPECT_EQ(label.preferredMaxLayoutWidth, isStatus ? 288 : 0);
     }
+    for (NSImageView* const symbol : viewsIn(column, NSImageView.class)) {
+        EXPECT_FALSE(symbol.isAccessibilityElement) << "the text beside it says the same";
+    }
+    for (NSView* const view : viewsIn(column, NSView.class)) {
+        EXPECT_FALSE([view class] == NSView.class &&
+                     view.translatesAutoresizingMaskIntoConstraints);
+    }
     for (NSStackView* const row : viewsIn(column, NSStackView.class)) {
         EXPECT_TRUE(row.orientation == NSUserInterfaceLayoutOrientationVertical ||
                     row.distribution == NSStackViewDistributionFill)
@@ -188,7 +195,7 @@ TEST_F(MacWindows, EachChoiceReachesTheModelAndTheSettings)
     EXPECT_EQ(button("Daily check").state, NSControlStateValueOff) << "not within the turn";
     settle();
     EXPECT_EQ(button("Daily check").state, NSControlStateValueOn);
-    EXPECT_EQ(calls({"NSUserDefaults"}), Lines()) << "an open menu stays as it is";
+    EXPECT_EQ(calls({"NSUserDefaults", "layoutSub"}), Lines()) << "an open menu stays as it is";
     choose(popUp(panel(), 3), 1);
     EXPECT_EQ(model->language.get(), "zh");
     EXPECT_EQ(calls().size(), 5U) << "the language itself is never written";
@@ -231,7 +238,7 @@ TEST_F(MacWindows, ThePanelTakesTheKeyboardWithoutActivatingTheProgram)
     press(icon());
     EXPECT_EQ(mac.keyWindow, panel());
     EXPECT_FALSE(mac.isActive);
-    EXPECT_EQ(calls({"ImageView", "setLevel:", "removeAll"}),
+    EXPECT_EQ(calls({"ImageView", "setLevel:", "removeAll", "layoutSub"}),
               (Lines{"NSApplication unhideWithoutActivation",
                      "VoltmerePanel makeKeyAndOrderFront:", "VoltmerePanel makeFirstResponder:"}));
     EXPECT_EQ(panel().level, NSStatusWindowLevel);
@@ -588,6 +595,8 @@ TEST_F(MacHovering, TheControlUnderThePointerLightsUp)
     mac.pointer = {501, 301};
     model->showSnoozeAlert(model->devices, true);
     EXPECT_TRUE(button("Cancel").isHighlighted) << "before the first tick";
+    [button("In 1 hour") mouseUp:made(NSEvent.class, "up")];
+    EXPECT_FALSE(alert().visible) << "the action is sent";
 }
 
 TEST_F(MacHovering, APopUpIsCoveredByARoundedOverlay)
