@@ -630,6 +630,9 @@ void voltmere::choose(NSPopUpButton* popUp, NSInteger index)
     "(" + (summary(_image) == "drawn" ? drawing(_image).back() : summary(_image)) + ")");
 + (instancetype)imageViewWithImage:(NSImage*)image
 {
+    if (image == nil) {
+        raise("an image view needs an image");
+    }
     NSImageView* const view = [[self alloc] init];
     view.image = image;
     return view;
