@@ -41,7 +41,8 @@ bool LockedInstance::isLaterStart(const std::filesystem::path& file, SystemLog& 
                                                                  object:nil
                                                                userInfo:nil
                                                      deliverImmediately:YES];
-    // It leaves the process on a thread of the system.
+    // The system may deliver it only after the call has returned, and this process is about to end.
+    // How long that takes was not measured on a Mac.
     std::this_thread::sleep_for(std::chrono::milliseconds(100));
     return true;
 }
