@@ -16,7 +16,6 @@ add_library(voltmere_core STATIC
   snooze/custom_time.cpp
   snooze/snooze_alert.cpp
   texts/l10n.cpp
-  texts/l10n_tables.cpp
   texts/plain_text.cpp
   ui/icon.cpp
   ui/panel.cpp)

@@ -25,16 +25,14 @@ add_library(voltmere_ui STATIC
   linux/ui/portal_appearance.cpp
   linux/ui/tray_host_watcher.cpp
   linux/ui/alert.cpp
-  linux/ui/app_icon_asset.cpp
-  linux/ui/drawn_image.cpp
   linux/ui/front_end.cpp
   linux/ui/hover_controls.cpp
   linux/ui/icon.cpp
+  linux/ui/images.cpp
   linux/ui/panel.cpp
   linux/ui/panel_controller.cpp
   linux/ui/qt_start.cpp
   linux/ui/screenshots.cpp
-  linux/ui/status_image.cpp
   linux/ui/theme.cpp
   linux/ui/views.cpp)
 set_target_properties(voltmere_ui PROPERTIES AUTOMOC ON)

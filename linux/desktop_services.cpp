@@ -12,7 +12,6 @@
 #include <xcb/xcb.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdint>
 #include <iterator>
 #include <string_view>
@@ -40,7 +39,7 @@ bool hasXTray()
 
 namespace {
 
-constexpr std::chrono::milliseconds limit(1000);
+constexpr int limit = 1000; // milliseconds
 
 bool isRunning(const QDBusConnection& bus, const QString& service)
 {
@@ -61,7 +60,7 @@ std::string trayHost(const QDBusConnection& bus)
     QDBusMessage question = QDBusMessage::createMethodCall(
         watcher, busNames::statusNotifierWatcherPath, busNames::properties, "Get");
     question << watcher << "IsStatusNotifierHostRegistered";
-    const QDBusReply<QDBusVariant> reply = askBus(bus, question, limit);
+    const QDBusReply<QDBusVariant> reply = bus.call(question, QDBus::Block, limit);
     return reply.isValid() && reply.value().variant().toBool()
         ? "StatusNotifier host registered"
         : xTrayOr("none: a StatusNotifier watcher without a host, and no XEmbed tray");
@@ -74,10 +73,9 @@ std::string notificationService(const QDBusConnection& bus)
         return "not running (it may be started on demand)";
     }
     const QDBusMessage reply =
-        askBus(bus,
-               QDBusMessage::createMethodCall(service, busNames::notificationsPath, service,
-                                              "GetServerInformation"),
-               limit);
+        bus.call(QDBusMessage::createMethodCall(service, busNames::notificationsPath, service,
+                                                "GetServerInformation"),
+                 QDBus::Block, limit);
     if (reply.arguments().size() < 3) {
         return "running, but it does not say what it is";
     }
