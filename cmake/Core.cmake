@@ -50,7 +50,6 @@ add_library(voltmere_app STATIC
   app/services.cpp
   app/studio.cpp
   app/terminal.cpp
-  app/terminal_commands.cpp
   app/voltmere_app.cpp)
 target_link_libraries(voltmere_app PUBLIC voltmere_core PRIVATE nlohmann_json::nlohmann_json)
 voltmere_target(voltmere_app)

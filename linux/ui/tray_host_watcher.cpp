@@ -83,21 +83,11 @@ void TrayHostWatcher::askBus()
     callBus(QDBusConnection::sessionBus(), call, this, [this](const QDBusMessage& message) {
         const QDBusPendingReply<QDBusVariant> reply(message);
         const bool hasHost = reply.isValid() && reply.value().variant().toBool();
-        if (hasHost || selectionHasOwner()) {
+        // An icon of this process goes into an X tray only if its windows are X's too.
+        if (hasHost || (xConnection() != nullptr && hasXTray())) {
             report();
         }
     });
-}
-
-bool TrayHostWatcher::selectionHasOwner() const
-{
-    xcb_connection_t* const connection = xConnection();
-    if (connection == nullptr) {
-        return false;
-    }
-    const auto cookie = xcb_get_selection_owner(connection, traySelection);
-    const auto reply = owned(xcb_get_selection_owner_reply(connection, cookie, nullptr));
-    return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
 bool TrayHostWatcher::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
