@@ -14,7 +14,7 @@ add_library(voltmere_linux STATIC
   linux/run_loop.cpp
   linux/single_instance.cpp)
 set_target_properties(voltmere_linux PROPERTIES AUTOMOC ON)
-target_link_libraries(voltmere_linux PUBLIC voltmere_core Qt6::DBus PRIVATE PkgConfig::XCB)
+target_link_libraries(voltmere_linux PUBLIC voltmere_core Qt6::DBus)
 voltmere_target(voltmere_linux)
 
 # Where both are there, windows stand where they belong on Wayland too. Versions before 6 are for Qt 5.

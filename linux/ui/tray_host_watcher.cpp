@@ -1,7 +1,6 @@
 #include "linux/ui/tray_host_watcher.h"
 
 #include "linux/bus_call.h"
-#include "linux/desktop_services.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -13,11 +12,23 @@
 
 #include <xcb/xcb.h>
 
+#include <cstdlib>
+#include <memory>
 #include <utility>
 
 namespace voltmere {
 
 namespace {
+
+/// The X selection that a tray owns.
+constexpr const char* xTraySelection = "_NET_SYSTEM_TRAY_S0";
+
+/// Owns a reply of the X server, which XCB allocates and its caller frees.
+template<typename Reply>
+std::unique_ptr<Reply, decltype(&std::free)> owned(Reply* reply)
+{
+    return {reply, &std::free};
+}
 
 xcb_connection_t* xConnection()
 {
@@ -83,11 +94,21 @@ void TrayHostWatcher::askBus()
     callBus(QDBusConnection::sessionBus(), call, this, [this](const QDBusMessage& message) {
         const QDBusPendingReply<QDBusVariant> reply(message);
         const bool hasHost = reply.isValid() && reply.value().variant().toBool();
-        // An icon of this process goes into an X tray only if its windows are X's too.
-        if (hasHost || (xConnection() != nullptr && hasXTray())) {
+        if (hasHost || selectionHasOwner()) {
             report();
         }
     });
+}
+
+bool TrayHostWatcher::selectionHasOwner() const
+{
+    xcb_connection_t* const connection = xConnection();
+    if (connection == nullptr) {
+        return false;
+    }
+    const auto cookie = xcb_get_selection_owner(connection, traySelection);
+    const auto reply = owned(xcb_get_selection_owner_reply(connection, cookie, nullptr));
+    return reply && reply->owner != XCB_WINDOW_NONE;
 }
 
 bool TrayHostWatcher::nativeEventFilter(const QByteArray& /*eventType*/, void* message,

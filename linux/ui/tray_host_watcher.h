@@ -30,6 +30,7 @@ private:
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 
     void askBus();
+    bool selectionHasOwner() const;
 
     std::function<void()> available;
     std::uint32_t traySelection{}; ///< X atom; 0 off X11
