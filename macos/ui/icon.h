@@ -1,43 +1,36 @@
 #pragma once
 
-#include "macos/ui/hover_controls.h"
-#include "model/battery_model.h"
-#include "ui/icon.h"
+#include "devices/battery_device.h"
+#include "ports/desktop.h"
 
 #import <AppKit/AppKit.h>
 
-#include <functional>
-#include <optional>
-#include <utility>
+#include <cstdint>
+#include <vector>
 
 namespace voltmere {
 
-/// The scheme of the application's appearance; nothing where it is neither dark nor light.
-std::optional<ColourScheme> applicationScheme();
+/// The scheme of the application's appearance; light where it is neither dark nor light.
+ColourScheme applicationScheme();
 
-/// The program's icon in the menu bar, from construction to destruction. It shows the model's
-/// devices, and follows them and the application's appearance.
-class StatusLabel {
+/// The icons of the application's bundle.
+class AppIconAsset {
 public:
-    /// `toggle` is called at each click. The model must outlive the icon.
-    StatusLabel(BatteryModel& model, std::function<void()> toggle);
-    ~StatusLabel();
-    StatusLabel(const StatusLabel&) = delete;
-    StatusLabel& operator=(const StatusLabel&) = delete;
+    /// The menu-bar icon, 20 by 20 points. Built on first use and kept. Made of StatusIcon.png,
+    /// else StatusIcon.icns, then AppIcon.icns, then the application's own icon.
+    static NSImage* statusImage();
 
-    /// The icon's button, whose place on the screen the panel needs.
-    NSStatusBarButton* button() const { return item.button; }
+    /// The application icon as a square of `side` points; nil without AppIcon.icns.
+    static NSImage* appImage(CGFloat side);
+};
 
-private:
-    void redraw();
-
-    BatteryModel& model;
-    NSStatusItem* item;
-    VoltmereActionTarget* clicks;
-    VoltmereActionTarget* appearance;
-    std::optional<std::pair<std::optional<IconLevel>, std::optional<ColourScheme>>> shownPicture;
-    std::optional<IconTexts> shownTexts;
-    Subscription redraws;
+/// The picture in the menu bar.
+class StatusImage {
+public:
+    /// The status icon and the level of the weakest device, for an application of `scheme`. It
+    /// carries its own colours.
+    static NSImage* make(const std::vector<BatteryDevice>& devices, std::int64_t threshold,
+                         ColourScheme scheme);
 };
 
 } // namespace voltmere

@@ -1,9 +1,8 @@
-#include "macos/ui/panel.h"
+#include "macos/ui/front_end.h"
 
 #include "macos/text.h"
-#include "macos/ui/hover_controls.h"
-#include "macos/ui/redraw_scheduler.h"
-#include "macos/ui/status_image.h"
+#include "macos/ui/controls.h"
+#include "macos/ui/icon.h"
 #include "ui/panel.h"
 
 #include <optional>
@@ -162,10 +161,9 @@ private:
     NSView* makeDevices()
     {
         NSStackView* const list = makeColumn();
-        updates.emplace_back([this, list, shown = std::optional<PanelContent>()]() mutable {
+        updates.emplace_back([this, list, shown = PanelContent()]() mutable {
             // An unchanged row stays: assistive technology may be reading it.
-            if (shown && shown->devices == content.devices &&
-                shown->emptyText == content.emptyText) {
+            if (shown.devices == content.devices && shown.emptyText == content.emptyText) {
                 return;
             }
             shown = content;
@@ -211,17 +209,16 @@ private:
 
     NSButton* makeButton(std::string PanelContent::*title, std::function<void()> action)
     {
-        NSButton* const button = [NSButton buttonWithTitle:@""
-                                                    target:targets.add(std::move(action))
-                                                    action:@selector(fire)];
+        NSButton* const button = [NSButton buttonWithTitle:@"" target:nil action:nil];
+        connect(button, rowTargets, std::move(action));
         updates.emplace_back([this, button, title] { button.title = cocoaText(content.*title); });
         return button;
     }
 
     NSButton* makeToggle(Toggle PanelContent::*toggle, Published<bool>& setting)
     {
-        NSButton* const box = [NSButton checkboxWithTitle:@"" target:nil action:@selector(fire)];
-        box.target = targets.add([box, &setting] { setting = box.state == NSControlStateValueOn; });
+        NSButton* const box = [NSButton checkboxWithTitle:@"" target:nil action:nil];
+        connect(box, rowTargets, [box, &setting] { setting = box.state == NSControlStateValueOn; });
         updates.emplace_back([this, box, toggle] {
             box.title = cocoaText((content.*toggle).title);
             box.state = (content.*toggle).isOn ? NSControlStateValueOn : NSControlStateValueOff;
@@ -233,13 +230,12 @@ private:
     NSPopUpButton* makePicker(PopUp<Value> PanelContent::*popUp, Published<Value>& setting)
     {
         NSPopUpButton* const picker = [[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO];
-        picker.target = targets.add([this, picker, popUp, &setting] {
-            if (const auto choice = selectedChoice(picker)) {
-                setting = (content.*popUp).values.at(*choice);
+        connect(picker, rowTargets, [this, picker, popUp, &setting] {
+            if (const auto choice = chosenValue(picker, content.*popUp)) {
+                setting = *choice;
             }
         });
-        picker.action = @selector(fire);
-        updates.emplace_back([this, picker, popUp] { presentPopUp(picker, content.*popUp); });
+        updates.emplace_back([this, picker, popUp] { showChoices(picker, content.*popUp); });
         return picker;
     }
 
@@ -255,7 +251,7 @@ private:
     BatteryModel& model;
     const std::function<void()> resized;
     PanelContent content; ///< as it is shown
-    RowTargets targets;
+    RowTargets rowTargets;
     std::vector<std::function<void()>> updates; ///< each brings a control in line with `content`
     Subscription redraws;
 };

@@ -1,27 +1,14 @@
-#include "macos/ui/screenshots.h"
-
 #include "app/studio.h"
-#include "app/terminal.h"
-#include "macos/run_loop.h"
 #include "macos/text.h"
-#include "macos/ui/alert.h"
 #include "macos/ui/front_end.h"
 #include "macos/ui/icon.h"
-#include "macos/ui/panel.h"
-#include "macos/ui/status_image.h"
-#include "snooze/snooze_alert.h"
-#include "texts/l10n.h"
-
-#include <cstdio>
-#include <filesystem>
-#include <system_error>
 
 namespace voltmere {
 
 namespace {
 
-/// The view as PNG, on the colour of a window.
-NSData* drawn(NSView* view)
+/// Draws the view, on the colour of a window.
+bool draw(NSView* view, const std::string& path)
 {
     [view layoutSubtreeIfNeeded];
     const NSRect bounds = view.bounds;
@@ -34,27 +21,26 @@ NSData* drawn(NSView* view)
         NSRectFillUsingOperation(bounds, NSCompositingOperationDestinationOver);
     }];
     [NSGraphicsContext restoreGraphicsState];
-    return [bitmap representationUsingType:NSBitmapImageFileTypePNG properties:@{}];
+    NSData* const png = [bitmap representationUsingType:NSBitmapImageFileTypePNG properties:@{}];
+    return [png writeToFile:cocoaText(path) atomically:NO];
 }
 
-/// Writes pictures into one directory until one cannot be written.
-struct Album {
-    void add(const std::string& name, NSView* view)
-    {
-        const std::string path = directory / (name + ".png");
-        if (complete && ![drawn(view) writeToFile:cocoaText(path) atomically:NO]) {
-            std::fprintf(stderr,
-                         "voltmere: cannot write %s; check that the directory is writable\n",
-                         path.c_str());
-            complete = false;
-        }
-    }
+void choose(ColourScheme scheme)
+{
+    const bool isDark = scheme == ColourScheme::dark;
+    NSApp.appearance =
+        [NSAppearance appearanceNamed:isDark ? NSAppearanceNameDarkAqua : NSAppearanceNameAqua];
+}
 
-    std::filesystem::path directory;
-    bool complete = true;
-};
+bool drawIcon(const BatteryModel& model, const std::string& path)
+{
+    NSImage* const icon = StatusImage::make(model.devices, model.threshold, applicationScheme());
+    NSImageView* const bar = [NSImageView imageViewWithImage:icon];
+    bar.frame = NSMakeRect(0, 0, icon.size.width, icon.size.height);
+    return draw(bar, path);
+}
 
-void drawPanel(BatteryModel& model, const std::string& suffix, Album& album)
+bool drawPanel(BatteryModel& model, const std::string& path)
 {
     const ContentView panel = makeContentView(
         model, [] {}, [] {});
@@ -67,52 +53,20 @@ void drawPanel(BatteryModel& model, const std::string& suffix, Album& album)
     window.releasedWhenClosed = NO;
     window.contentView = panel.view;
     [window setContentSize:panel.view.fittingSize];
-    album.add("panel-" + suffix, panel.view);
+    return draw(panel.view, path);
 }
 
-void drawAlerts(const std::string& suffix, Album& album)
+bool drawAlert(const AlertContent& content, const std::string& path)
 {
-    constexpr ClockTime preselected{15, 35};
-    MacApplication application;
-    for (const AlertSample& sample : alertSamples()) {
-        const auto alert = makeSnoozeAlert(
-            makeAlertContent(sample.devices, sample.isLow, preselected), {}, application);
-        album.add("alert-" + sample.name + "-" + suffix, alert->window().contentView);
-    }
-}
-
-void drawAll(BatteryModel& model, const std::string& scheme, Album& album)
-{
-    NSImage* const icon = StatusImage::make(model.devices, model.threshold, applicationScheme());
-    NSImageView* const bar = [NSImageView imageViewWithImage:icon];
-    bar.frame = NSMakeRect(0, 0, icon.size.width, icon.size.height);
-    album.add("menu-bar-" + scheme, bar);
-    for (const AppLanguage language : {AppLanguage::zh, AppLanguage::en}) {
-        model.language = std::string(rawValue(language));
-        const std::string suffix = model.language.get() + "-" + scheme;
-        drawPanel(model, suffix, album);
-        drawAlerts(suffix, album);
-    }
+    return draw(makeSnoozeAlert(content, {})->window().contentView, path);
 }
 
 } // namespace
 
 int drawScreenshots(const CommandLine& commandLine)
 {
-    Album album{commandLine.screenshotsDirectory};
-    std::error_code error;
-    std::filesystem::create_directories(album.directory, error);
-    if (error) {
-        std::fprintf(stderr, "voltmere: cannot make the directory %s\n", album.directory.c_str());
-        return exitStatus::cannotRun;
-    }
-    MacRunLoop mainLoop;
-    Studio studio(commandLine, mainLoop);
-    NSApp.appearance = [NSAppearance appearanceNamed:NSAppearanceNameAqua];
-    drawAll(studio.model, "light", album);
-    NSApp.appearance = [NSAppearance appearanceNamed:NSAppearanceNameDarkAqua];
-    drawAll(studio.model, "dark", album);
-    return album.complete ? 0 : exitStatus::cannotRun;
+    return drawPictures(commandLine, *makeMainLoop(),
+                        {choose, {{"menu-bar", drawIcon}}, drawPanel, drawAlert});
 }
 
 } // namespace voltmere

@@ -115,11 +115,14 @@ NSAttributedStringKey const NSForegroundColorAttributeName = @"colour";
     const bool isUsual = summary([attributes objectForKey:NSFontAttributeName]) == "regular 13";
     return NSMakeSize((isUsual ? 6.0 : 11.0) * static_cast<double>(text(self).size()), 16);
 }
-- (void)drawAtPoint:(NSPoint)point
-     withAttributes:(NSDictionary*)attributes
-    DOES(mac.drawn.push_back(text(self) + " at " + number(point.x) + " " + number(point.y) + " " +
-                             summary([attributes objectForKey:NSFontAttributeName]) + " " +
-                             summary([attributes objectForKey:NSForegroundColorAttributeName])));
+- (void)drawAtPoint:(NSPoint)point withAttributes:(NSDictionary*)attributes
+{
+    if (!text(self).empty()) {
+        mac.drawn.push_back(text(self) + " at " + number(point.x) + " " + number(point.y) + " " +
+                            summary([attributes objectForKey:NSFontAttributeName]) + " " +
+                            summary([attributes objectForKey:NSForegroundColorAttributeName]));
+    }
+}
 @end
 
 EMPTY(NSImageRep)

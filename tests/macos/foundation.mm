@@ -74,7 +74,7 @@ id shared(id itsClass, const std::string& name)
 
 void note(id receiver, const std::string& call)
     DOES(mac.calls.push_back(class_getName([receiver class]) + (" " + call)));
-void raise(const std::string& reason) DOES(@throw made(NSException.class, reason));
+void raise(const std::string& reason) DOES(throw std::runtime_error(reason));
 
 /// Writes down the messages whose order tests look at.
 static void noteMessage(const std::string& className, const std::string& selector)
@@ -259,7 +259,6 @@ static NSNumber* boxed(long double value)
 @end
 EMPTY(NSURL)
 ONE(NSDate, distantFuture)
-TEXT(NSException, reason)
 TEXT(NSError, localizedDescription)
 
 // The program and its user

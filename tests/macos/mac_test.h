@@ -1,8 +1,7 @@
 #pragma once
 
 #include "mac.h"
-#include "macos/ui/panel_controller.h"
-#include "macos/ui/status_image.h"
+#include "macos/ui/icon.h"
 #include "runtime.h"
 
 #include <gtest/gtest.h>
@@ -58,7 +57,7 @@ protected:
     static NSWindow* panel()
     {
         for (NSWindow* const window : mac.windows) {
-            if ([window isKindOfClass:VoltmerePanel.class]) {
+            if (window != nil && class_getName([window class]) == std::string("VoltmerePanel")) {
                 return window;
             }
         }

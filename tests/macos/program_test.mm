@@ -171,7 +171,9 @@ TEST_F(MacProgram, SaysOnceThatItHasNoBundleAndGoesOn)
 
 TEST_F(MacProgram, OpensThePanelForASecondStartAndForFinder)
 {
-    mac.whileRunning = [this] {
+    int runs = 0;
+    mac.whileRunning = [&] {
+        ++runs;
         settle();
         const auto start = std::chrono::steady_clock::now();
         EXPECT_EQ(call({}), 0);
@@ -184,9 +186,28 @@ TEST_F(MacProgram, OpensThePanelForASecondStartAndForFinder)
         EXPECT_FALSE([NSApp.delegate applicationShouldHandleReopen:NSApp hasVisibleWindows:NO]);
         EXPECT_TRUE(panel().visible);
         settle();
+        const std::filesystem::path lock = directory / "org.voltmere.Voltmere/instance.lock";
+        EXPECT_EQ(std::filesystem::status(lock).permissions(), std::filesystem::perms(0600));
         press(button("Quit"));
     };
     EXPECT_EQ(run({}), 0);
+    EXPECT_EQ(run({}), 0);
+    EXPECT_EQ(runs, 2) << "the end frees the lock";
+}
+
+TEST_F(MacProgram, RunsWithALineInTheLogWhereItCannotKnowOfOthers)
+{
+    mac.supportDirectory = "/dev/null";
+    mac.whileRunning = [] {
+        settle();
+        press(button("Cancel"));
+        pressIcon();
+        press(button("Quit"));
+    };
+    EXPECT_EQ(run({}), 0);
+    const std::string line = "NSLog Voltmere: /dev/null/org.voltmere.Voltmere/instance.lock cannot "
+                             "be locked (Not a directory), so a second start runs a second time";
+    EXPECT_EQ(calls().front(), line);
 }
 
 TEST_F(MacProgram, ADemoLeavesTheRunningInstanceAndTheOutsideAlone)

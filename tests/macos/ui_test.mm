@@ -1,10 +1,8 @@
 // The icon, the panel and the snooze alert: macos/ui over a model whose other ports are fakes.
 
 #include "mac_test.h"
-#include "macos/run_loop.h"
-#include "macos/settings.h"
+#include "macos/ui/controls.h"
 #include "macos/ui/front_end.h"
-#include "macos/ui/hover_controls.h"
 
 #include "fakes/model_world.h"
 
@@ -19,6 +17,7 @@ struct MacWindows : MacTest {
 
     ~MacWindows() override
     {
+        settle();
         scene.reset();
         model.reset();
     }
@@ -28,10 +27,10 @@ struct MacWindows : MacTest {
     {
         world.setLevels(productsAndLevels);
         model = std::make_unique<BatteryModel>(ModelServices{
-            defaults, loop, world.clock, world.calendar, world.loginItems, world.notifications,
-            world.notificationDelegate, frontEnd.alerts(), world.log, world.reader});
+            *defaults, *loop, world.clock, world.calendar, world.loginItems, world.notifications,
+            world.notificationDelegate, frontEnd->alerts(), world.log, world.reader});
         settle();
-        scene = frontEnd.show(*model);
+        scene = frontEnd->show(*model);
         settle();
         mac.calls.clear();
     }
@@ -40,9 +39,10 @@ struct MacWindows : MacTest {
     static NSStatusBarButton* icon() { return mac.statusItem.button; }
 
     ModelWorld world;
-    UserDefaults defaults;
-    MacRunLoop loop;
-    MacFrontEnd frontEnd{loop};
+    const std::unique_ptr<DefaultsStore> defaults =
+        openUserSettings(SettingsUse::readAndWrite, world.log);
+    const std::unique_ptr<MainLoop> loop = makeMainLoop();
+    const std::unique_ptr<FrontEnd> frontEnd = makeFrontEnd(*loop);
     std::unique_ptr<BatteryModel> model;
     std::unique_ptr<Scene> scene;
 };
@@ -322,14 +322,17 @@ TEST_F(MacWindows, ThePanelStandsUnderItsIconOrWhereThePersonIs)
     mac.pointer = {900, 890};
     pressIcon();
     EXPECT_EQ(text(panel().frame), "870 376 320 500");
-    const auto corner = [](double x, double y, double height) {
-        const NSPoint point = panelCorner({{x, y}, {60, 24}}, {320, height}, mac.visibleScreen);
-        return std::pair(point.x, point.y);
+    const auto placed = [](double x, double y, double height) {
+        pressEscape();
+        mac.fittingSize.height = height;
+        mac.statusItem.window.frame = {{x, y}, {60, 24}};
+        pressIcon();
+        return text(panel().frame);
     };
-    EXPECT_EQ(corner(1380, 876, 400), std::pair(1120.0, 876.0));
-    EXPECT_EQ(corner(20, 876, 400), std::pair(0.0, 876.0));
-    EXPECT_EQ(corner(700, 876, 2000), std::pair(570.0, 876.0)) << "the upper rows matter more";
-    EXPECT_EQ(corner(700, 100, 400), std::pair(570.0, 440.0)) << "all of it is above the Dock";
+    EXPECT_EQ(placed(1380, 876, 400), "1120 476 320 400");
+    EXPECT_EQ(placed(20, 876, 400), "0 476 320 400");
+    EXPECT_EQ(placed(700, 876, 2000), "570 -1124 320 2000") << "the upper rows matter more";
+    EXPECT_EQ(placed(700, 100, 400), "570 40 320 400") << "all of it is above the Dock";
 }
 
 TEST_F(MacWindows, ThePanelOpensAtTheTopRightForAHiddenIcon)
@@ -503,7 +506,7 @@ TEST_F(MacWindows, AnAlertDoesWithoutAnAppIconAndWithALongName)
     mac.resources.erase("AppIcon.icns");
     AlertContent content;
     content.title = {"", std::string(300, 'n'), " battery alert"};
-    const auto shown = frontEnd.alerts().present(content, {});
+    const auto shown = frontEnd->alerts().present(content, {});
     EXPECT_EQ(text({{}, mac.alert.icon.size}), "0 0 1 1") << "nil would show the application's";
     EXPECT_EQ(summary(mac.alert.icon), "");
     EXPECT_NE([mac.alert.accessoryView seen].find("{width <= 237}"), std::string::npos);
@@ -524,7 +527,7 @@ TEST_F(MacWindows, AnAlertMayGoInTheActionOfItsButton)
         shown.reset();
         chosen.push_back(std::to_string(option));
     };
-    shown = frontEnd.alerts().present(content, actions);
+    shown = frontEnd->alerts().present(content, actions);
     NSWindow* const window = alert();
     for (const int index : {0, 1}) {
         press(button("OK"));
@@ -621,7 +624,7 @@ TEST_F(MacHovering, WhatIsGoneIsNotLit)
         NSAlert* const other = [NSAlert new];
         hover.button = [other addButtonWithTitle:@"OK"];
         poller = std::make_unique<HoverPoller>(
-            other.window, std::vector<HoverPoller::Item>{{button("Cancel"), hover}}, loop);
+            other.window, std::vector<HoverPoller::Item>{{button("Cancel"), hover}});
     }
     EXPECT_EQ(hover.button, nil);
     advance(0.121);

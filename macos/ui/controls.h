@@ -1,5 +1,7 @@
 #pragma once
 
+#include "macos/text.h"
+#include "model/published.h"
 #include "ports/desktop.h"
 #include "ports/time.h"
 
@@ -8,7 +10,6 @@
 #include <functional>
 #include <memory>
 #include <optional>
-#include <string>
 #include <vector>
 
 /// The action of a control, or of an observed property. The control holds it weakly; the code that
@@ -41,37 +42,48 @@
 
 namespace voltmere {
 
+/// Keeps the targets of a window's controls alive.
+using RowTargets = std::vector<VoltmereActionTarget*>;
+
+/// Makes the control run `action`, through a target in `targets`.
+void connect(NSControl* control, RowTargets& targets, std::function<void()> action);
+
 /// Fixes the width, in points, by a constraint.
 void fixWidth(NSView* view, CGFloat width);
 
-/// Keeps the targets of a window's controls alive.
-class RowTargets {
-public:
-    VoltmereActionTarget* add(std::function<void()> action);
+/// Calls `redraw` once per turn of the run loop, however many properties of the model changed in
+/// it, until the result is gone. The model announces a change before it stores the value, so the
+/// redraw comes afterwards.
+Subscription redrawAfterChanges(ChangeAnnouncer& announcer, std::function<void()> redraw);
 
-private:
-    std::vector<VoltmereActionTarget*> targets;
-};
-
-/// Shows the titles in the pop-up button and selects one of them, or none.
-void presentChoices(NSPopUpButton* popUp, const std::string& name,
-                    const std::vector<std::string>& titles, std::optional<std::size_t> selected);
-
-/// Shows the choices of `popUp`, and selects the present one.
+/// Shows the choices of `popUp` in the control, and selects the present one, or none.
 template<typename Value>
-void presentPopUp(NSPopUpButton* control, const PopUp<Value>& popUp)
+void showChoices(NSPopUpButton* control, const PopUp<Value>& popUp)
 {
-    presentChoices(control, popUp.name, popUp.titles, popUp.selected);
+    NSMutableArray<NSString*>* const titles = [NSMutableArray array];
+    for (const std::string& title : popUp.titles) {
+        [titles addObject:cocoaText(title)];
+    }
+    if (![control.itemTitles isEqualToArray:titles]) {
+        [control removeAllItems];
+        [control addItemsWithTitles:titles];
+    }
+    [control setAccessibilityLabel:cocoaText(popUp.name)];
+    [control selectItemAtIndex:popUp.selected ? static_cast<NSInteger>(*popUp.selected) : -1];
 }
 
-/// The selected choice, counted from 0.
-std::optional<std::size_t> selectedChoice(NSPopUpButton* popUp);
+/// The value that is selected in the control, which shows the choices of `popUp`.
+template<typename Value>
+std::optional<Value> chosenValue(NSPopUpButton* control, const PopUp<Value>& popUp)
+{
+    const NSInteger index = control.indexOfSelectedItem;
+    return index < 0 ? std::nullopt
+                     : std::optional(popUp.values.at(static_cast<std::size_t>(index)));
+}
 
 /// Tells the controls of a window, about eight times a second, whether the pointer is over them.
 class HoverPoller {
 public:
-    static constexpr Seconds interval{0.12};
-
     /// A control and the object that lights up for it, often the same.
     struct Item {
         NSView* view;
@@ -79,7 +91,7 @@ public:
     };
 
     /// Starts at once.
-    HoverPoller(NSWindow* window, std::vector<Item> items, RunLoop& runLoop);
+    HoverPoller(NSWindow* window, std::vector<Item> items);
 
     /// Ends the polling for good and removes every highlight.
     void stop();
