@@ -58,9 +58,6 @@ public:
         [NSProcessInfo.processInfo endActivity:activity];
     }
 
-    SleepCountingTimer(const SleepCountingTimer&) = delete;
-    SleepCountingTimer& operator=(const SleepCountingTimer&) = delete;
-
 private:
     void arm()
     {

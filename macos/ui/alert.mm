@@ -60,9 +60,6 @@ public:
         [alert layout];
     }
 
-    NativeSnoozeAlert(const NativeSnoozeAlert&) = delete;
-    NativeSnoozeAlert& operator=(const NativeSnoozeAlert&) = delete;
-
     ~NativeSnoozeAlert() override
     {
         orderOut();
@@ -71,26 +68,27 @@ public:
         dispatch_async(dispatch_get_main_queue(), ^{ (void)kept; });
     }
 
-    void show() override
+    bool isVisible() const override { return alert.window.visible; }
+
+    void bringToFront() override
     {
-        [window() center];
-        window().level = NSFloatingWindowLevel;
-        window().hidesOnDeactivate = NO;
+        NSWindow* const window = alert.window;
+        if (hoverPoller != nullptr) {
+            [window makeKeyAndOrderFront:nil];
+            return;
+        }
+        [window center];
+        window.level = NSFloatingWindowLevel;
+        window.hidesOnDeactivate = NO;
         windowOpens();
         [NSApp activateIgnoringOtherApps:YES];
-        [window() makeKeyAndOrderFront:nil];
+        [window makeKeyAndOrderFront:nil];
         // The system may refuse the activation; the alert then floats without the keyboard.
-        [window() orderFrontRegardless];
+        [window orderFrontRegardless];
         // The alert appears while a person may be typing: no control must take the next key.
-        [window() makeFirstResponder:nil];
-        hoverPoller = std::make_unique<HoverPoller>(window(), hoverItems);
+        [window makeFirstResponder:nil];
+        hoverPoller = std::make_unique<HoverPoller>(window, hoverItems);
     }
-
-    NSWindow* window() const override { return alert.window; }
-
-    bool isVisible() const override { return window().visible; }
-
-    void bringToFront() override { [window() makeKeyAndOrderFront:nil]; }
 
     void orderOut() override
     {
@@ -99,7 +97,7 @@ public:
         }
         hoverPoller->stop();
         hoverPoller.reset();
-        [window() orderOut:nil];
+        [alert.window orderOut:nil];
         windowCloses();
     }
 
@@ -201,7 +199,6 @@ private:
         return popUp;
     }
 
-    NSAlert* const alert = [[NSAlert alloc] init];
     RowTargets rowTargets;
     std::vector<HoverPoller::Item> hoverItems;
     std::unique_ptr<HoverPoller> hoverPoller; ///< while the alert is on screen

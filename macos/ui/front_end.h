@@ -40,15 +40,11 @@ ContentView makeContentView(BatteryModel& model, std::function<void()> quit,
 
 /// The snooze alert: an NSAlert whose own texts are empty and whose content is an accessory view of
 /// 237 by 252 points. It floats and is not modal.
-class SnoozeAlert : public Alert {
-public:
-    /// Puts the alert on screen, centred, in front and with the keyboard.
-    virtual void show() = 0;
-
-    virtual NSWindow* window() const = 0;
+struct SnoozeAlert : Alert {
+    NSAlert* const alert = [[NSAlert alloc] init];
 };
 
-/// Builds an alert, and does not show it yet.
+/// Builds an alert, which its first `bringToFront` puts on screen.
 std::unique_ptr<SnoozeAlert> makeSnoozeAlert(const AlertContent& content,
                                              const AlertActions& actions);
 

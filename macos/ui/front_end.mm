@@ -66,7 +66,7 @@ private:
     std::unique_ptr<Alert> present(AlertContent content, AlertActions actions) override
     {
         auto alert = makeSnoozeAlert(content, actions);
-        alert->show();
+        alert->bringToFront();
         return alert;
     }
 

@@ -42,9 +42,9 @@ NSView* makeDivider()
     return divider;
 }
 
-NSStackView* makeColumn()
+NSStackView* makeColumn(NSArray<NSView*>* views)
 {
-    NSStackView* const column = [NSStackView stackViewWithViews:@[]];
+    NSStackView* const column = [NSStackView stackViewWithViews:views];
     column.orientation = NSUserInterfaceLayoutOrientationVertical;
     column.alignment = NSLayoutAttributeLeading;
     column.spacing = panelGeometry::itemSpacing;
@@ -90,60 +90,47 @@ NSView* makeDeviceRow(const DeviceRow& device)
     return makeRow(@[ makeSymbol(device.symbol), name, makeSpacer(), level ]);
 }
 
-/// The rows and their controls. The order of their making is the order of the Tab key.
+/// The rows and their controls.
 class Rows {
 public:
     Rows(BatteryModel& model, std::function<void()> quit, std::function<void()> resized)
-        : stack(makeColumn())
-        , model(model)
+        : model(model)
         , resized(std::move(resized))
-        , content(panelContent(model))
         , redraws(redrawAfterChanges(model.objectWillChange, [this] { redraw(); }))
     {
+        using Content = PanelContent;
+        NSPopUpButton* const threshold = makePicker(&Content::threshold, model.threshold);
+        fixWidth(threshold, panelGeometry::thresholdWidth);
+        NSButton* const test = makeButton(&Content::testAlert, [&model] {
+            const AlertPayload payload = model.alertPayload();
+            model.showSnoozeAlert(payload.devices, payload.isLow);
+        });
+        stack = makeColumn(@[
+            makeHeader(), makeDivider(), makeDevices(), makeDivider(), makeRow(@[
+                makeText(&Content::warnBelow), threshold, makeText(&Content::warnSuffix),
+                makeToggle(&Content::instantAlert, model.instantEnabled), makeSpacer()
+            ]),
+            makeToggle(&Content::dailyCheck, model.enabled), makeRow(@[
+                makeText(&Content::checkTime), makeSpacer(),
+                makePicker(&Content::checkHour, model.checkHour), makeText(&Content::timeSeparator),
+                makePicker(&Content::checkMinute, model.checkMinute)
+            ]),
+            makeStatus(), test, makeToggle(&Content::launchAtLogin, model.launchAtLogin),
+            makeDivider(), makeRow(@[
+                makeButton(&Content::quit, std::move(quit)), makeSpacer(),
+                makeText(&Content::languageLabel), makePicker(&Content::language, model.language)
+            ])
+        ]);
         constexpr CGFloat padding = panelGeometry::padding;
         stack.edgeInsets = NSEdgeInsetsMake(padding, padding, padding, padding);
         fixWidth(stack, panelGeometry::width);
         stack.translatesAutoresizingMaskIntoConstraints = YES; // its window places it
-
-        using Content = PanelContent;
-        NSPopUpButton* const threshold = makePicker(&Content::threshold, model.threshold);
-        fixWidth(threshold, panelGeometry::thresholdWidth);
-        add(makeHeader());
-        add(makeDivider());
-        add(makeDevices());
-        add(makeDivider());
-        add(makeRow(@[
-            makeText(&Content::warnBelow), threshold, makeText(&Content::warnSuffix),
-            makeToggle(&Content::instantAlert, model.instantEnabled), makeSpacer()
-        ]));
-        add(makeToggle(&Content::dailyCheck, model.enabled));
-        add(makeRow(@[
-            makeText(&Content::checkTime), makeSpacer(),
-            makePicker(&Content::checkHour, model.checkHour), makeText(&Content::timeSeparator),
-            makePicker(&Content::checkMinute, model.checkMinute)
-        ]));
-        add(makeStatus());
-        add(makeButton(&Content::testAlert, [&model] {
-            const AlertPayload payload = model.alertPayload();
-            model.showSnoozeAlert(payload.devices, payload.isLow);
-        }));
-        add(makeToggle(&Content::launchAtLogin, model.launchAtLogin));
-        add(makeDivider());
-        add(makeRow(@[
-            makeButton(&Content::quit, std::move(quit)), makeSpacer(),
-            makeText(&Content::languageLabel), makePicker(&Content::language, model.language)
-        ]));
         redraw();
     }
 
-    Rows(const Rows&) = delete;
-    Rows& operator=(const Rows&) = delete;
-
-    NSStackView* const stack;
+    NSStackView* stack;
 
 private:
-    void add(NSView* row) { [stack addArrangedSubview:row]; }
-
     NSView* makeHeader()
     {
         NSTextField* const name = makeText(&PanelContent::applicationName);
@@ -160,7 +147,7 @@ private:
 
     NSView* makeDevices()
     {
-        NSStackView* const list = makeColumn();
+        NSStackView* const list = makeColumn(@[]);
         updates.emplace_back([this, list, shown = PanelContent()]() mutable {
             // An unchanged row stays: assistive technology may be reading it.
             if (shown.devices == content.devices && shown.emptyText == content.emptyText) {

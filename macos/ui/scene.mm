@@ -89,9 +89,6 @@ public:
         [NSStatusBar.systemStatusBar removeStatusItem:item];
     }
 
-    StatusLabel(const StatusLabel&) = delete;
-    StatusLabel& operator=(const StatusLabel&) = delete;
-
     NSStatusBarButton* button() const { return item.button; }
 
 private:
@@ -141,23 +138,18 @@ public:
         panel.delegate = nil;
     }
 
-    MacScene(const MacScene&) = delete;
-    MacScene& operator=(const MacScene&) = delete;
-
     void openPanel() override
     {
         if (isOpen()) {
             [panel makeKeyAndOrderFront:nil];
             return;
         }
+        // Not where the menu bar has no room for the icon, or hides itself.
         NSScreen* const screen = icon.button().window.screen;
-        if (screen != nil && NSIntersectsRect(placeOfIcon(), screen.frame)) {
-            openBelow(placeOfIcon(), screen.visibleFrame);
-            return;
-        }
-        // The menu bar has no room for the icon, or hides itself.
-        const NSRect visible = NSScreen.mainScreen.visibleFrame;
-        openBelow(NSMakeRect(NSMaxX(visible), NSMaxY(visible), 0, 0), visible);
+        const bool isShown = NSIntersectsRect(placeOfIcon(), screen.frame);
+        const NSRect visible = isShown ? screen.visibleFrame : NSScreen.mainScreen.visibleFrame;
+        const NSRect corner = NSMakeRect(NSMaxX(visible), NSMaxY(visible), 0, 0);
+        openBelow(isShown ? placeOfIcon() : corner, visible);
     }
 
 private:

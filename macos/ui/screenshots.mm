@@ -50,7 +50,6 @@ bool drawPanel(BatteryModel& model, const std::string& path)
                                     styleMask:NSWindowStyleMaskBorderless
                                       backing:NSBackingStoreBuffered
                                         defer:YES];
-    window.releasedWhenClosed = NO;
     window.contentView = panel.view;
     [window setContentSize:panel.view.fittingSize];
     return draw(panel.view, path);
@@ -58,7 +57,7 @@ bool drawPanel(BatteryModel& model, const std::string& path)
 
 bool drawAlert(const AlertContent& content, const std::string& path)
 {
-    return draw(makeSnoozeAlert(content, {})->window().contentView, path);
+    return draw(makeSnoozeAlert(content, {})->alert.window.contentView, path);
 }
 
 } // namespace
