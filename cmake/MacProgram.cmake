@@ -16,8 +16,7 @@ add_library(voltmere_macos STATIC
   macos/ui/front_end.mm
   macos/ui/icon.mm
   macos/ui/panel.mm
-  macos/ui/scene.mm
-  macos/ui/screenshots.mm)
+  macos/ui/scene.mm)
 voltmere_target(voltmere_macos)
 target_compile_options(voltmere_macos PRIVATE
   -fobjc-arc -Wundeclared-selector -Wunguarded-availability)

@@ -49,11 +49,6 @@ public:
         return number.longLongValue;
     }
 
-    std::optional<bool> boolean(std::string_view key) const override
-    {
-        return exactBoolean(integer(key));
-    }
-
     std::optional<std::string> text(std::string_view key) const override
     {
         const id object = [store objectForKey:cocoaText(key)];
@@ -78,18 +73,9 @@ private:
 /// The application itself among the system's login items. The system answers for the bundle only.
 class MainAppLoginItem : public LoginItemService {
 public:
-    Status status() const override
+    bool isEnabled() const override
     {
-        switch (SMAppService.mainAppService.status) {
-        case SMAppServiceStatusEnabled:
-            return Status::enabled;
-        case SMAppServiceStatusNotRegistered:
-            return Status::notRegistered;
-        case SMAppServiceStatusRequiresApproval:
-            return Status::requiresApproval;
-        default: // a later system may have more
-            return Status::notFound;
-        }
+        return SMAppService.mainAppService.status == SMAppServiceStatusEnabled;
     }
 
     std::optional<std::string> registerItem() override

@@ -8,7 +8,6 @@
 #include <atomic>
 #include <cmath>
 #include <ctime>
-#include <list>
 #include <utility>
 
 namespace voltmere {
@@ -140,16 +139,6 @@ public:
         return std::make_unique<SleepCountingTimer>(interval, interval, std::move(action));
     }
 
-    void postLater(Seconds delay, Action action) override
-    {
-        const auto place = later.emplace(later.end());
-        *place = scheduleOnce(delay, [this, place, action = std::move(action)] {
-            const std::unique_ptr<Timer> fired = std::move(*place);
-            later.erase(place);
-            action();
-        });
-    }
-
     void postToMain(Action action) override
     {
         dispatch_async(dispatch_get_main_queue(), ^{ action(); });
@@ -168,7 +157,6 @@ public:
 private:
     bool stopped = false;
     int exitStatus = 0;
-    std::list<std::unique_ptr<Timer>> later;
     std::shared_ptr<std::atomic<int>> running = std::make_shared<std::atomic<int>>(0);
 };
 

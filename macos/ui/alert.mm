@@ -2,7 +2,6 @@
 
 #include "macos/text.h"
 #include "macos/ui/controls.h"
-#include "macos/ui/icon.h"
 #include "snooze/snooze_alert.h"
 
 #include <dispatch/dispatch.h>

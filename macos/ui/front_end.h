@@ -5,11 +5,13 @@
 
 #import <AppKit/AppKit.h>
 
+#include <cstdint>
 #include <functional>
 #include <memory>
+#include <vector>
 
-// What the windows of macOS offer each other. The bodies are in the files of their names:
-// front_end.mm, scene.mm, panel.mm, alert.mm and screenshots.mm.
+// What the parts of the front end offer each other. Each part is a file: the start and the
+// pictures, the scene, the panel, the alert and the icon.
 
 namespace voltmere {
 
@@ -48,8 +50,27 @@ struct SnoozeAlert : Alert {
 std::unique_ptr<SnoozeAlert> makeSnoozeAlert(const AlertContent& content,
                                              const AlertActions& actions);
 
-/// Draws what the program shows to PNG files, as `drawPictures` does. Needs the application object.
-/// Returns the exit status.
-int drawScreenshots(const CommandLine& commandLine);
+/// The scheme of the application's appearance; light where it is neither dark nor light.
+ColourScheme applicationScheme();
+
+/// The icons of the application's bundle.
+class AppIconAsset {
+public:
+    /// The menu-bar icon, 20 by 20 points. Built on first use and kept. Made of StatusIcon.png,
+    /// else StatusIcon.icns, then AppIcon.icns, then the application's own icon.
+    static NSImage* statusImage();
+
+    /// The application icon as a square of `side` points; nil without AppIcon.icns.
+    static NSImage* appImage(CGFloat side);
+};
+
+/// The picture in the menu bar.
+class StatusImage {
+public:
+    /// The status icon and the level of the weakest device, for an application of `scheme`. It
+    /// carries its own colours.
+    static NSImage* make(const std::vector<BatteryDevice>& devices, std::int64_t threshold,
+                         ColourScheme scheme);
+};
 
 } // namespace voltmere

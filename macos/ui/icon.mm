@@ -1,4 +1,4 @@
-#include "macos/ui/icon.h"
+#include "macos/ui/front_end.h"
 
 #include "macos/text.h"
 #include "ui/icon.h"

@@ -2,7 +2,6 @@
 
 #include "macos/text.h"
 #include "macos/ui/controls.h"
-#include "macos/ui/icon.h"
 #include "ui/panel.h"
 
 #include <optional>

@@ -186,12 +186,6 @@ std::vector<std::string> voltmere::drawing(NSView* view)
 static NSView* root(NSView* view) RETURNS(view.superview == nil ? view : root(view.superview));
 
 @implementation NSLayoutConstraint
-+ (void)activateConstraints:(NSArray<NSLayoutConstraint*>*)constraints
-{
-    for (NSLayoutConstraint* const constraint in constraints) {
-        constraint.active = YES;
-    }
-}
 - (void)setActive:(BOOL)active
 {
     if (self.other != nil && root(self.view) != root(self.other)) {
@@ -231,9 +225,6 @@ EMPTY(NSLayoutYAxisAnchor)
     RETURNS(constraint(self, " = " + number(constant)));
 - (NSLayoutConstraint*)constraintLessThanOrEqualToConstant:(CGFloat)constant
     RETURNS(constraint(self, " <= " + number(constant)));
-- (NSLayoutConstraint*)constraintEqualToAnchor:(NSLayoutDimension*)other
-                                      constant:(CGFloat)constant
-    RETURNS(constraint(self, " = " + number(constant) + " + ", other));
 @end
 
 // Events
@@ -470,10 +461,8 @@ void voltmere::pressEscape()
                                  forOrientation:(NSLayoutConstraintOrientation)orientation
     DOES(_priorities["resistance " + std::to_string(orientation)] = priority);
 - (NSLayoutXAxisAnchor*)leadingAnchor RETURNS(anchor(NSLayoutXAxisAnchor.class, self, "leading"));
-- (NSLayoutXAxisAnchor*)trailingAnchor RETURNS(anchor(NSLayoutXAxisAnchor.class, self, "trailing"));
 - (NSLayoutXAxisAnchor*)centerXAnchor RETURNS(anchor(NSLayoutXAxisAnchor.class, self, "centreX"));
 - (NSLayoutYAxisAnchor*)topAnchor RETURNS(anchor(NSLayoutYAxisAnchor.class, self, "top"));
-- (NSLayoutYAxisAnchor*)bottomAnchor RETURNS(anchor(NSLayoutYAxisAnchor.class, self, "bottom"));
 - (NSLayoutYAxisAnchor*)centerYAnchor RETURNS(anchor(NSLayoutYAxisAnchor.class, self, "centreY"));
 - (NSLayoutDimension*)widthAnchor RETURNS(anchor(NSLayoutDimension.class, self, "width"));
 - (NSLayoutDimension*)heightAnchor RETURNS(anchor(NSLayoutDimension.class, self, "height"));
@@ -491,7 +480,6 @@ std::vector<id> voltmere::viewsIn(NSView* view, id itsClass)
     return all;
 }
 
-EMPTY(NSVisualEffectView)
 @implementation NSBox
 - (std::string)seen RETURNS(_boxType == NSBoxSeparator ? "---" : "box");
 @end

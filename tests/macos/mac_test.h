@@ -1,7 +1,7 @@
 #pragma once
 
 #include "mac.h"
-#include "macos/ui/icon.h"
+#include "macos/ui/front_end.h"
 #include "runtime.h"
 
 #include <gtest/gtest.h>

@@ -30,18 +30,15 @@ TEST_F(MacServices, ATextKeepsItsBytesAndIsEmptyOtherwise)
 
 TEST_F(MacServices, TheLoginItemTellsItsStateAndItsFailures)
 {
-    using Status = LoginItemService::Status;
     const auto service = makeLoginItemService();
-    const Status meanings[]{Status::notRegistered, Status::enabled, Status::requiresApproval,
-                            Status::notFound, Status::notFound};
-    for (mac.loginItem = 0; mac.loginItem < 5; ++mac.loginItem) {
-        EXPECT_EQ(service->status(), meanings[mac.loginItem]) << mac.loginItem;
+    for (mac.loginItem = 0; mac.loginItem < 5; ++mac.loginItem) { // a later system may have more
+        EXPECT_EQ(service->isEnabled(), mac.loginItem == SMAppServiceStatusEnabled);
     }
     EXPECT_EQ(calls(), Lines());
     EXPECT_EQ(service->registerItem(), std::nullopt);
-    EXPECT_EQ(service->status(), Status::enabled);
+    EXPECT_TRUE(service->isEnabled());
     EXPECT_EQ(service->unregisterItem(), std::nullopt);
-    EXPECT_EQ(service->status(), Status::notRegistered);
+    EXPECT_FALSE(service->isEnabled());
     mac.loginItemFailure = "Operation not permitted";
     EXPECT_EQ(service->registerItem(), "Operation not permitted");
     EXPECT_EQ(service->unregisterItem(), "Operation not permitted");
@@ -148,7 +145,6 @@ TEST_F(MacTime, TheTimeAsleepCounts)
 
 TEST_F(MacTime, WorkGoesToItsQueue)
 {
-    loop->postLater(Seconds(2), fire("later"));
     loop->postToMain(fire("main"));
     loop->runInBackground(fire("background"));
     EXPECT_EQ(drainMainQueue(), 1);
@@ -156,8 +152,7 @@ TEST_F(MacTime, WorkGoesToItsQueue)
     EXPECT_TRUE(loop->isBusy());
     settle();
     EXPECT_FALSE(loop->isBusy());
-    advance(3);
-    EXPECT_EQ(fired, (Lines{"main", "background", "later"}));
+    EXPECT_EQ(fired, (Lines{"main", "background"}));
 }
 
 TEST_F(MacTime, TheLoopRunsUntilItIsStopped)

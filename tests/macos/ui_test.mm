@@ -2,7 +2,6 @@
 
 #include "mac_test.h"
 #include "macos/ui/controls.h"
-#include "macos/ui/front_end.h"
 
 #include "fakes/model_world.h"
 
@@ -223,7 +222,7 @@ TEST_F(MacWindows, AStoredValueThatIsNoChoiceStays)
 TEST_F(MacWindows, OpeningThePanelAsksAnewAndNeverAlerts)
 {
     start();
-    world.loginItems.present = LoginItemService::Status::enabled;
+    world.loginItems.enabled = true;
     world.setLevels({{803, 3}});
     pressIcon();
     EXPECT_EQ(button("Launch at login").state, NSControlStateValueOn);

@@ -202,12 +202,6 @@ extern "C" void objc_enumerationMutation(id object);
 @property (class, readonly, copy) NSDate* distantFuture;
 @end
 
-// NSException; macOS 10.0
-@interface NSException : NSObject
-// @property (nullable, readonly, copy) NSString *reason;
-@property (nullable, readonly, copy) NSString* reason;
-@end
-
 @interface NSError : NSObject
 // @property (readonly, copy) NSString *localizedDescription; macOS 10.0
 @property (readonly, copy) NSString* localizedDescription;
