@@ -44,9 +44,11 @@ NSImage* chosenStatusIcon()
     // A StatusIcon.png that cannot be read does not make way for StatusIcon.icns.
     NSURL* const png = resource(@"StatusIcon", @"png");
     NSImage* const icon = imageAt(png != nil ? png : resource(@"StatusIcon", @"icns"));
+    if (icon != nil) {
+        return icon;
+    }
     NSImage* const appIcon = imageAt(resource(@"AppIcon", @"icns"));
-    NSImage* const last = appIcon != nil ? appIcon : NSApp.applicationIconImage;
-    return icon != nil ? icon : last;
+    return appIcon != nil ? appIcon : NSApp.applicationIconImage;
 }
 
 } // namespace

@@ -108,23 +108,6 @@ void NSRectFillUsingOperation(NSRect rect, NSCompositingOperation operation)
 NSAttributedStringKey const NSFontAttributeName = @"font";
 NSAttributedStringKey const NSForegroundColorAttributeName = @"colour";
 
-@implementation NSString (NSStringDrawing)
-/// In the system's font of 13 points a character takes 6 points, and a line 16.
-- (NSSize)sizeWithAttributes:(NSDictionary<NSAttributedStringKey, id>*)attributes
-{
-    const bool isUsual = summary([attributes objectForKey:NSFontAttributeName]) == "regular 13";
-    return NSMakeSize((isUsual ? 6.0 : 11.0) * static_cast<double>(text(self).size()), 16);
-}
-- (void)drawAtPoint:(NSPoint)point withAttributes:(NSDictionary*)attributes
-{
-    if (!text(self).empty()) {
-        mac.drawn.push_back(text(self) + " at " + number(point.x) + " " + number(point.y) + " " +
-                            summary([attributes objectForKey:NSFontAttributeName]) + " " +
-                            summary([attributes objectForKey:NSForegroundColorAttributeName]));
-    }
-}
-@end
-
 EMPTY(NSImageRep)
 @implementation NSBitmapImageRep
 - (NSData*)representationUsingType:(NSBitmapImageFileType)type
@@ -280,6 +263,14 @@ __kindof NSApplication* NSApp;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)policy
     RETURNS(mac.isAgent = policy == NSApplicationActivationPolicyAccessory);
 - (void)activateIgnoringOtherApps:(BOOL)flag DOES(mac.isActive = flag);
+- (void)addObserver:(NSObject*)observer
+         forKeyPath:(NSString*)keyPath
+            options:(NSKeyValueObservingOptions)options
+            context:(void*)context
+    DOES(mac.appearanceObservers[(__bridge void*)observer] = text(keyPath));
+- (void)removeObserver:(NSObject*)observer
+            forKeyPath:(NSString*)keyPath
+               context:(void*)context DOES(mac.appearanceObservers.erase((__bridge void*)observer));
 - (void)hide:(id)sender DOES(mac.isActive = false; mac.isHidden = true);
 - (void)unhideWithoutActivation DOES(mac.isHidden = false);
 - (void)run
@@ -449,6 +440,10 @@ void voltmere::pressEscape()
         for (const std::string& constraint : [child constraints]) {
             part += "{" + constraint + "}";
         }
+        part += child.gapAfter == 0 ? "" : "{gap " + number(child.gapAfter) + "}";
+        part += [child class] != NSView.class || !child.translatesAutoresizingMaskIntoConstraints
+            ? ""
+            : "{autoresized}";
         all += (all.empty() || part.empty() ? "" : [self separator]) + part;
     }
     return all;
@@ -486,12 +481,27 @@ std::vector<id> voltmere::viewsIn(NSView* view, id itsClass)
 
 /// Shows its subviews in their order.
 @implementation NSStackView
+- (std::string)seen
+{
+    const bool isFilled = _distribution == NSStackViewDistributionFill;
+    const bool isRow = _orientation == NSUserInterfaceLayoutOrientationHorizontal;
+    const std::string insets =
+        text(NSMakeRect(_edgeInsets.top, _edgeInsets.left, _edgeInsets.bottom, _edgeInsets.right));
+    return [super seen] + (_spacing == 8 ? "" : "{spacing " + number(_spacing) + "}") +
+        (_alignment == NSLayoutAttributeLeading       ? "{leading}"
+             : _alignment == NSLayoutAttributeCenterX ? "{centreX}"
+             : _alignment == NSLayoutAttributeCenterY ? "{centreY}"
+                                                      : "") +
+        (isRow && !isFilled ? "{gravity}" : "") +
+        (insets == "0 0 0 0" ? "" : "{insets " + insets + "}");
+}
 - (std::string)separator RETURNS(_orientation == NSUserInterfaceLayoutOrientationVertical ? "\n"
                                                                                           : " ");
 + (instancetype)stackViewWithViews:(NSArray<NSView*>*)views
 {
     NSStackView* const stack = [[self alloc] init];
     stack.distribution = static_cast<NSStackViewDistribution>(-1); // gravity areas
+    stack.spacing = 8;
     stack.translatesAutoresizingMaskIntoConstraints = NO;
     for (NSView* const view in views) {
         [stack addArrangedSubview:view];
@@ -527,9 +537,14 @@ std::vector<id> voltmere::viewsIn(NSView* view, id itsClass)
 @implementation NSTextField
 - (std::string)seen
 {
-    return text(self.stringValue) + (self.font == nil ? "" : " " + summary(self.font)) +
+    const bool isCut =
+        self.lineBreakMode == NSLineBreakByTruncatingMiddle && self.allowsExpansionToolTips;
+    const std::string width = number(_preferredMaxLayoutWidth);
+    return (text(self.stringValue).empty() ? "nothing" : text(self.stringValue)) +
+        (self.font == nil ? "" : " " + summary(self.font)) +
         (_textColor == nil ? "" : " " + summary(_textColor)) +
-        (self.alignment == NSTextAlignmentCenter ? " centred" : "");
+        (self.alignment == NSTextAlignmentCenter ? " centred" : "") + (isCut ? " cut" : "") +
+        (_selectable ? " selectable" : "") + (width == "0" ? "" : " over " + width);
 }
 + (instancetype)labelWithString:(NSString*)text
 {
@@ -617,8 +632,10 @@ void voltmere::choose(NSPopUpButton* popUp, NSInteger index)
 }
 
 @implementation NSImageView
-- (std::string)seen RETURNS(
-    "(" + (summary(_image) == "drawn" ? drawing(_image).back() : summary(_image)) + ")");
+- (std::string)seen RETURNS("(" +
+                            (summary(_image) == "drawn" ? drawing(_image).back()
+                                                        : summary(_image)) +
+                            (self.isAccessibilityElement ? ", read out)" : ")"));
 + (instancetype)imageViewWithImage:(NSImage*)image
 {
     if (image == nil) {

@@ -170,6 +170,20 @@ void dispatch_async(dispatch_queue_t queue, dispatch_block_t block) DOES(queue->
 - (BOOL)isEqualToString:(NSString*)other RETURNS(text(self) == text(other));
 - (BOOL)isEqual:(id)other RETURNS([self isEqualToString:other]);
 - (id)copyWithZone:(struct _NSZone*)zone RETURNS(self);
+/// In the system's font of 13 points a character takes 6 points, and a line 16.
+- (NSSize)sizeWithAttributes:(NSDictionary<NSAttributedStringKey, id>*)attributes
+{
+    const bool isUsual = summary([attributes objectForKey:NSFontAttributeName]) == "regular 13";
+    return NSMakeSize((isUsual ? 6.0 : 11.0) * static_cast<double>(text(self).size()), 16);
+}
+- (void)drawAtPoint:(NSPoint)point withAttributes:(NSDictionary*)attributes
+{
+    if (!text(self).empty()) {
+        mac.drawn.push_back(text(self) + " at " + number(point.x) + " " + number(point.y) + " " +
+                            summary([attributes objectForKey:NSFontAttributeName]) + " " +
+                            summary([attributes objectForKey:NSForegroundColorAttributeName]));
+    }
+}
 @end
 @implementation NSConstantString
 - (const char*)UTF8String RETURNS(_bytes);
@@ -368,22 +382,6 @@ ONE(NSOperationQueue, mainQueue)
         post(self, name);
     }
 }
-@end
-
-@implementation NSObject (NSKeyValueObserving)
-- (void)observeValueForKeyPath:(NSString*)keyPath
-                      ofObject:(id)object
-                        change:(NSDictionary<NSKeyValueChangeKey, id>*)change
-                       context:(void*)context
-    DOES(raise("nobody handles the change of " + text(keyPath)));
-- (void)addObserver:(NSObject*)observer
-         forKeyPath:(NSString*)keyPath
-            options:(NSKeyValueObservingOptions)options
-            context:(void*)context
-    DOES(mac.appearanceObservers[(__bridge void*)observer] = text(keyPath));
-- (void)removeObserver:(NSObject*)observer
-            forKeyPath:(NSString*)keyPath
-               context:(void*)context DOES(mac.appearanceObservers.erase((__bridge void*)observer));
 @end
 
 // Time

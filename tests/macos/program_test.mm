@@ -277,9 +277,10 @@ TEST_F(MacProgram, DrawsItsPicturesInBothLanguagesLightAndDark)
             EXPECT_NE(picture.find(part), std::string::npos) << name << '\n' << picture;
         }
     }
-    EXPECT_NE(pictures["panel-en-dark.png"].find("Magic Mouse headline ~ 12%"), std::string::npos);
+    EXPECT_NE(pictures["panel-en-dark.png"].find("Magic Mouse headline cut ~ 12%"),
+              std::string::npos);
     EXPECT_NE(pictures["menu-bar-dark.png"].find("0 0 43 22"), std::string::npos);
-    EXPECT_NE(pictures["alert-one-low-en-dark.png"].find("<15>{width = 52} : <35>"),
+    EXPECT_NE(pictures["alert-one-low-en-dark.png"].find("<15>{width = 52}{gap 3} :{gap 3} <35>"),
               std::string::npos);
     EXPECT_NE(pictures["panel-zh-light.png"].find("0 0 320 400"), std::string::npos);
     EXPECT_EQ(mac.defaults.size(), 0U);

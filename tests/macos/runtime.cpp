@@ -55,17 +55,11 @@ struct objc_class {
     void* unused[6];
     int** offsets; ///< where compiled code reads the offset of each instance variable
 };
-struct Category {
-    const char* name;
-    const char* className;
-    MethodList* methods;
-    MethodList* classMethods;
-};
 struct SymbolTable {
     void* selectors[2];
     unsigned short classCount;
-    unsigned short categoryCount;
-    void* definitions[1]; ///< classes, then categories
+    unsigned short categoryCount; ///< the compiler's own; the stand-ins have none
+    void* definitions[1];         ///< classes first
 };
 struct Module {
     void* description[3];
@@ -81,7 +75,6 @@ namespace {
 
 struct State {
     std::map<std::string, Class> classes;
-    std::vector<Category*> categories;
     bool prepared = false;
     std::map<std::pair<Class, const char*>, IMP> found;
     std::map<id, std::set<id*>> weakPlaces;
@@ -127,18 +120,6 @@ void prepareAll()
     state().prepared = true;
     for (const auto& [name, aClass] : state().classes) {
         prepare(aClass);
-    }
-    const auto add = [](MethodList* list, Class aClass) {
-        if (list != nullptr) {
-            list->next = std::exchange(aClass->methods, list);
-        }
-    };
-    for (const Category* const category : state().categories) {
-        const auto owner = state().classes.find(category->className);
-        if (owner != state().classes.end()) { // the compiler adds one of no class, for protocols
-            add(category->methods, owner->second);
-            add(category->classMethods, owner->second->isa);
-        }
     }
 }
 
@@ -193,12 +174,6 @@ bool isCounted(id object)
         std::strcmp(object->isa->name, "NSConstantString") != 0;
 }
 
-bool isKind(Class aClass, const char* name)
-{
-    return aClass != nullptr &&
-        (std::strcmp(aClass->name, name) == 0 || isKind(aClass->superclass, name));
-}
-
 /// The owners of a counted object, before the object in memory; 0 once it is destroyed.
 long& countOf(id object) RETURNS(reinterpret_cast<long*>(object)[-1]);
 
@@ -215,10 +190,6 @@ void __objc_exec_class(Module* module)
     for (int i = 0; i < symbols.classCount; ++i) {
         const auto aClass = static_cast<Class>(symbols.definitions[i]);
         state().classes[aClass->name] = aClass;
-    }
-    for (int i = 0; i < symbols.categoryCount; ++i) {
-        void* const category = symbols.definitions[symbols.classCount + i];
-        state().categories.push_back(static_cast<Category*>(category));
     }
 }
 
@@ -256,7 +227,14 @@ IMP objc_msg_lookup_super_stret(objc_super*, SEL) SAME_AS(objc_msg_lookup_super)
 
 // For the root class.
 
-bool voltmere_isKind(id object, Class wanted) RETURNS(isKind(object->isa, wanted->name));
+bool voltmere_isKind(id object, Class wanted)
+{
+    Class aClass = object->isa;
+    while (aClass != nullptr && aClass != wanted) {
+        aClass = aClass->superclass;
+    }
+    return aClass != nullptr;
+}
 
 id voltmere_allocate(Class aClass)
 {

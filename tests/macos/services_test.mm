@@ -1,4 +1,5 @@
-// The services of macOS: macos/ but for its windows.
+// The services of macOS: macos/ but for its windows. First what these tests take for granted of
+// their runtime.
 
 #include "app/platform.h"
 #include "mac_test.h"
@@ -10,8 +11,27 @@
 #include <cmath>
 #include <limits>
 
+@interface Base : NSObject
+- (int)unknown;
+@end
+#pragma clang diagnostic ignored "-Wincomplete-implementation"
+EMPTY(Base)
+
 namespace voltmere {
 namespace {
+
+using ObjectiveC = MacTest;
+
+TEST_F(ObjectiveC, EndsTheProcessForADeadObjectOrAnUnknownMethod)
+{
+    __unsafe_unretained Base* dead = nil;
+    @autoreleasepool {
+        Base* const shortLived = [Base new];
+        dead = shortLived;
+    }
+    EXPECT_DEATH((void)[dead unknown], "destroyed object: \\[Base unknown\\]");
+    EXPECT_DEATH((void)[[Base new] unknown], "unknown method: \\[Base unknown\\]");
+}
 
 struct MacServices : MacTest {
     RecordingLog log;
