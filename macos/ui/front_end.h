@@ -50,9 +50,6 @@ struct SnoozeAlert : Alert {
 std::unique_ptr<SnoozeAlert> makeSnoozeAlert(const AlertContent& content,
                                              const AlertActions& actions);
 
-/// The scheme of the application's appearance; light where it is neither dark nor light.
-ColourScheme applicationScheme();
-
 /// The icons of the application's bundle.
 class AppIconAsset {
 public:
@@ -67,10 +64,9 @@ public:
 /// The picture in the menu bar.
 class StatusImage {
 public:
-    /// The status icon and the level of the weakest device, for an application of `scheme`. It
-    /// carries its own colours.
-    static NSImage* make(const std::vector<BatteryDevice>& devices, std::int64_t threshold,
-                         ColourScheme scheme);
+    /// The status icon and the level of the weakest device, in the application's present
+    /// appearance. It carries its own colours.
+    static NSImage* make(const std::vector<BatteryDevice>& devices, std::int64_t threshold);
 };
 
 } // namespace voltmere

@@ -163,7 +163,7 @@ void choose(ColourScheme scheme)
 
 bool drawIcon(const BatteryModel& model, const std::string& path)
 {
-    NSImage* const icon = StatusImage::make(model.devices, model.threshold, applicationScheme());
+    NSImage* const icon = StatusImage::make(model.devices, model.threshold);
     NSImageView* const bar = [NSImageView imageViewWithImage:icon];
     bar.frame = NSMakeRect(0, 0, icon.size.width, icon.size.height);
     return draw(bar, path);

@@ -53,14 +53,6 @@ NSImage* chosenStatusIcon()
 
 } // namespace
 
-ColourScheme applicationScheme()
-{
-    NSAppearanceName const match = [NSApp.effectiveAppearance
-        bestMatchFromAppearancesWithNames:@[ NSAppearanceNameDarkAqua, NSAppearanceNameAqua ]];
-    const bool isDark = [match isEqualToString:NSAppearanceNameDarkAqua];
-    return isDark ? ColourScheme::dark : ColourScheme::light;
-}
-
 NSImage* AppIconAsset::statusImage()
 {
     static NSImage* const image = square(chosenStatusIcon(), IconShape::iconSide);
@@ -73,9 +65,12 @@ NSImage* AppIconAsset::appImage(CGFloat side)
     return image == nil ? nil : square(image, side);
 }
 
-NSImage* StatusImage::make(const std::vector<BatteryDevice>& devices, std::int64_t threshold,
-                           ColourScheme scheme)
+NSImage* StatusImage::make(const std::vector<BatteryDevice>& devices, std::int64_t threshold)
 {
+    NSAppearanceName const match = [NSApp.effectiveAppearance
+        bestMatchFromAppearancesWithNames:@[ NSAppearanceNameDarkAqua, NSAppearanceNameAqua ]];
+    const bool isDark = [match isEqualToString:NSAppearanceNameDarkAqua];
+    const ColourScheme scheme = isDark ? ColourScheme::dark : ColourScheme::light;
     NSFont* const font = [NSFont systemFontOfSize:IconShape::fontSize];
     const auto measure = [font](const std::string& label) {
         const NSSize size = [cocoaText(label) sizeWithAttributes:@{NSFontAttributeName : font}];

@@ -5,10 +5,7 @@
 #include "texts/l10n.h"
 #include "ui/icon.h"
 
-#include <dispatch/dispatch.h>
-
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 /// The window of the settings panel. It takes the keyboard without activating the program, so the
@@ -93,16 +90,10 @@ public:
 private:
     void redraw()
     {
-        // A new picture may drop the button's highlight, and a new tool tip closes the open one.
-        const auto picture =
-            std::pair(iconLevel(model.devices, model.threshold), applicationScheme());
-        if (picture != shownPicture) {
-            shownPicture = picture;
-            button().image = StatusImage::make(model.devices, model.threshold, picture.second);
-        }
+        button().image = StatusImage::make(model.devices, model.threshold);
         const IconTexts texts = iconTexts(model.devices);
         NSString* const toolTip = cocoaText(texts.toolTip);
-        if (![button().toolTip isEqualToString:toolTip]) {
+        if (![button().toolTip isEqualToString:toolTip]) { // a new one closes the open one
             button().toolTip = toolTip;
             [button() setAccessibilityLabel:cocoaText(texts.accessible)];
         }
@@ -113,7 +104,6 @@ private:
         [NSStatusBar.systemStatusBar statusItemWithLength:NSVariableStatusItemLength];
     RowTargets rowTargets;
     VoltmereActionTarget* const appearance;
-    std::optional<std::pair<std::optional<IconLevel>, ColourScheme>> shownPicture;
     Subscription redraws;
 };
 
@@ -206,10 +196,6 @@ private:
         [panel makeKeyAndOrderFront:nil];
         // No control has the keyboard until Tab, so that no key changes a setting by accident.
         [panel makeFirstResponder:nil];
-        // The button drops its highlight when the click that opened the panel ends.
-        NSWindow* const shown = panel;
-        NSButton* const button = icon.button();
-        dispatch_async(dispatch_get_main_queue(), ^{ [button highlight:shown.visible]; });
         model.refreshLaunchAtLogin();
         model.refresh(false);
     }
@@ -234,7 +220,6 @@ private:
         [NSEvent removeMonitor:clickMonitor];
         [NSWorkspace.sharedWorkspace.notificationCenter removeObserver:spaceObserver];
         [panel orderOut:nil];
-        [icon.button() highlight:NO];
         windowCloses();
     }
 
