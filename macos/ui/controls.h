@@ -12,8 +12,8 @@
 #include <optional>
 #include <vector>
 
-/// The action of a control, or of an observed property. The control holds it weakly; the code that
-/// connects them keeps it alive.
+/// The action of a control. The control holds it weakly; the code that connects them keeps it
+/// alive.
 @interface VoltmereActionTarget : NSObject
 - (instancetype)initWithAction:(std::function<void()>)action;
 

@@ -24,14 +24,6 @@
     kept->_action();
 }
 
-- (void)observeValueForKeyPath:(NSString*)__unused keyPath
-                      ofObject:(id)__unused object
-                        change:(NSDictionary<NSKeyValueChangeKey, id>*)__unused change
-                       context:(void*)__unused context
-{
-    [self fire];
-}
-
 @end
 
 @implementation VoltmereHoverButton {

@@ -38,8 +38,6 @@ namespace voltmere {
 
 namespace {
 
-NSString* const appearanceKey = @"effectiveAppearance";
-
 VoltmerePanel* makePanel()
 {
     VoltmerePanel* const panel = [[VoltmerePanel alloc]
@@ -62,28 +60,22 @@ VoltmerePanel* makePanel()
     return panel;
 }
 
-/// The program's icon in the menu bar, from construction to destruction. It shows the model's
-/// devices, and follows them and the application's appearance.
+/// The program's icon in the menu bar, from construction to destruction. It is drawn anew at each
+/// change of the model, in the application's appearance at that moment.
 class StatusLabel {
 public:
     /// `toggle` is called at each click. The model must outlive the icon.
     StatusLabel(BatteryModel& model, std::function<void()> toggle)
         : model(model)
-        , appearance([[VoltmereActionTarget alloc] initWithAction:[this] { redraw(); }])
         , redraws(redrawAfterChanges(model.objectWillChange, [this] { redraw(); }))
     {
         button().imagePosition = NSImageOnly;
         connect(button(), rowTargets, std::move(toggle));
         [button() sendActionOn:NSEventMaskLeftMouseDown | NSEventMaskRightMouseDown];
-        [NSApp addObserver:appearance forKeyPath:appearanceKey options:0 context:nullptr];
         redraw();
     }
 
-    ~StatusLabel()
-    {
-        [NSApp removeObserver:appearance forKeyPath:appearanceKey context:nullptr];
-        [NSStatusBar.systemStatusBar removeStatusItem:item];
-    }
+    ~StatusLabel() { [NSStatusBar.systemStatusBar removeStatusItem:item]; }
 
     NSStatusBarButton* button() const { return item.button; }
 
@@ -103,7 +95,6 @@ private:
     NSStatusItem* const item =
         [NSStatusBar.systemStatusBar statusItemWithLength:NSVariableStatusItemLength];
     RowTargets rowTargets;
-    VoltmereActionTarget* const appearance;
     Subscription redraws;
 };
 

@@ -33,20 +33,6 @@ static std::string drawnIn; ///< the appearance
 }
 @end
 
-void voltmere::setAppearance(NSString* name)
-{
-    mac.appearance = name;
-    const auto observers = mac.appearanceObservers;
-    for (const auto& [observer, path] : observers) {
-        if (path == "effectiveAppearance") {
-            [(__bridge id)observer observeValueForKeyPath:string(path)
-                                                 ofObject:NSApp
-                                                   change:nil
-                                                  context:nullptr];
-        }
-    }
-}
-
 // Drawing. Each step is written down.
 
 static std::string fillColour;
@@ -263,14 +249,6 @@ __kindof NSApplication* NSApp;
 - (BOOL)setActivationPolicy:(NSApplicationActivationPolicy)policy
     RETURNS(mac.isAgent = policy == NSApplicationActivationPolicyAccessory);
 - (void)activateIgnoringOtherApps:(BOOL)flag DOES(mac.isActive = flag);
-- (void)addObserver:(NSObject*)observer
-         forKeyPath:(NSString*)keyPath
-            options:(NSKeyValueObservingOptions)options
-            context:(void*)context
-    DOES(mac.appearanceObservers[(__bridge void*)observer] = text(keyPath));
-- (void)removeObserver:(NSObject*)observer
-            forKeyPath:(NSString*)keyPath
-               context:(void*)context DOES(mac.appearanceObservers.erase((__bridge void*)observer));
 - (void)hide:(id)sender DOES(mac.isActive = false; mac.isHidden = true);
 - (void)unhideWithoutActivation DOES(mac.isHidden = false);
 - (void)run

@@ -35,7 +35,7 @@ protected:
         NSApp.appearance = nil;
         objc::drainPool();
         EXPECT_EQ(mac.timers.size() + mac.observers.size() + mac.monitors.size() +
-                      mac.activities.size() + mac.appearanceObservers.size(),
+                      mac.activities.size(),
                   0U);
         mac = Mac();
         objc::drainPool();

@@ -59,12 +59,12 @@ TEST_F(MacWindows, TheIconShowsTheWeakestDevice)
     EXPECT_EQ(text(icon().toolTip), "Cellsentry\nMagic Mouse 40%\nMagic Keyboard 15%");
     EXPECT_EQ(text(icon().accessibilityLabel), "Cellsentry, Magic Mouse 40%, Magic Keyboard 15%");
     world.setLevels({{803, 21}});
-    model->checkNow();
-    settle();
     for (const auto& [appearance, colour] :
          {std::pair(NSAppearanceNameDarkAqua, "white"), std::pair(NSAppearanceNameAqua, "black"),
           std::pair((NSString*)nil, "black")}) {
-        setAppearance(appearance);
+        mac.appearance = appearance;
+        model->checkNow();
+        settle();
         EXPECT_EQ(drawing(icon().image).back(), std::string("21% at 25 3 regular 13 ") + colour);
     }
     world.setLevels({});
@@ -76,7 +76,6 @@ TEST_F(MacWindows, TheIconShowsTheWeakestDevice)
     mac.calls.clear();
     scene.reset();
     EXPECT_EQ(calls(), (Lines{"NSStatusBar removeStatusItem:"}));
-    setAppearance(NSAppearanceNameDarkAqua); // nobody hears of it any more
 }
 
 TEST_F(MacWindows, TheIconIsDrawnAfterTheReading)

@@ -333,29 +333,4 @@ extern "C" NSRunLoopMode const NSRunLoopCommonModes;
 - (BOOL)runMode:(NSRunLoopMode)mode beforeDate:(NSDate*)limit;
 @end
 
-// Key-value observing; macOS 10.3
-typedef NSString* NSKeyValueChangeKey;
-typedef NSUInteger NSKeyValueObservingOptions;
-
-@interface NSObject (NSKeyValueObserving)
-// - (void)observeValueForKeyPath:(NSString *)keyPath ofObject:(id)object
-//                         change:(NSDictionary<NSKeyValueChangeKey, id> *)change
-//                        context:(void *)context;
-- (void)observeValueForKeyPath:(nullable NSString*)keyPath
-                      ofObject:(nullable id)object
-                        change:(nullable NSDictionary<NSKeyValueChangeKey, id>*)change
-                       context:(nullable void*)context;
-// - (void)addObserver:(NSObject *)observer forKeyPath:(NSString *)keyPath
-//             options:(NSKeyValueObservingOptions)options context:(void *)context;
-- (void)addObserver:(NSObject*)observer
-         forKeyPath:(NSString*)keyPath
-            options:(NSKeyValueObservingOptions)options
-            context:(nullable void*)context;
-// - (void)removeObserver:(NSObject *)observer forKeyPath:(NSString *)keyPath
-//                context:(void *)context; macOS 10.7
-- (void)removeObserver:(NSObject*)observer
-            forKeyPath:(NSString*)keyPath
-               context:(nullable void*)context;
-@end
-
 #pragma clang assume_nonnull end
