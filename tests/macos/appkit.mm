@@ -412,6 +412,8 @@ void voltmere::pressEscape()
     DOES(summary(bitmap) += text(rect) + "\n" + [self seen] + "\n");
 - (std::string)seen
 {
+    const bool isColumn = [self isKindOfClass:NSStackView.class] &&
+        ((NSStackView*)self).orientation == NSUserInterfaceLayoutOrientationVertical;
     std::string all = _priorities["hugging 0"] == 1 ? "~" : "";
     for (NSView* const child : _children) {
         std::string part = child.hidden ? "" : [child seen];
@@ -422,11 +424,10 @@ void voltmere::pressEscape()
         part += [child class] != NSView.class || !child.translatesAutoresizingMaskIntoConstraints
             ? ""
             : "{autoresized}";
-        all += (all.empty() || part.empty() ? "" : [self separator]) + part;
+        all += (all.empty() || part.empty() ? "" : isColumn ? "\n" : " ") + part;
     }
     return all;
 }
-- (std::string)separator RETURNS(" ");
 - (void)setContentHuggingPriority:(NSLayoutPriority)priority
                    forOrientation:(NSLayoutConstraintOrientation)orientation
     DOES(_priorities["hugging " + std::to_string(orientation)] = priority);
@@ -473,8 +474,6 @@ std::vector<id> voltmere::viewsIn(NSView* view, id itsClass)
         (isRow && !isFilled ? "{gravity}" : "") +
         (insets == "0 0 0 0" ? "" : "{insets " + insets + "}");
 }
-- (std::string)separator RETURNS(_orientation == NSUserInterfaceLayoutOrientationVertical ? "\n"
-                                                                                          : " ");
 + (instancetype)stackViewWithViews:(NSArray<NSView*>*)views
 {
     NSStackView* const stack = [[self alloc] init];

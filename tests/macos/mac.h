@@ -154,7 +154,6 @@ std::vector<id> viewsIn(NSView* view, id itsClass);
 - (std::vector<std::string>&)constraints; ///< the active ones, as texts
 /// What a person sees of it, from left to right; the rows of a column on lines of their own.
 - (std::string)seen;
-- (std::string)separator;
 @end
 @interface NSControl ()
 @property NSEventMask eventMask;

@@ -4,13 +4,15 @@
 #include "macos/ui/front_end.h"
 #include "runtime.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
 
 namespace voltmere {
 
 using Lines = std::vector<std::string>;
+using testing::HasSubstr;
+using testing::StartsWith;
 
 /// A test with a Mac of its own. At its end nothing waits, and no object is left.
 class MacTest : public testing::Test {

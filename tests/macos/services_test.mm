@@ -211,7 +211,7 @@ TEST_F(MacServices, ADiagnosisTellsWhatTheSystemSays)
     EXPECT_EQ(finding("bundle"), "Voltmere.app");
     EXPECT_EQ(finding("bundle", true), "/Applications/Voltmere.app");
     mac.hasBundle = false;
-    EXPECT_EQ(finding("bundle").rfind("none", 0), 0U);
+    EXPECT_THAT(finding("bundle"), StartsWith("none"));
     EXPECT_EQ(demoToolsDirectory(), "/Applications/Voltmere.app/Contents/Resources/demo");
     EXPECT_EQ(makeSystemSources("/sys").label, "");
 }

@@ -135,11 +135,11 @@ TEST_F(MacWindows, ThePanelDoesWithoutDevicesIconsAndSymbols)
               "[退出] ~ 语言 <简体中文>{width = 288}{spacing 12}{leading}{insets 16 16 16 16}");
     model->language = "en";
     settle();
-    EXPECT_NE(shown().find("\n(){width = 20} No peripherals found ~"), std::string::npos);
+    EXPECT_THAT(shown(), HasSubstr("\n(){width = 20} No peripherals found ~"));
     world.setLevels({{803, 50}});
     model->checkNow();
     settle();
-    EXPECT_NE(shown().find("---{width = 288}\n(magicmouse)"), std::string::npos) << shown();
+    EXPECT_THAT(shown(), HasSubstr("---{width = 288}\n(magicmouse)"));
 }
 
 TEST_F(MacWindows, EachChoiceReachesTheModelAndTheSettings)
@@ -203,7 +203,7 @@ TEST_F(MacWindows, OpeningThePanelAsksAnewAndNeverAlerts)
     pressIcon();
     EXPECT_EQ(button("Launch at login").state, NSControlStateValueOn);
     EXPECT_EQ(world.loginItems.registrations, 0);
-    EXPECT_NE(shown().find("3% bold 15 red"), std::string::npos);
+    EXPECT_THAT(shown(), HasSubstr("3% bold 15 red"));
     EXPECT_EQ(mac.alert, nil);
 }
 
@@ -394,7 +394,7 @@ TEST_F(MacWindows, TheAlertNamesEachDevice)
     start({{803, 12}, {805, 8}});
     const std::string low = "外设电量提醒 bold 13 label centred{height = "
                             "16}\n鼠标12%、键盘8%，请及时充电。 regular 13 red";
-    EXPECT_NE([mac.alert.accessoryView seen].find(low), std::string::npos);
+    EXPECT_THAT([mac.alert.accessoryView seen], HasSubstr(low));
     EXPECT_EQ(text(mac.alert.buttons.firstObject.title), "取消");
     pressEscape();
     world.setLevels({{803, 80}, {805, 64}});
@@ -403,7 +403,7 @@ TEST_F(MacWindows, TheAlertNamesEachDevice)
     press(button("Enable / test alert"));
     const std::string good = "Peripheral battery bold 13 label centred{height = 16}\nAll good: "
                              "Mouse80%, Keyboard64% regular 13 label";
-    EXPECT_NE([mac.alert.accessoryView seen].find(good), std::string::npos);
+    EXPECT_THAT([mac.alert.accessoryView seen], HasSubstr(good));
 }
 
 TEST_F(MacWindows, TheAlertIsShownInTheDefinedOrderAndBroughtToTheFrontAgain)
@@ -467,7 +467,7 @@ TEST_F(MacWindows, AnAlertDoesWithoutAnAppIconAndWithALongName)
     const auto shown = frontEnd->alerts().present(content, {});
     EXPECT_EQ(text({{}, mac.alert.icon.size}), "0 0 1 1") << "nil would show the application's";
     EXPECT_EQ(summary(mac.alert.icon), "");
-    EXPECT_NE([mac.alert.accessoryView seen].find("{width <= 237}"), std::string::npos);
+    EXPECT_THAT([mac.alert.accessoryView seen], HasSubstr("{width <= 237}"));
 }
 
 TEST_F(MacWindows, AnAlertMayGoInTheActionOfItsButton)
