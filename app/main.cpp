@@ -3,7 +3,6 @@
 #include "app/platform.h"
 #include "app/services.h"
 #include "app/terminal.h"
-#include "app/terminal_commands.h"
 #include "app/version.h"
 #include "texts/plain_text.h"
 

@@ -11,9 +11,9 @@
 #include "fakes/fake_appearance.h"
 #include "fakes/model_world.h"
 #include "fakes/sample_devices.h"
+#include "linux/ui/icon.h"
 #include "linux/ui/panel.h"
 #include "linux/ui/panel_controller.h"
-#include "linux/ui/status_image.h"
 
 #include <benchmark/benchmark.h>
 

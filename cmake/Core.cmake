@@ -16,7 +16,6 @@ add_library(voltmere_core STATIC
   snooze/custom_time.cpp
   snooze/snooze_alert.cpp
   texts/l10n.cpp
-  texts/l10n_tables.cpp
   texts/plain_text.cpp
   ui/icon.cpp
   ui/panel.cpp)
@@ -51,7 +50,6 @@ add_library(voltmere_app STATIC
   app/services.cpp
   app/studio.cpp
   app/terminal.cpp
-  app/terminal_commands.cpp
   app/voltmere_app.cpp)
 target_link_libraries(voltmere_app PUBLIC voltmere_core PRIVATE nlohmann_json::nlohmann_json)
 voltmere_target(voltmere_app)

@@ -14,7 +14,7 @@ add_library(voltmere_linux STATIC
   linux/run_loop.cpp
   linux/single_instance.cpp)
 set_target_properties(voltmere_linux PROPERTIES AUTOMOC ON)
-target_link_libraries(voltmere_linux PUBLIC voltmere_core Qt6::DBus PRIVATE PkgConfig::XCB)
+target_link_libraries(voltmere_linux PUBLIC voltmere_core Qt6::DBus)
 voltmere_target(voltmere_linux)
 
 # Where both are there, windows stand where they belong on Wayland too. Versions before 6 are for Qt 5.
@@ -25,16 +25,13 @@ add_library(voltmere_ui STATIC
   linux/ui/portal_appearance.cpp
   linux/ui/tray_host_watcher.cpp
   linux/ui/alert.cpp
-  linux/ui/app_icon_asset.cpp
-  linux/ui/drawn_image.cpp
   linux/ui/front_end.cpp
   linux/ui/hover_controls.cpp
   linux/ui/icon.cpp
+  linux/ui/images.cpp
   linux/ui/panel.cpp
   linux/ui/panel_controller.cpp
-  linux/ui/qt_start.cpp
   linux/ui/screenshots.cpp
-  linux/ui/status_image.cpp
   linux/ui/theme.cpp
   linux/ui/views.cpp)
 set_target_properties(voltmere_ui PROPERTIES AUTOMOC ON)

@@ -34,10 +34,11 @@ NameMap BluezNameSource::readNames()
     // A connection of this reading's own, since readings may overlap.
     const QString name = QUuid::createUuid().toString();
     const QDBusConnection bus = QDBusConnection::connectToBus(QDBusConnection::SystemBus, name);
-    const QDBusMessage question = QDBusMessage::createMethodCall(
+    QDBusMessage question = QDBusMessage::createMethodCall(
         busNames::blueZ, QStringLiteral("/"), QStringLiteral("org.freedesktop.DBus.ObjectManager"),
         QStringLiteral("GetManagedObjects"));
-    const QDBusMessage reply = askBus(bus, question, limit);
+    question.setAutoStartService(false);
+    const QDBusMessage reply = bus.call(question, QDBus::Block, static_cast<int>(limit.count()));
     QDBusConnection::disconnectFromBus(name);
     return namesInReply(reply);
 }

@@ -25,10 +25,4 @@ void callBus(const QDBusConnection& bus, const QDBusMessage& call, QObject* cont
                      });
 }
 
-QDBusMessage askBus(const QDBusConnection& bus, QDBusMessage call, std::chrono::milliseconds limit)
-{
-    call.setAutoStartService(false);
-    return bus.call(call, QDBus::Block, static_cast<int>(limit.count()));
-}
-
 } // namespace voltmere

@@ -2,7 +2,6 @@
 
 #include <QString>
 
-#include <chrono>
 #include <functional>
 
 class QDBusConnection;
@@ -15,9 +14,6 @@ namespace voltmere {
 /// reply or an error, also where the bus has ended. It never runs after `context` is gone.
 void callBus(const QDBusConnection& bus, const QDBusMessage& call, QObject* context,
              std::function<void(const QDBusMessage& reply)> replied);
-
-/// Sends `call` and waits for its reply, `limit` at most. Starts no program to answer it.
-QDBusMessage askBus(const QDBusConnection& bus, QDBusMessage call, std::chrono::milliseconds limit);
 
 /// Programs of the desktop and the system, by their names on the message buses.
 namespace busNames {

@@ -9,62 +9,34 @@
 #include <QDBusReply>
 #include <QDBusVariant>
 
-#include <xcb/xcb.h>
-
 #include <algorithm>
-#include <chrono>
-#include <cstdint>
 #include <iterator>
-#include <string_view>
 
 namespace voltmere {
 
-bool hasXTray()
-{
-    const std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)> connection(
-        xcb_connect(nullptr, nullptr), &xcb_disconnect);
-    if (xcb_connection_has_error(connection.get()) != 0) {
-        return false;
-    }
-    const std::string_view name = xTraySelection;
-    const auto atom = owned(xcb_intern_atom_reply(
-        connection.get(),
-        xcb_intern_atom(connection.get(), 0, static_cast<std::uint16_t>(name.size()), name.data()),
-        nullptr));
-    const auto selection = owned(xcb_get_selection_owner_reply(
-        connection.get(),
-        xcb_get_selection_owner(connection.get(), atom ? atom->atom : xcb_atom_t{XCB_ATOM_NONE}),
-        nullptr));
-    return selection && selection->owner != XCB_WINDOW_NONE;
-}
-
 namespace {
 
-constexpr std::chrono::milliseconds limit(1000);
+constexpr int limit = 1000; // milliseconds
 
 bool isRunning(const QDBusConnection& bus, const QString& service)
 {
     return bus.interface()->isServiceRegistered(service);
 }
 
-std::string xTrayOr(const char* otherwise)
-{
-    return hasXTray() ? "XEmbed tray" : otherwise;
-}
+constexpr const char* noTrayHost = "no StatusNotifier host: only an XEmbed tray can show the icon";
 
 std::string trayHost(const QDBusConnection& bus)
 {
     const QString watcher = busNames::statusNotifierWatcher;
     if (!isRunning(bus, watcher)) {
-        return xTrayOr("none: neither a StatusNotifier nor an XEmbed tray");
+        return noTrayHost;
     }
     QDBusMessage question = QDBusMessage::createMethodCall(
         watcher, busNames::statusNotifierWatcherPath, busNames::properties, "Get");
     question << watcher << "IsStatusNotifierHostRegistered";
-    const QDBusReply<QDBusVariant> reply = askBus(bus, question, limit);
-    return reply.isValid() && reply.value().variant().toBool()
-        ? "StatusNotifier host registered"
-        : xTrayOr("none: a StatusNotifier watcher without a host, and no XEmbed tray");
+    const QDBusReply<QDBusVariant> reply = bus.call(question, QDBus::Block, limit);
+    return reply.isValid() && reply.value().variant().toBool() ? "StatusNotifier host registered"
+                                                               : noTrayHost;
 }
 
 std::string notificationService(const QDBusConnection& bus)
@@ -74,10 +46,9 @@ std::string notificationService(const QDBusConnection& bus)
         return "not running (it may be started on demand)";
     }
     const QDBusMessage reply =
-        askBus(bus,
-               QDBusMessage::createMethodCall(service, busNames::notificationsPath, service,
-                                              "GetServerInformation"),
-               limit);
+        bus.call(QDBusMessage::createMethodCall(service, busNames::notificationsPath, service,
+                                                "GetServerInformation"),
+                 QDBus::Block, limit);
     if (reply.arguments().size() < 3) {
         return "running, but it does not say what it is";
     }
@@ -94,9 +65,9 @@ std::vector<Finding> onSessionBus(const QDBusConnection& bus)
 {
     if (!bus.isConnected()) {
         return {{"session bus",
-                 "missing: no notifications, no StatusNotifier tray, dark or light is taken from "
-                 "Qt, and a second start runs a second time"},
-                {"tray", xTrayOr("none: no XEmbed tray")}};
+                 "missing: no notifications, dark or light is taken from Qt, and a second start "
+                 "runs a second time"},
+                {"tray", noTrayHost}};
     }
     return {{"session bus", "present"},
             {"tray", trayHost(bus)},

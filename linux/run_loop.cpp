@@ -51,7 +51,8 @@ private:
     {
         // After a sleep the count is above one: the periods that passed meanwhile count as one.
         std::uint64_t expirations{};
-        if (::read(descriptor.get(), &expirations, sizeof expirations) != sizeof expirations) {
+        if (::read(static_cast<int>(notifier.socket()), &expirations, sizeof expirations) !=
+            sizeof expirations) {
             return;
         }
         const std::function<void()> current = action; // the action may destroy this timer

@@ -31,36 +31,6 @@ std::string unusableSettings(const JsonContent& content)
     });
 }
 
-std::string describeFile(const fs::path& path)
-{
-    std::error_code error;
-    if (!fs::exists(path, error) && !error) {
-        return "not there, defaults are used";
-    }
-    const JsonContent content = readJsonFile(path);
-    if (!content.problem.empty() && !content.damaged) {
-        return "cannot be read (" + content.problem + "), defaults are used";
-    }
-    const std::uintmax_t bytes = fs::file_size(path, error);
-    const std::string size = std::to_string(error ? 0 : bytes) + " bytes";
-    if (content.damaged) {
-        return size + ", " + content.problem + ": defaults are used, and a start sets it aside";
-    }
-    const std::string unusable = unusableSettings(content);
-    return unusable.empty() ? size : size + ", no usable value, so the default: " + unusable;
-}
-
-std::size_t damagedFilesBeside(const fs::path& path)
-{
-    std::size_t count = 0;
-    std::error_code ignored;
-    for (const fs::directory_entry& entry : fs::directory_iterator(path.parent_path(), ignored)) {
-        const std::string name = entry.path().filename().string();
-        count += name.starts_with(path.filename().string() + ".damaged-") ? 1 : 0;
-    }
-    return count;
-}
-
 } // namespace
 
 JsonSettings::JsonSettings(const fs::path& path, SettingsUse use, SystemLog& log)
@@ -82,9 +52,21 @@ fs::path settingsPath()
 
 std::string describeSettingsFile(const fs::path& path)
 {
-    const std::size_t damaged = damagedFilesBeside(path);
-    return describeFile(path) +
-        (damaged == 0 ? "" : "; " + std::to_string(damaged) + " damaged kept beside it");
+    std::error_code error;
+    if (!fs::exists(path, error) && !error) {
+        return "not there, defaults are used";
+    }
+    const JsonContent content = readJsonFile(path);
+    if (!content.problem.empty() && !content.damaged) {
+        return "cannot be read (" + content.problem + "), defaults are used";
+    }
+    const std::uintmax_t bytes = fs::file_size(path, error);
+    const std::string size = std::to_string(error ? 0 : bytes) + " bytes";
+    if (content.damaged) {
+        return size + ", " + content.problem + ": defaults are used, and a start sets it aside";
+    }
+    const std::string unusable = unusableSettings(content);
+    return unusable.empty() ? size : size + ", no usable value, so the default: " + unusable;
 }
 
 } // namespace voltmere

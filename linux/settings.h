@@ -26,9 +26,8 @@ private:
 /// The file that holds the user's settings: voltmere/settings.json in $XDG_CONFIG_HOME.
 std::filesystem::path settingsPath();
 
-/// The diagnosis of the settings file at `path`: its size or why it does not count, the settings
-/// with a value of the wrong kind, and whether damaged files are kept beside it. Leaves the file as
-/// it is.
+/// The diagnosis of the settings file at `path`: its size or why it does not count, and the
+/// settings with a value of the wrong kind. Leaves the file as it is.
 std::string describeSettingsFile(const std::filesystem::path& path);
 
 } // namespace voltmere

@@ -1,7 +1,6 @@
 #include "linux/single_instance.h"
 
 #include "linux/activation_token.h"
-#include "linux/bus_call.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
@@ -17,7 +16,7 @@ const QString interfaceName = QStringLiteral("org.freedesktop.Application");
 const QString activationTokenKey = QStringLiteral("activation-token");
 
 /// A running instance with a busy main thread must not delay the start that asks it.
-constexpr std::chrono::milliseconds activationLimit(150);
+constexpr int activationLimit = 150; // milliseconds
 
 } // namespace
 
@@ -42,7 +41,7 @@ bool BusInstance::isLaterStart(SystemLog& log)
     QDBusMessage activate =
         QDBusMessage::createMethodCall(name, objectPath, interfaceName, "Activate");
     activate << QVariantMap{{activationTokenKey, activationToken::current()}};
-    if (askBus(bus, activate, activationLimit).type() != QDBusMessage::ErrorMessage) {
+    if (bus.call(activate, QDBus::Block, activationLimit).type() != QDBusMessage::ErrorMessage) {
         return true;
     }
     // It is busy, or has ended meanwhile, or the bus gives this name to nobody.

@@ -1,10 +1,9 @@
 #include "linux/sysfs_battery_source.h"
 
-#include "linux/atomic_file.h"
-
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <fstream>
 #include <map>
 #include <sstream>
 #include <string_view>
@@ -90,11 +89,19 @@ std::string addressInName(std::string_view name)
     return std::string(name.substr(entryPrefix.size(), end - entryPrefix.size()));
 }
 
+/// Empty for a file that is missing or whose device does not answer.
+std::string contents(const fs::path& file)
+{
+    std::ostringstream text;
+    text << std::ifstream(file).rdbuf();
+    return text.str();
+}
+
 BatteryEntry readEntry(const fs::path& directory)
 {
     BatteryEntry entry;
     entry.origin = directory.filename().string();
-    HidUevent device = parseHidUevent(readTextFile(directory / "device" / "uevent").text);
+    HidUevent device = parseHidUevent(contents(directory / "device" / "uevent"));
     if (!device.product) {
         entry.rejection = "its HID_ID cannot be read";
         return entry;
@@ -104,7 +111,7 @@ BatteryEntry readEntry(const fs::path& directory)
         entry.rejection = "another maker's device";
         return entry;
     }
-    entry.level = parseCapacity(readTextFile(directory / "capacity").text);
+    entry.level = parseCapacity(contents(directory / "capacity"));
     entry.address = std::move(device.address).value_or(addressInName(entry.origin));
     entry.givenName = std::move(device.name);
     return entry;

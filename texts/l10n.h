@@ -64,7 +64,7 @@ public:
     /// The argument is plain text and never read as a format.
     static std::string format(std::string_view format, const Argument& argument);
 
-    // The tables of `t` and of `own`, in l10n_tables.cpp.
+    // The tables of `t` and of `own`.
     static const Table& zh();
     static const Table& en();
     static const Table& ownZh();

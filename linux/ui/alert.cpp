@@ -1,6 +1,6 @@
 #include "linux/ui/alert.h"
 
-#include "linux/ui/app_icon_asset.h"
+#include "linux/ui/images.h"
 #include "linux/ui/layer_shell.h"
 #include "linux/ui/theme.h"
 #include "linux/ui/views.h"

@@ -1,7 +1,5 @@
 #include "linux/ui/hover_controls.h"
 
-#include "linux/ui/drawn_image.h"
-
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionButton>
@@ -86,9 +84,12 @@ void HoverPopUpButton::paintEvent(QPaintEvent* event)
     overlay.setAlphaF(overlayAlpha);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    fillRounded(painter,
-                QRectF(rect()).adjusted(overlayInset, overlayInset, -overlayInset, -overlayInset),
-                std::min(height() * 0.5 - 1, largestCornerRadius), overlay);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(overlay);
+    const qreal radius = std::min(height() * 0.5 - 1, largestCornerRadius);
+    painter.drawRoundedRect(
+        QRectF(rect()).adjusted(overlayInset, overlayInset, -overlayInset, -overlayInset), radius,
+        radius);
 }
 
 HoverPoller::HoverPoller(std::vector<Item> givenItems, const Pointer& pointer, RunLoop& runLoop)

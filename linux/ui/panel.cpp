@@ -1,6 +1,6 @@
 #include "linux/ui/panel.h"
 
-#include "linux/ui/app_icon_asset.h"
+#include "linux/ui/images.h"
 #include "linux/ui/theme.h"
 #include "linux/ui/views.h"
 #include "texts/l10n.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "linux/ui/redraw_scheduler.h"
+#include "linux/ui/views.h"
 #include "model/battery_model.h"
 #include "ports/desktop.h"
 #include "ui/panel.h"

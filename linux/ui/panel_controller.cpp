@@ -1,6 +1,6 @@
 #include "linux/ui/panel_controller.h"
 
-#include "linux/ui/app_icon_asset.h"
+#include "linux/ui/images.h"
 #include "linux/ui/layer_shell.h"
 
 #include <QApplication>

@@ -3,8 +3,8 @@
 #include "app/studio.h"
 #include "linux/run_loop.h"
 #include "linux/ui/alert.h"
+#include "linux/ui/icon.h"
 #include "linux/ui/panel.h"
-#include "linux/ui/status_image.h"
 #include "linux/ui/theme.h"
 #include "linux/ui/views.h"
 

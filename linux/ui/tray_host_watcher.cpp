@@ -1,7 +1,6 @@
 #include "linux/ui/tray_host_watcher.h"
 
 #include "linux/bus_call.h"
-#include "linux/desktop_services.h"
 
 #include <QCoreApplication>
 #include <QDBusConnection>
@@ -13,11 +12,23 @@
 
 #include <xcb/xcb.h>
 
+#include <cstdlib>
+#include <memory>
 #include <utility>
 
 namespace voltmere {
 
 namespace {
+
+/// The X selection that a tray owns.
+constexpr const char* xTraySelection = "_NET_SYSTEM_TRAY_S0";
+
+/// Owns a reply of the X server, which XCB allocates and its caller frees.
+template<typename Reply>
+std::unique_ptr<Reply, decltype(&std::free)> owned(Reply* reply)
+{
+    return {reply, &std::free};
+}
 
 xcb_connection_t* xConnection()
 {

@@ -1,10 +1,8 @@
 #!/usr/bin/python3
 """Trays that come late, or die and come back; of both kinds."""
 
-import subprocess
 import time
 
-from program import INSTALLED
 from story import Story, tell
 from virtual_desktop.processes import wait_until
 
@@ -38,20 +36,6 @@ class Tray(Story):
         self.open_menu()
         self.desktop.keys("Up", "Return")
         self.assertEqual(program.end_by_itself(), 0)
-
-    def test_the_report_names_an_xembed_tray_with_and_without_a_session_bus(self):
-        self.start_tray("trayer")
-        wait_until(lambda: self.report() == "XEmbed tray", "the tray in the report")
-        nowhere = {"DBUS_SESSION_BUS_ADDRESS": f"unix:path={self.home}/no-bus"}
-        self.assertEqual(self.report(nowhere), "XEmbed tray")
-
-    def report(self, variables=None):
-        """What --diagnose says of the tray."""
-        report = subprocess.run([INSTALLED, "--diagnose", "--sysfs", str(self.sysfs.root)],
-                                env=self.desktop.environment | (variables or {}),
-                                capture_output=True, text=True, check=True).stdout
-        return next(line.partition(" ")[2].strip() for line in report.splitlines()
-                    if line.startswith("tray "))
 
     def open_menu(self):
         """A click on an icon that has just come may go by, while the tray still settles. Then a

@@ -2,7 +2,6 @@
 
 #include "fakes/model_world.h"
 #include "fakes/sample_devices.h"
-#include "linux/ui/status_image.h"
 
 #include <gmock/gmock.h>
 

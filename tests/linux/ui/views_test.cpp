@@ -1,6 +1,5 @@
 #include "linux/ui/panel_fixture.h"
 
-#include "linux/ui/redraw_scheduler.h"
 #include "linux/ui/views.h"
 
 namespace voltmere {

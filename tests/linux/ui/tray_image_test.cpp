@@ -1,16 +1,11 @@
-#include "linux/ui/status_image.h"
+#include "linux/ui/icon.h"
 
-#include "fakes/sample_devices.h"
-#include "linux/ui/app_icon_asset.h"
 #include "linux/ui/pictures.h"
 #include "linux/ui/theme.h"
 
 #include <gmock/gmock.h>
 
-#include <QFontDatabase>
-#include <QFontMetricsF>
 #include <QPainter>
-#include <QtMath>
 
 #include <algorithm>
 #include <limits>
@@ -20,26 +15,6 @@ namespace voltmere {
 namespace {
 
 using testing::ElementsAre;
-
-constexpr int textLeft = 20 + 5;
-
-/// Large enough for a stem of a letter to cover whole pixels.
-constexpr int magnified = 8;
-
-using Scheme = std::optional<ColourScheme>;
-
-/// What stands to the right of the icon.
-QImage textPart(const DrawnImage& image)
-{
-    const QImage rendered = image.rendered(magnified);
-    return rendered.copy(textLeft * magnified, 0, rendered.width() - textLeft * magnified,
-                         rendered.height());
-}
-
-bool isWrittenIn(const QColor& colour, const DrawnImage& image)
-{
-    return countPixels(textPart(image), colour) > 0;
-}
 
 const std::vector<int> sides{16, 22, 24, 32, 44, 48, 64};
 constexpr std::int64_t threshold = 20;
@@ -97,72 +72,6 @@ QRect boundsOf(const QImage& image, Predicate predicate)
         }
     }
     return bounds;
-}
-
-TEST(StatusImage, OfAnEmptyListIsAsWideAsTheIconAndHasNoText)
-{
-    const DrawnImage image = StatusImage::make({}, 20, ColourScheme::dark);
-    EXPECT_EQ(image.size, QSize(20, 22));
-    const QImage icon = AppIconAsset::statusImage().rendered(1);
-    EXPECT_EQ(image.rendered(1).copy(0, 1, 20, 20), icon.copy());
-    EXPECT_EQ(countInk(image.rendered(1)), countInk(icon));
-}
-
-TEST(StatusImage, WritesTheWeakestLevelInRedAtTheThresholdElseInTheColourOfTheScheme)
-{
-    const QColor white = Qt::white;
-    const QColor black = Qt::black;
-    for (const Scheme scheme :
-         {Scheme(ColourScheme::dark), Scheme(ColourScheme::light), Scheme()}) {
-        const QColor normal = scheme == ColourScheme::dark ? white : black;
-        const DrawnImage low = StatusImage::make({mouse(40), keyboard(20)}, 20, scheme);
-        EXPECT_TRUE(isWrittenIn(systemRed(scheme), low));
-        EXPECT_FALSE(isWrittenIn(normal, low));
-        const DrawnImage above = StatusImage::make({mouse(40), keyboard(21)}, 20, scheme);
-        EXPECT_TRUE(isWrittenIn(normal, above));
-        EXPECT_FALSE(isWrittenIn(systemRed(scheme), above));
-        EXPECT_EQ(above.rendered(2), StatusImage::make({mouse(21)}, 20, scheme).rendered(2));
-    }
-}
-
-TEST(StatusImage, WritesTheLabelFivePointsFromTheIconCentredByTheHeightOfItsFont)
-{
-    const DrawnImage image = StatusImage::make({mouse(57)}, 20, ColourScheme::light);
-    const auto draw = [](QPainter& painter, const QRectF& /*destination*/) {
-        QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-        font.setPixelSize(13);
-        font.setStyleStrategy(QFont::NoSubpixelAntialias);
-        const QFontMetricsF metrics(font);
-        painter.setFont(font);
-        painter.drawText(QPointF(25, (22 - metrics.height()) / 2 + metrics.ascent()), "57%");
-    };
-    EXPECT_EQ(textPart(image), textPart({.size = image.size, .draw = draw}));
-}
-
-TEST(StatusImage, HasRoomForItsWholeText)
-{
-    const DrawnImage image = StatusImage::make({mouse(100)}, 20, ColourScheme::light);
-    QImage canvas((image.size + QSize(20, 0)) * magnified, QImage::Format_ARGB32_Premultiplied);
-    canvas.fill(Qt::transparent);
-    QPainter painter(&canvas);
-    painter.scale(magnified, magnified);
-    image.draw(painter, QRectF(QPointF(), image.size));
-    const int right = image.size.width() * magnified;
-    EXPECT_EQ(countInk(canvas.copy(right, 0, 20 * magnified, canvas.height())), 0);
-}
-
-TEST(StatusImage, FillsTheRectangleThatItIsDrawnInto)
-{
-    const DrawnImage image = StatusImage::make({mouse(57)}, 20, ColourScheme::light);
-    QImage canvas(image.size * 3, QImage::Format_ARGB32_Premultiplied);
-    canvas.fill(Qt::transparent);
-    QPainter painter(&canvas);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    image.draw(painter, QRectF(QPointF(image.size.width(), image.size.height()), image.size * 2));
-    const QRect destination(QPoint(image.size.width(), image.size.height()), image.size * 2);
-    EXPECT_GT(countInk(canvas.copy(destination)), 0);
-    EXPECT_EQ(countInk(canvas), countInk(canvas.copy(destination)));
-    EXPECT_EQ(countInk(canvas), countInk(image.rendered(2)));
 }
 
 TEST(TrayIcon, HasThePictureOfEachSizeOfUsualPanels)
