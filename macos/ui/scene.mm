@@ -115,7 +115,7 @@ public:
     ~MacScene() override
     {
         dismiss();
-        panel.delegate = nil;
+        panel.leave = [] {}; // the system may hold the window a little longer
     }
 
     void openPanel() override
