@@ -429,6 +429,18 @@ TEST_F(MacWindows, TheAlertIsShownInTheDefinedOrderAndBroughtToTheFrontAgain)
     EXPECT_EQ(mac.alert, first) << "it is not built again";
 }
 
+TEST_F(MacWindows, AnAlertWaitsForTheEndOfTheLaunchAndLeavesNoTimer)
+{
+    BatteryModel::launchSettled = false;
+    start({{803, 12}});
+    advance(1.3);
+    EXPECT_EQ(mac.alert, nil);
+    BatteryModel::launchSettled = true;
+    advance(1.3);
+    EXPECT_TRUE(alert().visible);
+    EXPECT_EQ(mac.activities.size(), 2U) << "the check's and the hover poller's";
+}
+
 TEST_F(MacWindows, EachOptionHidesTheAlertAndBringsAFreshOne)
 {
     start({{803, 12}});
