@@ -339,8 +339,6 @@ CFDictionaryRef CGSessionCopyCurrentDictionary()
     return mac.isLoggedIn ? (__bridge_retained CFDictionaryRef) @{} : nullptr;
 }
 
-void CFRelease(CFTypeRef object) DOES((void)(__bridge_transfer id)object);
-
 /// A format other than "%@" would read a text as one, so it is written down as it is.
 void NSLog(NSString* format, ...)
 {

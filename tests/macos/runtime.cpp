@@ -126,11 +126,10 @@ void prepareAll()
 /// The method that the class itself has, or null.
 IMP ownMethod(Class aClass, const char* name)
 {
-    for (MethodList* list = aClass->methods; list != nullptr; list = list->next) {
-        for (unsigned i = 0; i < list->count; ++i) {
-            if (std::strcmp(list->methods[i].name, name) == 0) {
-                return list->methods[i].body;
-            }
+    const MethodList* const list = aClass->methods;
+    for (unsigned i = 0; list != nullptr && i < list->count; ++i) {
+        if (std::strcmp(list->methods[i].name, name) == 0) {
+            return list->methods[i].body;
         }
     }
     return nullptr;
