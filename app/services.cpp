@@ -23,7 +23,7 @@ public:
     {
         return nullptr;
     }
-    Status status() const override { return Status::notRegistered; }
+    bool isEnabled() const override { return false; }
     std::optional<std::string> registerItem() override { return std::nullopt; }
     std::optional<std::string> unregisterItem() override { return std::nullopt; }
     void requestAuthorisation(std::uint32_t /*options*/) override { }

@@ -1,19 +1,28 @@
 #include "app/studio.h"
 
+#include "app/services.h"
+#include "app/terminal.h"
+#include "devices/battery_device.h"
+#include "snooze/snooze_alert.h"
+#include "texts/l10n.h"
+
 #include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+#include <vector>
 
 namespace voltmere {
 
-Studio::Studio(const CommandLine& commandLine, MainLoop& mainLoop)
-    : services(commandLine, Services::Reach::nothing, mainLoop)
-    , model(services.forModel())
-{
-    BatteryModel::launchSettled = true;
-    const Subscription change = model.objectWillChange.subscribe([&mainLoop] { mainLoop.stop(0); });
-    while (!model.lastChecked.get()) {
-        mainLoop.run();
-    }
-}
+namespace {
+
+/// One form of the snooze alert.
+struct AlertSample {
+    std::string name;
+    std::vector<BatteryDevice> devices;
+    bool isLow;
+};
 
 std::vector<AlertSample> alertSamples()
 {
@@ -31,6 +40,83 @@ std::vector<AlertSample> alertSamples()
              true},
             {"all-good", {device(mouse, 80), device(keyboard, 64)}, false},
             {"no-device", {}, false}};
+}
+
+void waitForReading(BatteryModel& model, MainLoop& mainLoop)
+{
+    const Subscription change = model.objectWillChange.subscribe([&mainLoop] { mainLoop.stop(0); });
+    while (!model.lastChecked.get()) {
+        mainLoop.run();
+    }
+}
+
+/// Writes pictures into one directory until one cannot be written.
+class Album {
+public:
+    Album(std::filesystem::path directory, const Drawings& drawings)
+        : directory(std::move(directory))
+        , drawings(drawings)
+    {
+    }
+
+    bool isComplete() const { return complete; }
+
+    void addAll(BatteryModel& model, ColourScheme scheme)
+    {
+        const std::string ending = scheme == ColourScheme::dark ? "-dark" : "-light";
+        drawings.choose(scheme);
+        for (const auto& [name, icon] : drawings.icons) {
+            add(name + ending, model, icon);
+        }
+        for (const AppLanguage language : {AppLanguage::zh, AppLanguage::en}) {
+            model.language = std::string(rawValue(language));
+            const std::string suffix = "-" + model.language.get() + ending;
+            add("panel" + suffix, model, drawings.panel);
+            for (const AlertSample& sample : alertSamples()) {
+                constexpr ClockTime preselected{15, 35};
+                const AlertContent content =
+                    makeAlertContent(sample.devices, sample.isLow, preselected);
+                add("alert-" + sample.name + suffix, content, drawings.alert);
+            }
+        }
+    }
+
+private:
+    void add(const std::string& name, auto& shown, const auto& draw)
+    {
+        const std::string path = directory / (name + ".png");
+        if (complete && !draw(shown, path)) {
+            std::fprintf(stderr,
+                         "voltmere: cannot write %s; check that the directory is writable\n",
+                         path.c_str());
+            complete = false;
+        }
+    }
+
+    const std::filesystem::path directory;
+    const Drawings& drawings;
+    bool complete = true;
+};
+
+} // namespace
+
+int drawPictures(const CommandLine& commandLine, MainLoop& mainLoop, const Drawings& drawings)
+{
+    Album album(commandLine.screenshotsDirectory, drawings);
+    std::error_code error;
+    std::filesystem::create_directories(commandLine.screenshotsDirectory, error);
+    if (error) {
+        std::fprintf(stderr, "voltmere: cannot make the directory %s\n",
+                     commandLine.screenshotsDirectory.c_str());
+        return exitStatus::cannotRun;
+    }
+    Services services(commandLine, Services::Reach::nothing, mainLoop);
+    BatteryModel model(services.forModel());
+    BatteryModel::launchSettled = true;
+    waitForReading(model, mainLoop);
+    album.addAll(model, ColourScheme::light);
+    album.addAll(model, ColourScheme::dark);
+    return album.isComplete() ? 0 : exitStatus::cannotRun;
 }
 
 } // namespace voltmere

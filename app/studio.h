@@ -1,32 +1,30 @@
 #pragma once
 
-#include "app/services.h"
-#include "devices/battery_device.h"
+#include "app/command_line.h"
+#include "app/platform.h"
 #include "model/battery_model.h"
+#include "ports/desktop.h"
 
+#include <functional>
+#include <map>
 #include <string>
-#include <vector>
 
 namespace voltmere {
 
-/// The program as it is drawn to pictures: one reading, settings in memory, no outside effects.
-class Studio {
-public:
-    /// Waits for the reading. `mainLoop` must outlive this object.
-    Studio(const CommandLine& commandLine, MainLoop& mainLoop);
+/// How a front end draws what the program shows. Each function but the first makes the PNG file
+/// `path`, and returns whether it could.
+struct Drawings {
+    using Draw = std::function<bool(BatteryModel& model, const std::string& path)>;
 
-    Services services;
-    BatteryModel model;
+    std::function<void(ColourScheme scheme)> choose; ///< the scheme of what is drawn next
+    std::map<std::string, Draw> icons;               ///< by the name of the picture
+    Draw panel;
+    std::function<bool(const AlertContent& content, const std::string& path)> alert;
 };
 
-/// One form of the snooze alert.
-struct AlertSample {
-    std::string name;
-    std::vector<BatteryDevice> devices;
-    bool isLow;
-};
-
-/// The forms of the snooze alert that the pictures show.
-std::vector<AlertSample> alertSamples();
+/// Draws the icons, the panel and the forms of the snooze alert for one reading, in both languages,
+/// light and dark, into the directory of the command line. Makes that directory if it is missing.
+/// Settings are in memory, and nothing outside changes. Returns the exit status.
+int drawPictures(const CommandLine& commandLine, MainLoop& mainLoop, const Drawings& drawings);
 
 } // namespace voltmere

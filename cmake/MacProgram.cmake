@@ -11,16 +11,12 @@ add_library(voltmere_macos STATIC
   macos/notifications.mm
   macos/platform.mm
   macos/run_loop.mm
-  macos/settings.mm
-  macos/single_instance.mm
   macos/ui/alert.mm
+  macos/ui/controls.mm
   macos/ui/front_end.mm
-  macos/ui/hover_controls.mm
   macos/ui/icon.mm
   macos/ui/panel.mm
-  macos/ui/panel_controller.mm
-  macos/ui/screenshots.mm
-  macos/ui/status_image.mm)
+  macos/ui/scene.mm)
 voltmere_target(voltmere_macos)
 target_compile_options(voltmere_macos PRIVATE
   -fobjc-arc -Wundeclared-selector -Wunguarded-availability)

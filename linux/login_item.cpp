@@ -105,12 +105,11 @@ LoginItem::LoginItem(const fs::path& directory, std::string program)
 {
 }
 
-LoginItemService::Status LoginItem::status() const
+bool LoginItem::isEnabled() const
 {
     const TextFile found = readTextFile(entry);
     // An empty text comes from a link to /dev/null, with which a user masks an entry.
-    return found.text.empty() || isSwitchedOff(found.text) ? Status::notRegistered
-                                                           : Status::enabled;
+    return !found.text.empty() && !isSwitchedOff(found.text);
 }
 
 std::optional<std::string> LoginItem::registerItem()

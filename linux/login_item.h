@@ -22,7 +22,7 @@ public:
     LoginItem(const std::filesystem::path& directory, std::string program);
 
     /// Either `enabled` or `notRegistered`.
-    Status status() const override;
+    bool isEnabled() const override;
     std::optional<std::string> registerItem() override;
     std::optional<std::string> unregisterItem() override;
 

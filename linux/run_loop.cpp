@@ -115,16 +115,6 @@ std::unique_ptr<Timer> QtRunLoop::scheduleRepeating(Seconds interval, Action act
     return makeTimer(interval, interval, std::move(action));
 }
 
-void QtRunLoop::postLater(Seconds delay, Action action)
-{
-    const auto place = later.emplace(later.end());
-    *place = scheduleOnce(delay, [this, place, action = std::move(action)] {
-        const std::unique_ptr<Timer> fired = std::move(*place);
-        later.erase(place);
-        action();
-    });
-}
-
 void QtRunLoop::postToMain(Action action)
 {
     QMetaObject::invokeMethod(&context, std::move(action), Qt::QueuedConnection);

@@ -5,7 +5,6 @@
 #include <QObject>
 
 #include <atomic>
-#include <list>
 #include <memory>
 
 class QCoreApplication;
@@ -25,7 +24,6 @@ public:
 
     std::unique_ptr<Timer> scheduleOnce(Seconds delay, Action action) override;
     std::unique_ptr<Timer> scheduleRepeating(Seconds interval, Action action) override;
-    void postLater(Seconds delay, Action action) override;
     void postToMain(Action action) override;
 
     /// Each piece of work gets a thread of its own, which ends with it: readings are minutes apart,
@@ -38,7 +36,6 @@ public:
 private:
     std::unique_ptr<QCoreApplication> application;
     QObject context;
-    std::list<std::unique_ptr<Timer>> later;
     std::shared_ptr<std::atomic<int>> running = std::make_shared<std::atomic<int>>(0);
 };
 

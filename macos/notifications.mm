@@ -1,6 +1,8 @@
-#include "macos/notifications.h"
+#include "app/platform.h"
 
 #include "macos/text.h"
+
+#import <UserNotifications/UserNotifications.h>
 
 #include <dispatch/dispatch.h>
 
@@ -25,7 +27,7 @@ static_assert(voltmere::presentation::banner == UNNotificationPresentationOption
         if (self.receiver == nullptr) {
             handler(0);
         } else {
-            self.receiver->willPresent([handler](std::uint32_t options) { handler(options); });
+            self.receiver->willPresent(handler);
         }
     });
 }
@@ -39,7 +41,7 @@ static_assert(voltmere::presentation::banner == UNNotificationPresentationOption
             handler();
         } else {
             self.receiver->didReceive(*self.owner, voltmere::utf8Text(response.actionIdentifier),
-                                      [handler] { handler(); });
+                                      handler);
         }
     });
 }
@@ -50,94 +52,86 @@ namespace voltmere {
 
 namespace {
 
-UNUserNotificationCenter* currentCentre(SystemLog& log)
-{
-    @try {
-        return [UNUserNotificationCenter currentNotificationCenter];
-    } @catch (NSException* exception) {
-        log.write("Voltmere: notifications need the application bundle; none are posted (" +
-                  utf8Text(exception.reason) + ")");
-        return nil;
+/// The notification centre of macOS. It knows programs by their bundle: in a process without one
+/// the log says so once, and nothing is posted. The system keeps delayed notifications, so they
+/// survive the program's end.
+class UserNotifications : public NotificationCentre {
+public:
+    explicit UserNotifications(SystemLog& log)
+    {
+        delegate.owner = this;
+        try {
+            centre = [UNUserNotificationCenter currentNotificationCenter];
+        } catch (...) { // an exception of Objective-C
+            log.write("Voltmere: notifications need the application bundle; none are posted");
+        }
     }
-}
 
-UNNotificationCategory* cocoaCategory(const NotificationCategory& category)
-{
-    NSMutableArray<UNNotificationAction*>* const actions = [NSMutableArray array];
-    for (const NotificationAction& action : category.actions) {
-        [actions
-            addObject:[UNNotificationAction actionWithIdentifier:cocoaText(action.identifier)
-                                                           title:cocoaText(action.title)
-                                                         options:action.foreground
-                                                             ? UNNotificationActionOptionForeground
-                                                             : UNNotificationActionOptionNone]];
+    ~UserNotifications() override { setDelegate(nullptr); }
+
+    void requestAuthorisation(std::uint32_t options) override
+    {
+        [centre requestAuthorizationWithOptions:options completionHandler:^(BOOL, NSError*){}];
     }
-    return [UNNotificationCategory categoryWithIdentifier:cocoaText(category.identifier)
-                                                  actions:actions
-                                        intentIdentifiers:@[]
-                                                  options:UNNotificationCategoryOptionNone];
-}
 
-UNNotificationContent* cocoaContent(const NotificationContent& content)
-{
-    UNMutableNotificationContent* const result = [[UNMutableNotificationContent alloc] init];
-    result.title = cocoaText(content.title);
-    result.body = cocoaText(content.body);
-    result.sound = content.defaultSound ? UNNotificationSound.defaultSound : nil;
-    result.categoryIdentifier = cocoaText(content.category);
-    return result;
-}
-
-/// Nil means at once. The system raises an exception for an interval of zero or below.
-UNNotificationTrigger* cocoaTrigger(const std::optional<Seconds>& delay)
-{
-    if (!delay || !(*delay > Seconds::zero())) {
-        return nil;
+    void setDelegate(NotificationCentreDelegate* receiver) override
+    {
+        delegate.receiver = receiver;
+        centre.delegate = receiver == nullptr ? nil : delegate;
     }
-    return [UNTimeIntervalNotificationTrigger triggerWithTimeInterval:delay->count() repeats:NO];
-}
+
+    void setCategories(std::vector<NotificationCategory> categories) override
+    {
+        NSMutableArray<UNNotificationCategory*>* const list = [NSMutableArray array];
+        for (const NotificationCategory& category : categories) {
+            NSMutableArray<UNNotificationAction*>* const actions = [NSMutableArray array];
+            for (const auto& [identifier, title, foreground] : category.actions) {
+                const auto options = foreground ? UNNotificationActionOptionForeground
+                                                : UNNotificationActionOptionNone;
+                [actions addObject:[UNNotificationAction actionWithIdentifier:cocoaText(identifier)
+                                                                        title:cocoaText(title)
+                                                                      options:options]];
+            }
+            [list addObject:[UNNotificationCategory
+                                categoryWithIdentifier:cocoaText(category.identifier)
+                                               actions:actions
+                                     intentIdentifiers:@[]
+                                               options:UNNotificationCategoryOptionNone]];
+        }
+        [centre setNotificationCategories:[NSSet setWithArray:list]];
+    }
+
+    void add(NotificationRequest request) override
+    {
+        UNMutableNotificationContent* const content = [[UNMutableNotificationContent alloc] init];
+        content.title = cocoaText(request.content.title);
+        content.body = cocoaText(request.content.body);
+        content.sound = request.content.defaultSound ? UNNotificationSound.defaultSound : nil;
+        content.categoryIdentifier = cocoaText(request.content.category);
+        UNNotificationTrigger* trigger = nil;  // at once
+        if (request.delay > Seconds::zero()) { // the system raises an exception for any other
+            trigger =
+                [UNTimeIntervalNotificationTrigger triggerWithTimeInterval:request.delay->count()
+                                                                   repeats:NO];
+        }
+        NSString* const identifier = cocoaText(request.identifier);
+        [centre addNotificationRequest:[UNNotificationRequest requestWithIdentifier:identifier
+                                                                            content:content
+                                                                            trigger:trigger]
+                 withCompletionHandler:nil];
+    }
+
+private:
+    UNUserNotificationCenter* centre = nil; ///< nil where the system has none for this process
+    VoltmereNotificationDelegate* const delegate = [[VoltmereNotificationDelegate alloc] init];
+};
 
 } // namespace
 
-UserNotifications::UserNotifications(SystemLog& log)
-    : centre(currentCentre(log))
-    , delegate([[VoltmereNotificationDelegate alloc] init])
+std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& /*runLoop*/,
+                                                           const Clock& /*clock*/, SystemLog& log)
 {
-    delegate.owner = this;
-}
-
-UserNotifications::~UserNotifications()
-{
-    setDelegate(nullptr);
-}
-
-void UserNotifications::requestAuthorisation(std::uint32_t options)
-{
-    [centre requestAuthorizationWithOptions:options completionHandler:^(BOOL, NSError*){}];
-}
-
-void UserNotifications::setDelegate(NotificationCentreDelegate* receiver)
-{
-    delegate.receiver = receiver;
-    centre.delegate = receiver == nullptr ? nil : delegate;
-}
-
-void UserNotifications::setCategories(std::vector<NotificationCategory> categories)
-{
-    NSMutableArray<UNNotificationCategory*>* const list = [NSMutableArray array];
-    for (const NotificationCategory& category : categories) {
-        [list addObject:cocoaCategory(category)];
-    }
-    [centre setNotificationCategories:[NSSet setWithArray:list]];
-}
-
-void UserNotifications::add(NotificationRequest request)
-{
-    [centre addNotificationRequest:[UNNotificationRequest
-                                       requestWithIdentifier:cocoaText(request.identifier)
-                                                     content:cocoaContent(request.content)
-                                                     trigger:cocoaTrigger(request.delay)]
-             withCompletionHandler:nil];
+    return std::make_unique<UserNotifications>(log);
 }
 
 } // namespace voltmere

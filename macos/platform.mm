@@ -1,10 +1,6 @@
 #include "app/platform.h"
 
-#include "macos/notifications.h"
-#include "macos/run_loop.h"
-#include "macos/settings.h"
 #include "macos/text.h"
-#include "macos/ui/front_end.h"
 #include "texts/plain_text.h"
 
 #import <ServiceManagement/ServiceManagement.h>
@@ -38,21 +34,48 @@ public:
     }
 };
 
+/// The user's settings in the defaults database, in the domain of the bundle's identifier; of a
+/// program without a bundle in the domain of its name. The system saves a change by itself. The
+/// typed getters of NSUserDefaults convert texts and cut fractions off, hence none of them here.
+class UserDefaults : public DefaultsStore {
+public:
+    std::optional<std::int64_t> integer(std::string_view key) const override
+    {
+        NSNumber* const number = [store objectForKey:cocoaText(key)];
+        if (![number isKindOfClass:NSNumber.class] ||
+            ![number isEqualToNumber:@(number.longLongValue)]) {
+            return std::nullopt;
+        }
+        return number.longLongValue;
+    }
+
+    std::optional<std::string> text(std::string_view key) const override
+    {
+        const id object = [store objectForKey:cocoaText(key)];
+        return [object isKindOfClass:NSString.class] ? std::optional(utf8Text(object))
+                                                     : std::nullopt;
+    }
+
+    void setInteger(std::string_view key, std::int64_t value) override
+    {
+        [store setInteger:static_cast<NSInteger>(value) forKey:cocoaText(key)];
+    }
+
+    void setBoolean(std::string_view key, bool value) override
+    {
+        [store setBool:value forKey:cocoaText(key)];
+    }
+
+private:
+    NSUserDefaults* const store = NSUserDefaults.standardUserDefaults;
+};
+
 /// The application itself among the system's login items. The system answers for the bundle only.
 class MainAppLoginItem : public LoginItemService {
 public:
-    Status status() const override
+    bool isEnabled() const override
     {
-        switch (SMAppService.mainAppService.status) {
-        case SMAppServiceStatusEnabled:
-            return Status::enabled;
-        case SMAppServiceStatusNotRegistered:
-            return Status::notRegistered;
-        case SMAppServiceStatusRequiresApproval:
-            return Status::requiresApproval;
-        default: // a later system may have more
-            return Status::notFound;
-        }
+        return SMAppService.mainAppService.status == SMAppServiceStatusEnabled;
     }
 
     std::optional<std::string> registerItem() override
@@ -70,23 +93,7 @@ public:
     }
 };
 
-bool isOutputClosed()
-{
-    pollfd output{STDOUT_FILENO, POLLOUT, 0};
-    return ::poll(&output, 1, 0) > 0 && (output.revents & (POLLHUP | POLLERR)) != 0;
-}
-
 } // namespace
-
-std::unique_ptr<MainLoop> makeMainLoop()
-{
-    return std::make_unique<MacRunLoop>();
-}
-
-int runFrontEnd(const CommandLine& commandLine, char** /*words*/)
-{
-    return runWindows(commandLine);
-}
 
 std::unique_ptr<SystemLog> makeSystemLog()
 {
@@ -108,12 +115,6 @@ std::unique_ptr<LoginItemService> makeLoginItemService()
     return std::make_unique<MainAppLoginItem>();
 }
 
-std::unique_ptr<NotificationCentre> makeNotificationCentre(RunLoop& /*runLoop*/,
-                                                           const Clock& /*clock*/, SystemLog& log)
-{
-    return std::make_unique<UserNotifications>(log);
-}
-
 SystemSources makeSystemSources(const std::filesystem::path& /*root*/)
 {
     return {};
@@ -127,22 +128,19 @@ std::string demoToolsDirectory()
 std::vector<Finding> describeSystem(bool verbose)
 {
     NSString* const version = NSProcessInfo.processInfo.operatingSystemVersionString;
+    const std::filesystem::path path = utf8Text(NSBundle.mainBundle.bundlePath);
+    const std::string bundle = verbose ? path.string() : path.filename().string();
     const bool bundled = NSBundle.mainBundle.bundleIdentifier != nil;
-    const std::filesystem::path bundle = utf8Text(NSBundle.mainBundle.bundlePath);
     return {{"system", "macOS " + utf8Text(version)},
-            {"bundle",
-             !bundled      ? "none: no notifications, no launch at login"
-                 : verbose ? bundle.string()
-                           : bundle.filename().string()},
-            {"settings", describeUserDefaults()}};
+            {"bundle", bundled ? bundle : "none: no notifications, no launch at login"}};
 }
 
 std::shared_ptr<void> watchForClosedOutput(std::function<void()> action)
 {
-    // The system's events for a writable output come without end.
-    constexpr Seconds interval{5};
-    return MacRunLoop().scheduleRepeating(interval, [action = std::move(action)] {
-        if (isOutputClosed()) {
+    constexpr Seconds interval{5}; // the system's events for a writable output come without end
+    return makeMainLoop()->scheduleRepeating(interval, [action = std::move(action)] {
+        pollfd output{STDOUT_FILENO, POLLOUT, 0};
+        if (::poll(&output, 1, 0) > 0 && (output.revents & (POLLHUP | POLLERR)) != 0) {
             action();
         }
     });

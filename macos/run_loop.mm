@@ -1,10 +1,11 @@
-#include "macos/run_loop.h"
+#include "app/platform.h"
 
 #import <AppKit/AppKit.h>
 
 #include <dispatch/dispatch.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <ctime>
 #include <utility>
@@ -24,7 +25,8 @@ Seconds uptime()
 
 /// An NSTimer stands still while the machine sleeps, so each wake sets it anew. It has no
 /// tolerance: a tick of the daily check that came some seconds late could fall into the next
-/// minute.
+/// minute. While it is scheduled, the system does not put the program to nap (App Nap), as it does
+/// with programs that show no window: the daily check would miss its minute.
 class SleepCountingTimer : public Timer {
 public:
     /// An interval of zero makes it fire once.
@@ -37,7 +39,11 @@ public:
             addObserverForName:NSWorkspaceDidWakeNotification
                         object:nil
                          queue:nil
-                    usingBlock:^(NSNotification*) { armAgain(); }];
+                    usingBlock:^(NSNotification*) {
+                        if (timer != nil) { // else it has fired
+                            arm();
+                        }
+                    }];
         activity = [NSProcessInfo.processInfo
             beginActivityWithOptions:NSActivityUserInitiatedAllowingIdleSystemSleep
                               reason:@"A battery check or a reminder is due at a set time"];
@@ -51,9 +57,6 @@ public:
         [NSProcessInfo.processInfo endActivity:activity];
     }
 
-    SleepCountingTimer(const SleepCountingTimer&) = delete;
-    SleepCountingTimer& operator=(const SleepCountingTimer&) = delete;
-
 private:
     void arm()
     {
@@ -63,13 +66,6 @@ private:
                                        repeats:NO
                                          block:^(NSTimer*) { fire(); }];
         [NSRunLoop.mainRunLoop addTimer:timer forMode:NSRunLoopCommonModes];
-    }
-
-    void armAgain()
-    {
-        if (timer != nil) {
-            arm();
-        }
     }
 
     void fire()
@@ -92,75 +88,83 @@ private:
     id<NSObject> activity;
 };
 
+/// The main run loop, and the application's own one where an application object exists. Its timers
+/// also fire while a menu is open or a control tracks the mouse, and outlive it.
+class MacRunLoop : public MainLoop {
+public:
+    int run() override
+    {
+        stopped = false;
+        [NSApp run];
+        while (!stopped) {
+            @autoreleasepool {
+                [NSRunLoop.mainRunLoop runMode:NSDefaultRunLoopMode
+                                    beforeDate:NSDate.distantFuture];
+            }
+        }
+        return exitStatus;
+    }
+
+    void stop(int status) override
+    {
+        stopped = true;
+        exitStatus = status;
+        // Both loops look only after an event, and a timer, which may be the caller, is none.
+        if (NSApp == nil) {
+            postToMain([] {});
+            return;
+        }
+        [NSApp stop:nil];
+        [NSApp postEvent:[NSEvent otherEventWithType:NSEventTypeApplicationDefined
+                                            location:NSMakePoint(0, 0)
+                                       modifierFlags:0
+                                           timestamp:0
+                                        windowNumber:0
+                                             context:nil
+                                             subtype:0
+                                               data1:0
+                                               data2:0]
+                 atStart:YES];
+    }
+
+    bool isBusy() const override { return *running > 0; }
+
+    std::unique_ptr<Timer> scheduleOnce(Seconds delay, Action action) override
+    {
+        return std::make_unique<SleepCountingTimer>(delay, Seconds::zero(), std::move(action));
+    }
+
+    std::unique_ptr<Timer> scheduleRepeating(Seconds interval, Action action) override
+    {
+        return std::make_unique<SleepCountingTimer>(interval, interval, std::move(action));
+    }
+
+    void postToMain(Action action) override
+    {
+        dispatch_async(dispatch_get_main_queue(), ^{ action(); });
+    }
+
+    void runInBackground(Action work) override
+    {
+        ++*running;
+        const auto counted = running;
+        dispatch_async(dispatch_get_global_queue(QOS_CLASS_UTILITY, 0), ^{
+            work();
+            --*counted;
+        });
+    }
+
+private:
+    bool stopped = false;
+    int exitStatus = 0;
+    std::shared_ptr<std::atomic<int>> running = std::make_shared<std::atomic<int>>(0);
+};
+
 } // namespace
 
-int MacRunLoop::run()
+std::unique_ptr<MainLoop> makeMainLoop()
 {
-    stopped = false;
-    [NSApp run];
-    while (!stopped) {
-        @autoreleasepool {
-            [NSRunLoop.mainRunLoop runMode:NSDefaultRunLoopMode beforeDate:NSDate.distantFuture];
-        }
-    }
-    return exitStatus;
-}
-
-void MacRunLoop::stop(int status)
-{
-    stopped = true;
-    exitStatus = status;
-    // Both loops look only after an event, and a timer, which may be the caller, is none.
-    if (NSApp == nil) {
-        postToMain([] {});
-        return;
-    }
-    [NSApp stop:nil];
-    [NSApp postEvent:[NSEvent otherEventWithType:NSEventTypeApplicationDefined
-                                        location:NSMakePoint(0, 0)
-                                   modifierFlags:0
-                                       timestamp:0
-                                    windowNumber:0
-                                         context:nil
-                                         subtype:0
-                                           data1:0
-                                           data2:0]
-             atStart:YES];
-}
-
-std::unique_ptr<Timer> MacRunLoop::scheduleOnce(Seconds delay, Action action)
-{
-    return std::make_unique<SleepCountingTimer>(delay, Seconds::zero(), std::move(action));
-}
-
-std::unique_ptr<Timer> MacRunLoop::scheduleRepeating(Seconds interval, Action action)
-{
-    return std::make_unique<SleepCountingTimer>(interval, interval, std::move(action));
-}
-
-void MacRunLoop::postLater(Seconds delay, Action action)
-{
-    const auto place = later.emplace(later.end());
-    *place = scheduleOnce(delay, [this, place, action = std::move(action)] {
-        const std::unique_ptr<Timer> fired = std::move(*place);
-        later.erase(place);
-        action();
-    });
-}
-
-void MacRunLoop::postToMain(Action action)
-{
-    dispatch_async(dispatch_get_main_queue(), ^{ action(); });
-}
-
-void MacRunLoop::runInBackground(Action work)
-{
-    ++*running;
-    const auto counted = running;
-    dispatch_async(dispatch_get_global_queue(QOS_CLASS_UTILITY, 0), ^{
-        work();
-        --*counted;
-    });
+    return std::make_unique<MacRunLoop>();
 }
 
 } // namespace voltmere

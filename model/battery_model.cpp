@@ -84,7 +84,7 @@ void BatteryModel::languageChanged()
 
 void BatteryModel::refreshLaunchAtLogin()
 {
-    const bool on = services.loginItems.status() == LoginItemService::Status::enabled;
+    const bool on = services.loginItems.isEnabled();
     if (on == launchAtLogin) {
         return;
     }
@@ -186,9 +186,11 @@ AlertPayload BatteryModel::alertPayload() const
 void BatteryModel::showSnoozeAlert(const DeviceList& lowDevices, bool isLow)
 {
     if (!launchSettled) {
-        services.runLoop.postLater(launchRetryDelay, whileAlive([this, lowDevices, isLow] {
-                                       showSnoozeAlert(lowDevices, isLow);
-                                   }));
+        const auto retry = launchRetries.emplace(launchRetries.end());
+        *retry = services.runLoop.scheduleOnce(launchRetryDelay, [this, retry, lowDevices, isLow] {
+            launchRetries.erase(retry);
+            showSnoozeAlert(lowDevices, isLow);
+        });
         return;
     }
     if (activeAlert && activeAlert->isVisible()) {

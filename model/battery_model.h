@@ -12,6 +12,7 @@
 #include "ports/time.h"
 
 #include <cstdint>
+#include <list>
 #include <memory>
 #include <optional>
 #include <set>
@@ -126,6 +127,7 @@ private:
     bool syncingLaunchAtLogin = false;
     std::unique_ptr<Timer> timer;
     std::unique_ptr<Timer> snoozeTimer;
+    std::list<std::unique_ptr<Timer>> launchRetries; ///< of alerts before `launchSettled`
     int pollTicks = 0;
     std::set<std::int64_t> alertedIDs;
     std::unique_ptr<Alert> activeAlert;

@@ -38,8 +38,12 @@ public:
     virtual ~DefaultsStore() = default;
 
     virtual std::optional<std::int64_t> integer(std::string_view key) const = 0;
-    virtual std::optional<bool> boolean(std::string_view key) const = 0;
     virtual std::optional<std::string> text(std::string_view key) const = 0;
+
+    virtual std::optional<bool> boolean(std::string_view key) const
+    {
+        return exactBoolean(integer(key));
+    }
 
     virtual void setInteger(std::string_view key, std::int64_t value) = 0;
     virtual void setBoolean(std::string_view key, bool value) = 0;

@@ -72,9 +72,6 @@ public:
     /// is destroyed. Missed periods are not made up for.
     virtual std::unique_ptr<Timer> scheduleRepeating(Seconds interval, Action action) = 0;
 
-    /// Runs `action` once after `delay`, without a handle to cancel it.
-    virtual void postLater(Seconds delay, Action action) = 0;
-
     /// Runs `action` on the main thread soon. May be called from any thread.
     virtual void postToMain(Action action) = 0;
 

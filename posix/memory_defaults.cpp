@@ -27,11 +27,6 @@ std::optional<std::int64_t> MemoryDefaults::integer(std::string_view key) const
     return std::nullopt;
 }
 
-std::optional<bool> MemoryDefaults::boolean(std::string_view key) const
-{
-    return exactBoolean(integer(key));
-}
-
 std::optional<std::string> MemoryDefaults::text(std::string_view key) const
 {
     const auto* value = find<std::string>(key);

@@ -13,7 +13,6 @@ public:
     using Value = std::variant<bool, std::int64_t, double, std::string>;
 
     std::optional<std::int64_t> integer(std::string_view key) const override;
-    std::optional<bool> boolean(std::string_view key) const override;
     std::optional<std::string> text(std::string_view key) const override;
     void setInteger(std::string_view key, std::int64_t value) override;
     void setBoolean(std::string_view key, bool value) override;

@@ -1,24 +1,18 @@
 #include "linux/ui/screenshots.h"
 
 #include "app/studio.h"
-#include "app/terminal.h"
 #include "linux/run_loop.h"
 #include "linux/ui/alert.h"
 #include "linux/ui/icon.h"
 #include "linux/ui/panel.h"
 #include "linux/ui/theme.h"
 #include "linux/ui/views.h"
-#include "snooze/snooze_alert.h"
-#include "texts/l10n.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QFile>
 #include <QPainter>
 
-#include <cstdio>
-#include <map>
-#include <utility>
+#include <string>
 
 namespace voltmere {
 
@@ -31,14 +25,6 @@ public:
     void onChange(std::function<void()> /*action*/) override { }
 
     ColourScheme scheme = ColourScheme::light;
-};
-
-/// The program without a desktop, in an appearance that the pictures choose.
-class QtStudio : public Studio {
-public:
-    using Studio::Studio;
-
-    ChosenAppearance appearance;
 };
 
 /// A drawing on a strip of the colour that a menu bar or tray panel of that scheme has.
@@ -54,71 +40,42 @@ QImage onBar(const QImage& picture, ColourScheme scheme)
     return bar;
 }
 
-using Pictures = std::map<QString, QImage>; ///< by the name of their file
-
-void drawIcons(QtStudio& studio, const QString& suffix, Pictures& pictures)
+bool save(const QImage& picture, const std::string& path)
 {
-    const ColourScheme scheme = studio.appearance.scheme;
-    const BatteryModel& model = studio.model;
-    const DrawnImage wide = StatusImage::make(model.devices, model.threshold, scheme);
-    pictures["menu-bar-" + suffix] = onBar(wide.rendered(qApp->devicePixelRatio()), scheme);
-    constexpr QSize largestTray(64, 64);
-    const QIcon tray = makeTrayIcon(iconLevel(model.devices, model.threshold));
-    pictures["tray-" + suffix] = onBar(tray.pixmap(largestTray, 1.0).toImage(), scheme);
-}
-
-void drawPanel(QtStudio& studio, const QString& suffix, Pictures& pictures)
-{
-    ContentView panel(studio.model, studio.appearance, [] {});
-    pictures["panel-" + suffix] = panel.grab().toImage();
-}
-
-void drawAlerts(QtStudio& studio, const QString& suffix, Pictures& pictures)
-{
-    constexpr ClockTime preselected{15, 35};
-    for (const AlertSample& sample : alertSamples()) {
-        SnoozeAlertWindow alert(makeAlertContent(sample.devices, sample.isLow, preselected), {},
-                                studio.appearance);
-        alert.adjustSize();
-        pictures["alert-" + asQt(sample.name) + "-" + suffix] = alert.grab().toImage();
-    }
+    return picture.save(QFile::decodeName(path.c_str()));
 }
 
 } // namespace
 
 int drawScreenshots(const CommandLine& commandLine)
 {
-    const QDir directory(QFile::decodeName(commandLine.screenshotsDirectory.c_str()));
-    if (!directory.mkpath(".")) {
-        std::fprintf(stderr, "voltmere: cannot make the directory %s\n",
-                     commandLine.screenshotsDirectory.c_str());
-        return exitStatus::cannotRun;
-    }
     QtRunLoop mainLoop;
-    QtStudio studio(commandLine, mainLoop);
-    Pictures pictures;
-    for (const auto& [scheme, name] : {std::pair(ColourScheme::light, QString("light")),
-                                       std::pair(ColourScheme::dark, QString("dark"))}) {
-        studio.appearance.scheme = scheme;
+    ChosenAppearance appearance;
+    Drawings drawings;
+    drawings.choose = [&](ColourScheme scheme) {
+        appearance.scheme = scheme;
         applyPalette(scheme);
-        drawIcons(studio, name, pictures);
-        for (const AppLanguage language : {AppLanguage::zh, AppLanguage::en}) {
-            studio.model.language = std::string(rawValue(language));
-            const QString suffix = asQt(studio.model.language) + "-" + name;
-            drawPanel(studio, suffix, pictures);
-            drawAlerts(studio, suffix, pictures);
-        }
-    }
-    for (const auto& [name, picture] : pictures) {
-        const QString path = directory.filePath(name + ".png");
-        if (!picture.save(path)) {
-            std::fprintf(stderr,
-                         "voltmere: cannot write %s; check that the directory is writable\n",
-                         qPrintable(path));
-            return exitStatus::cannotRun;
-        }
-    }
-    return 0;
+    };
+    drawings.icons["menu-bar"] = [&](const BatteryModel& model, const std::string& path) {
+        const ColourScheme scheme = appearance.scheme;
+        const DrawnImage wide = StatusImage::make(model.devices, model.threshold, scheme);
+        return save(onBar(wide.rendered(qApp->devicePixelRatio()), scheme), path);
+    };
+    drawings.icons["tray"] = [&](const BatteryModel& model, const std::string& path) {
+        constexpr QSize largestTray(64, 64);
+        const QIcon icon = makeTrayIcon(iconLevel(model.devices, model.threshold));
+        return save(onBar(icon.pixmap(largestTray, 1.0).toImage(), appearance.scheme), path);
+    };
+    drawings.panel = [&](BatteryModel& model, const std::string& path) {
+        ContentView panel(model, appearance, [] {});
+        return save(panel.grab().toImage(), path);
+    };
+    drawings.alert = [&](const AlertContent& content, const std::string& path) {
+        SnoozeAlertWindow alert(content, {}, appearance);
+        alert.adjustSize();
+        return save(alert.grab().toImage(), path);
+    };
+    return drawPictures(commandLine, mainLoop, drawings);
 }
 
 } // namespace voltmere

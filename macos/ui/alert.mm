@@ -1,9 +1,7 @@
-#include "macos/ui/alert.h"
+#include "macos/ui/front_end.h"
 
 #include "macos/text.h"
-#include "macos/ui/front_end.h"
-#include "macos/ui/hover_controls.h"
-#include "macos/ui/status_image.h"
+#include "macos/ui/controls.h"
 #include "snooze/snooze_alert.h"
 
 #include <dispatch/dispatch.h>
@@ -17,13 +15,18 @@ namespace {
 
 constexpr CGFloat fontSize = 13; // points
 
-NSTextField* makeAlertLabel(const std::string& text, NSFont* font, bool isRed)
+void fixHeight(NSView* view, CGFloat height)
+{
+    [view.heightAnchor constraintEqualToConstant:height].active = YES;
+}
+
+NSTextField* makeAlertLabel(const std::string& text, NSColor* colour = NSColor.labelColor)
 {
     NSTextField* const label = [NSTextField labelWithString:cocoaText(text)];
-    label.font = font;
+    label.font = [NSFont systemFontOfSize:fontSize];
     label.alignment = NSTextAlignmentCenter;
-    label.textColor = isRed ? NSColor.systemRedColor : NSColor.labelColor;
-    [label.heightAnchor constraintEqualToConstant:alertGeometry::labelHeight].active = YES;
+    label.textColor = colour;
+    fixHeight(label, alertGeometry::labelHeight);
     return label;
 }
 
@@ -31,8 +34,8 @@ NSTextField* makeAlertLabel(const std::string& text, NSFont* font, bool isRed)
 /// the start of the title, so the middle of a title that is too wide belongs to the name.
 NSTextField* makeTitleLabel(const NamedText& title)
 {
-    NSTextField* const label =
-        makeAlertLabel(title.whole(), [NSFont boldSystemFontOfSize:fontSize], false);
+    NSTextField* const label = makeAlertLabel(title.whole());
+    label.font = [NSFont boldSystemFontOfSize:fontSize];
     if (!title.name.empty()) {
         label.lineBreakMode = NSLineBreakByTruncatingMiddle;
         label.allowsExpansionToolTips = YES;
@@ -41,17 +44,9 @@ NSTextField* makeTitleLabel(const NamedText& title)
     return label;
 }
 
-void makeRowSized(NSView* view)
-{
-    fixWidth(view, alertGeometry::width);
-    [view.heightAnchor constraintEqualToConstant:alertGeometry::rowHeight].active = YES;
-}
-
 class NativeSnoozeAlert : public SnoozeAlert {
 public:
-    NativeSnoozeAlert(const AlertContent& content, const AlertActions& actions,
-                      MacApplication& application)
-        : application(application)
+    NativeSnoozeAlert(const AlertContent& content, const AlertActions& actions)
     {
         constexpr CGFloat iconSide = 64; // points
         alert.messageText = @"";
@@ -59,14 +54,10 @@ public:
         NSImage* const icon = AppIconAsset::appImage(iconSide);
         // Without an icon of its own an alert shows the application's.
         alert.icon = icon != nil ? icon : [[NSImage alloc] initWithSize:NSMakeSize(1, 1)];
-        [alert addButtonWithTitle:cocoaText(content.cancelTitle)];
-        connectCancel(alert.buttons.firstObject, actions);
+        addCancel(content.cancelTitle, actions);
         alert.accessoryView = makeAccessory(content, actions);
         [alert layout];
     }
-
-    NativeSnoozeAlert(const NativeSnoozeAlert&) = delete;
-    NativeSnoozeAlert& operator=(const NativeSnoozeAlert&) = delete;
 
     ~NativeSnoozeAlert() override
     {
@@ -76,26 +67,27 @@ public:
         dispatch_async(dispatch_get_main_queue(), ^{ (void)kept; });
     }
 
-    void show(RunLoop& runLoop) override
+    bool isVisible() const override { return alert.window.visible; }
+
+    void bringToFront() override
     {
-        [window() center];
-        window().level = NSFloatingWindowLevel;
-        window().hidesOnDeactivate = NO;
-        application.windowOpens();
-        application.activate();
-        [window() makeKeyAndOrderFront:nil];
+        NSWindow* const window = alert.window;
+        if (hoverPoller != nullptr) {
+            [window makeKeyAndOrderFront:nil];
+            return;
+        }
+        [window center];
+        window.level = NSFloatingWindowLevel;
+        window.hidesOnDeactivate = NO;
+        windowOpens();
+        [NSApp activateIgnoringOtherApps:YES];
+        [window makeKeyAndOrderFront:nil];
         // The system may refuse the activation; the alert then floats without the keyboard.
-        [window() orderFrontRegardless];
+        [window orderFrontRegardless];
         // The alert appears while a person may be typing: no control must take the next key.
-        [window() makeFirstResponder:nil];
-        hoverPoller = std::make_unique<HoverPoller>(window(), hoverItems, runLoop);
+        [window makeFirstResponder:nil];
+        hoverPoller = std::make_unique<HoverPoller>(window, hoverItems);
     }
-
-    NSWindow* window() const override { return alert.window; }
-
-    bool isVisible() const override { return window().visible; }
-
-    void bringToFront() override { [window() makeKeyAndOrderFront:nil]; }
 
     void orderOut() override
     {
@@ -104,44 +96,41 @@ public:
         }
         hoverPoller->stop();
         hoverPoller.reset();
-        [window() orderOut:nil];
-        application.windowCloses();
+        [alert.window orderOut:nil];
+        windowCloses();
     }
 
 private:
     /// Escape presses it, and Return presses nothing.
-    void connectCancel(NSButton* cancel, const AlertActions& actions)
+    void addCancel(const std::string& title, const AlertActions& actions)
     {
-        cancel.target = rowTargets.add(actions.cancel);
-        cancel.action = @selector(fire);
+        NSButton* const cancel = [alert addButtonWithTitle:cocoaText(title)];
+        connect(cancel, rowTargets, actions.cancel);
         cancel.keyEquivalent = @"\x1b";
         cancel.keyEquivalentModifierMask = 0;
-        if (cancel != nil) {
-            nativeHover = [[VoltmereNativeButtonHover alloc] init];
-            nativeHover.button = cancel;
-            hoverItems.push_back({cancel, nativeHover});
-        }
+        VoltmereNativeButtonHover* const nativeHover = [[VoltmereNativeButtonHover alloc] init];
+        nativeHover.button = cancel;
+        hoverItems.push_back({cancel, nativeHover});
     }
 
     NSView* makeAccessory(const AlertContent& content, const AlertActions& actions)
     {
-        NSFont* const font = [NSFont systemFontOfSize:fontSize];
         NSStackView* const stack = [NSStackView stackViewWithViews:@[
-            makeAlertLabel(content.applicationName, font, false), makeTitleLabel(content.title),
-            makeAlertLabel(content.detail, font, content.detailIsRed),
-            makeAlertLabel(content.prompt, font, false)
+            makeAlertLabel(content.applicationName), makeTitleLabel(content.title),
+            makeAlertLabel(content.detail,
+                           content.detailIsRed ? NSColor.systemRedColor : NSColor.labelColor),
+            makeAlertLabel(content.prompt)
         ]];
         stack.orientation = NSUserInterfaceLayoutOrientationVertical;
         stack.alignment = NSLayoutAttributeCenterX;
         stack.spacing = alertGeometry::spacing;
         for (std::size_t index = 0; index < content.options.size(); ++index) {
-            VoltmereHoverButton* const row = makeButton(
+            NSButton* const row = makeButton(
                 content.options[index], [choose = actions.chooseOption, index] { choose(index); });
             row.controlSize = NSControlSizeLarge;
-            makeRowSized(row);
-            [stack addArrangedSubview:row];
+            addRow(row, stack);
         }
-        [stack addArrangedSubview:makeCustomTimeRow(content, actions)];
+        addRow(makeCustomTimeRow(content, actions), stack);
 
         NSView* const container = [[NSView alloc]
             initWithFrame:NSMakeRect(0, 0, alertGeometry::width, alertGeometry::height())];
@@ -151,21 +140,26 @@ private:
         return container;
     }
 
+    static void addRow(NSView* row, NSStackView* stack)
+    {
+        fixWidth(row, alertGeometry::width);
+        fixHeight(row, alertGeometry::rowHeight);
+        [stack addArrangedSubview:row];
+    }
+
     NSView* makeCustomTimeRow(const AlertContent& content, const AlertActions& actions)
     {
         constexpr CGFloat besideColon = 3; // points
-        VoltmereHoverPopUpButton* const hour = makePopUp(content.hour);
-        VoltmereHoverPopUpButton* const minute = makePopUp(content.minute);
-        VoltmereHoverButton* const confirm =
-            makeButton(content.confirmTitle,
-                       [hour, minute, choose = actions.chooseTime, hours = content.hour.values,
-                        minutes = content.minute.values] {
-                           const auto hourChoice = selectedChoice(hour);
-                           const auto minuteChoice = selectedChoice(minute);
-                           if (hourChoice && minuteChoice) {
-                               choose(hours.at(*hourChoice), minutes.at(*minuteChoice));
-                           }
-                       });
+        NSPopUpButton* const hour = makePopUp(content.hour);
+        NSPopUpButton* const minute = makePopUp(content.minute);
+        NSButton* const confirm =
+            makeButton(content.confirmTitle, [hour, minute, content, choose = actions.chooseTime] {
+                const auto chosenHour = chosenValue(hour, content.hour);
+                const auto chosenMinute = chosenValue(minute, content.minute);
+                if (chosenHour && chosenMinute) {
+                    choose(*chosenHour, *chosenMinute);
+                }
+            });
         NSView* const caption = [NSTextField labelWithString:cocoaText(content.customTimeCaption)];
         NSView* const colon = [NSTextField labelWithString:@":"];
         NSStackView* const stack =
@@ -176,50 +170,45 @@ private:
         [stack setCustomSpacing:besideColon afterView:colon];
 
         NSView* const row = [[NSView alloc] initWithFrame:NSZeroRect];
-        makeRowSized(row);
         [row addSubview:stack];
         [stack.centerXAnchor constraintEqualToAnchor:row.centerXAnchor].active = YES;
         [stack.centerYAnchor constraintEqualToAnchor:row.centerYAnchor].active = YES;
         return row;
     }
 
-    VoltmereHoverButton* makeButton(const std::string& title, std::function<void()> action)
+    NSButton* makeButton(const std::string& title, std::function<void()> action)
     {
-        VoltmereHoverButton* const button =
-            [VoltmereHoverButton buttonWithTitle:cocoaText(title)
-                                          target:rowTargets.add(std::move(action))
-                                          action:@selector(fire)];
+        VoltmereHoverButton* const button = [VoltmereHoverButton buttonWithTitle:cocoaText(title)
+                                                                          target:nil
+                                                                          action:nil];
+        connect(button, rowTargets, std::move(action));
         button.translatesAutoresizingMaskIntoConstraints = NO;
         hoverItems.push_back({button, button});
         return button;
     }
 
-    VoltmereHoverPopUpButton* makePopUp(const PopUp<std::int64_t>& content)
+    NSPopUpButton* makePopUp(const PopUp<std::int64_t>& content)
     {
         constexpr CGFloat width = 52; // points
         VoltmereHoverPopUpButton* const popUp =
             [[VoltmereHoverPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO];
-        presentPopUp(popUp, content);
+        showChoices(popUp, content);
         fixWidth(popUp, width);
         hoverItems.push_back({popUp, popUp});
         return popUp;
     }
 
-    MacApplication& application;
-    NSAlert* const alert = [[NSAlert alloc] init];
     RowTargets rowTargets;
     std::vector<HoverPoller::Item> hoverItems;
-    VoltmereNativeButtonHover* nativeHover = nil;
     std::unique_ptr<HoverPoller> hoverPoller; ///< while the alert is on screen
 };
 
 } // namespace
 
 std::unique_ptr<SnoozeAlert> makeSnoozeAlert(const AlertContent& content,
-                                             const AlertActions& actions,
-                                             MacApplication& application)
+                                             const AlertActions& actions)
 {
-    return std::make_unique<NativeSnoozeAlert>(content, actions, application);
+    return std::make_unique<NativeSnoozeAlert>(content, actions);
 }
 
 } // namespace voltmere

@@ -1,20 +1,24 @@
 #include "macos/ui/front_end.h"
 
+#include "app/studio.h"
 #include "app/terminal.h"
-#include "macos/run_loop.h"
-#include "macos/single_instance.h"
-#include "macos/ui/alert.h"
-#include "macos/ui/icon.h"
-#include "macos/ui/panel_controller.h"
-#include "macos/ui/screenshots.h"
+#include "macos/text.h"
+#include "posix/file_descriptor.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
+
+#include <cerrno>
 #include <cstdio>
-#include <utility>
+#include <cstring>
+#include <filesystem>
+#include <system_error>
+#include <thread>
 
 /// Tells the program what the system asks of it.
 @interface VoltmereApplicationDelegate : NSObject <NSApplicationDelegate>
 @property (nonatomic) std::function<void()> launch;
-@property (nonatomic) std::function<void()> reopen;
+@property (nonatomic) std::function<void()> openPanel;
 @end
 
 @implementation VoltmereApplicationDelegate
@@ -27,7 +31,7 @@
 - (BOOL)applicationShouldHandleReopen:(NSApplication*)__unused sender
                     hasVisibleWindows:(BOOL)__unused visible
 {
-    _reopen();
+    _openPanel();
     return NO;
 }
 
@@ -42,70 +46,171 @@ namespace voltmere {
 
 namespace {
 
-class MacScene : public Scene {
+class MacFrontEnd : public FrontEnd, private Application, private AlertPresenter {
 public:
-    MacScene(BatteryModel& model, MacApplication& application, MainLoop& mainLoop)
-        : icon(model, [this] { [panel toggle]; })
-        , panel([[VoltmerePanel alloc] initWithModel:&model
-                                         application:&application
-                                                icon:icon.button()
-                                                quit:[&mainLoop] { mainLoop.stop(0); }])
+    explicit MacFrontEnd(MainLoop& mainLoop)
+        : mainLoop(mainLoop)
     {
     }
 
-    ~MacScene() override { [panel dismiss]; }
+    Application& application() override { return *this; }
+    AlertPresenter& alerts() override { return *this; }
 
-    void openPanel() override { [panel open]; }
+    std::unique_ptr<Scene> show(BatteryModel& model) override
+    {
+        return makeScene(model, [this] { mainLoop.stop(0); });
+    }
 
 private:
-    StatusLabel icon;
-    VoltmerePanel* panel;
+    void activate() override { [NSApp activateIgnoringOtherApps:YES]; }
+
+    std::unique_ptr<Alert> present(AlertContent content, AlertActions actions) override
+    {
+        auto alert = makeSnoozeAlert(content, actions);
+        alert->bringToFront();
+        return alert;
+    }
+
+    MainLoop& mainLoop;
 };
 
-/// Whether the process belongs to a session that has a screen, unlike one over a remote shell.
-bool hasWindowServer()
+NSNotificationName const openPanelName = @"org.voltmere.Voltmere.openPanel";
+
+/// Makes this process the user's one instance, for as long as `lock` exists. Returns false where
+/// another process is that; it has then been asked for its panel. Where the file in Application
+/// Support cannot be locked, the log gets a line, and each process takes itself for the one.
+bool becomeOneInstance(FileDescriptor& lock)
 {
-    const CFDictionaryRef session = CGSessionCopyCurrentDictionary();
-    if (session == nullptr) {
-        return false;
+    NSArray<NSString*>* const places =
+        NSSearchPathForDirectoriesInDomains(NSApplicationSupportDirectory, NSUserDomainMask, YES);
+    const auto directory = std::filesystem::path(utf8Text(places.firstObject)) / applicationId;
+    std::error_code ignored;
+    std::filesystem::create_directories(directory, ignored);
+    const std::filesystem::path file = directory / "instance.lock";
+    lock = FileDescriptor(::open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    if (lock && ::flock(lock.get(), LOCK_EX | LOCK_NB) == 0) {
+        return true;
     }
-    CFRelease(session);
-    return true;
+    if (errno != EWOULDBLOCK) {
+        makeSystemLog()->write("Voltmere: " + file.string() + " cannot be locked (" +
+                               std::strerror(errno) + "), so a second start runs a second time");
+        return true;
+    }
+    // Unless told otherwise, the system holds a notification back from a program that is not
+    // active.
+    [NSDistributedNotificationCenter.defaultCenter postNotificationName:openPanelName
+                                                                 object:nil
+                                                               userInfo:nil
+                                                     deliverImmediately:YES];
+    // The system may deliver it only after the call has returned, and this process is about to end.
+    // How long that takes was not measured on a Mac.
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    return false;
 }
 
-int runInMenuBar(const CommandLine& commandLine, LockedInstance& instance)
+int runInMenuBar(const CommandLine& commandLine)
 {
-    MacRunLoop mainLoop;
-    MacFrontEnd frontEnd(mainLoop);
-    VoltmereApp program(commandLine, mainLoop, frontEnd);
+    const auto mainLoop = makeMainLoop();
+    MacFrontEnd frontEnd(*mainLoop);
+    VoltmereApp program(commandLine, *mainLoop, frontEnd);
+    NSDistributedNotificationCenter* const centre = NSDistributedNotificationCenter.defaultCenter;
+    id<NSObject> observer = nil;
     // The application holds it weakly.
     VoltmereApplicationDelegate* const delegate __attribute__((objc_precise_lifetime)) =
         [[VoltmereApplicationDelegate alloc] init];
+    delegate.openPanel = [&program] { program.openPanel(); };
     delegate.launch = [&] {
         program.start();
         if (!commandLine.demo) {
-            instance.onActivation([&program] { program.openPanel(); });
+            observer = [centre addObserverForName:openPanelName
+                                           object:nil
+                                            queue:nil
+                                       usingBlock:^(NSNotification*) { program.openPanel(); }];
         }
     };
-    delegate.reopen = [&program] { program.openPanel(); };
     NSApp.delegate = delegate;
-    return program.run();
+    const int status = program.run();
+    if (observer != nil) {
+        [centre removeObserver:observer];
+    }
+    return status;
 }
+
+/// Draws the view to a PNG file, on the colour of a window.
+bool draw(NSView* view, const std::string& path)
+{
+    [view layoutSubtreeIfNeeded];
+    const NSRect bounds = view.bounds;
+    NSBitmapImageRep* const bitmap = [view bitmapImageRepForCachingDisplayInRect:bounds];
+    [view cacheDisplayInRect:bounds toBitmapImageRep:bitmap];
+    [NSGraphicsContext saveGraphicsState];
+    NSGraphicsContext.currentContext = [NSGraphicsContext graphicsContextWithBitmapImageRep:bitmap];
+    [NSApp.effectiveAppearance performAsCurrentDrawingAppearance:^{
+        [NSColor.windowBackgroundColor setFill];
+        NSRectFillUsingOperation(bounds, NSCompositingOperationDestinationOver);
+    }];
+    [NSGraphicsContext restoreGraphicsState];
+    NSData* const png = [bitmap representationUsingType:NSBitmapImageFileTypePNG properties:@{}];
+    return [png writeToFile:cocoaText(path) atomically:NO];
+}
+
+void choose(ColourScheme scheme)
+{
+    const bool isDark = scheme == ColourScheme::dark;
+    NSApp.appearance =
+        [NSAppearance appearanceNamed:isDark ? NSAppearanceNameDarkAqua : NSAppearanceNameAqua];
+}
+
+bool drawIcon(const BatteryModel& model, const std::string& path)
+{
+    NSImage* const icon = StatusImage::make(model.devices, model.threshold);
+    NSImageView* const bar = [NSImageView imageViewWithImage:icon];
+    bar.frame = NSMakeRect(0, 0, icon.size.width, icon.size.height);
+    return draw(bar, path);
+}
+
+bool drawPanel(BatteryModel& model, const std::string& path)
+{
+    const ContentView panel = makeContentView(
+        model, [] {}, [] {});
+    // Controls look as in a window only in a window.
+    NSWindow* const window __attribute__((objc_precise_lifetime)) =
+        [[NSWindow alloc] initWithContentRect:NSZeroRect
+                                    styleMask:NSWindowStyleMaskBorderless
+                                      backing:NSBackingStoreBuffered
+                                        defer:YES];
+    window.contentView = panel.view;
+    [window setContentSize:panel.view.fittingSize];
+    return draw(panel.view, path);
+}
+
+bool drawAlert(const AlertContent& content, const std::string& path)
+{
+    return draw(makeSnoozeAlert(content, {})->alert.window.contentView, path);
+}
+
+int drawScreenshots(const CommandLine& commandLine)
+{
+    return drawPictures(commandLine, *makeMainLoop(),
+                        {choose, {{"menu-bar", drawIcon}}, drawPanel, drawAlert});
+}
+
+int openWindows = 0;
 
 } // namespace
 
-void MacApplication::activate()
+std::unique_ptr<FrontEnd> makeFrontEnd(MainLoop& mainLoop)
 {
-    [NSApp activateIgnoringOtherApps:YES];
+    return std::make_unique<MacFrontEnd>(mainLoop);
 }
 
-void MacApplication::windowOpens()
+void windowOpens()
 {
     ++openWindows;
     [NSApp unhideWithoutActivation];
 }
 
-void MacApplication::windowCloses()
+void windowCloses()
 {
     --openWindows;
     if (openWindows == 0 && NSApp.active) {
@@ -113,35 +218,24 @@ void MacApplication::windowCloses()
     }
 }
 
-std::unique_ptr<Scene> MacFrontEnd::show(BatteryModel& model)
-{
-    return std::make_unique<MacScene>(model, macApplication, mainLoop);
-}
-
-std::unique_ptr<Alert> MacFrontEnd::present(AlertContent content, AlertActions actions)
-{
-    auto alert = makeSnoozeAlert(content, actions, macApplication);
-    alert->show(mainLoop);
-    return alert;
-}
-
-int runWindows(const CommandLine& commandLine)
+int runFrontEnd(const CommandLine& commandLine, char** /*words*/)
 {
     @autoreleasepool {
         const bool draws = commandLine.action == CommandLine::Action::screenshots;
-        LockedInstance instance;
-        if (!draws && !commandLine.demo &&
-            instance.isLaterStart(instanceLockPath(), *makeSystemLog())) {
+        FileDescriptor lock;
+        if (!draws && !commandLine.demo && !becomeOneInstance(lock)) {
             return 0;
         }
-        if (!hasWindowServer()) {
+        // None in a session without a screen, such as one over a remote shell.
+        const bool hasScreen = (__bridge_transfer id)CGSessionCopyCurrentDictionary() != nil;
+        if (!hasScreen) {
             std::fputs("voltmere: this session has no screen; log in at the Mac, or use --list\n",
                        stderr);
             return exitStatus::cannotRun;
         }
         [NSApplication.sharedApplication
             setActivationPolicy:NSApplicationActivationPolicyAccessory];
-        return draws ? drawScreenshots(commandLine) : runInMenuBar(commandLine, instance);
+        return draws ? drawScreenshots(commandLine) : runInMenuBar(commandLine);
     }
 }
 

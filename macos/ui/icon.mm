@@ -1,59 +1,95 @@
-#include "macos/ui/icon.h"
+#include "macos/ui/front_end.h"
 
 #include "macos/text.h"
-#include "macos/ui/redraw_scheduler.h"
-#include "macos/ui/status_image.h"
-
-static NSString* const appearanceKey = @"effectiveAppearance";
+#include "ui/icon.h"
 
 namespace voltmere {
 
-std::optional<ColourScheme> applicationScheme()
+namespace {
+
+/// The place of the bundle's resource; nil where it is missing.
+NSURL* resource(NSString* name, NSString* extension)
+{
+    return [NSBundle.mainBundle URLForResource:name withExtension:extension];
+}
+
+/// The image at `url`, which may be nil; nil where there is none, or it cannot be read.
+NSImage* imageAt(NSURL* url)
+{
+    return url == nil ? nil : [[NSImage alloc] initWithContentsOfURL:url];
+}
+
+/// An image in its own colours. `draw` runs on whichever thread draws, so it holds nothing but
+/// values.
+NSImage* imageOf(CGFloat width, CGFloat height, BOOL (^draw)(NSRect destination))
+{
+    NSImage* const image = [NSImage imageWithSize:NSMakeSize(width, height)
+                                          flipped:NO
+                                   drawingHandler:draw];
+    [image setTemplate:NO];
+    return image;
+}
+
+/// `image`, which may be nil, as a square of `side` points.
+NSImage* square(NSImage* image, CGFloat side)
+{
+    return imageOf(side, side, ^BOOL(NSRect destination) {
+        [image drawInRect:destination];
+        return YES;
+    });
+}
+
+NSImage* chosenStatusIcon()
+{
+    // A StatusIcon.png that cannot be read does not make way for StatusIcon.icns.
+    NSURL* const png = resource(@"StatusIcon", @"png");
+    NSImage* const icon = imageAt(png != nil ? png : resource(@"StatusIcon", @"icns"));
+    if (icon != nil) {
+        return icon;
+    }
+    NSImage* const appIcon = imageAt(resource(@"AppIcon", @"icns"));
+    return appIcon != nil ? appIcon : NSApp.applicationIconImage;
+}
+
+} // namespace
+
+NSImage* AppIconAsset::statusImage()
+{
+    static NSImage* const image = square(chosenStatusIcon(), IconShape::iconSide);
+    return image;
+}
+
+NSImage* AppIconAsset::appImage(CGFloat side)
+{
+    NSImage* const image = imageAt(resource(@"AppIcon", @"icns"));
+    return image == nil ? nil : square(image, side);
+}
+
+NSImage* StatusImage::make(const std::vector<BatteryDevice>& devices, std::int64_t threshold)
 {
     NSAppearanceName const match = [NSApp.effectiveAppearance
         bestMatchFromAppearancesWithNames:@[ NSAppearanceNameDarkAqua, NSAppearanceNameAqua ]];
-    if (match == nil) {
-        return std::nullopt;
-    }
     const bool isDark = [match isEqualToString:NSAppearanceNameDarkAqua];
-    return isDark ? ColourScheme::dark : ColourScheme::light;
-}
-
-StatusLabel::StatusLabel(BatteryModel& model, std::function<void()> toggle)
-    : model(model)
-    , item([NSStatusBar.systemStatusBar statusItemWithLength:NSVariableStatusItemLength])
-    , clicks([[VoltmereActionTarget alloc] initWithAction:std::move(toggle)])
-    , appearance([[VoltmereActionTarget alloc] initWithAction:[this] { redraw(); }])
-    , redraws(redrawAfterChanges(model.objectWillChange, [this] { redraw(); }))
-{
-    button().imagePosition = NSImageOnly;
-    button().target = clicks;
-    button().action = @selector(fire);
-    [button() sendActionOn:NSEventMaskLeftMouseDown | NSEventMaskRightMouseDown];
-    [NSApp addObserver:appearance forKeyPath:appearanceKey options:0 context:nullptr];
-    redraw();
-}
-
-StatusLabel::~StatusLabel()
-{
-    [NSApp removeObserver:appearance forKeyPath:appearanceKey context:nullptr];
-    [NSStatusBar.systemStatusBar removeStatusItem:item];
-}
-
-void StatusLabel::redraw()
-{
-    // A new picture may drop the button's highlight, and a new tool tip closes the open one.
-    const auto picture = std::pair(iconLevel(model.devices, model.threshold), applicationScheme());
-    if (picture != shownPicture) {
-        shownPicture = picture;
-        button().image = StatusImage::make(model.devices, model.threshold, picture.second);
-    }
-    const IconTexts texts = iconTexts(model.devices);
-    if (texts != shownTexts) {
-        shownTexts = texts;
-        button().toolTip = cocoaText(texts.toolTip);
-        [button() setAccessibilityLabel:cocoaText(texts.accessible)];
-    }
+    const ColourScheme scheme = isDark ? ColourScheme::dark : ColourScheme::light;
+    NSFont* const font = [NSFont systemFontOfSize:IconShape::fontSize];
+    const auto measure = [font](const std::string& label) {
+        const NSSize size = [cocoaText(label) sizeWithAttributes:@{NSFontAttributeName : font}];
+        return TextSize{size.width, size.height};
+    };
+    const IconShape shape = iconShape(iconLevel(devices, threshold), scheme, measure);
+    NSImage* const icon = AppIconAsset::statusImage();
+    const bool isWhite = shape.colour == LabelColour::white;
+    NSColor* const plain = isWhite ? NSColor.whiteColor : NSColor.blackColor;
+    NSColor* const ink = shape.colour == LabelColour::red ? NSColor.systemRedColor : plain;
+    NSDictionary<NSAttributedStringKey, id>* const attributes =
+        @{NSFontAttributeName : font, NSForegroundColorAttributeName : ink};
+    return imageOf(shape.width, IconShape::height, ^BOOL(NSRect) {
+        constexpr CGFloat side = IconShape::iconSide;
+        [icon drawInRect:NSMakeRect(0, IconShape::iconY, side, side)];
+        [cocoaText(shape.label) drawAtPoint:NSMakePoint(shape.labelX, shape.labelY)
+                             withAttributes:attributes];
+        return YES;
+    });
 }
 
 } // namespace voltmere

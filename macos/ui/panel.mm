@@ -1,9 +1,7 @@
-#include "macos/ui/panel.h"
+#include "macos/ui/front_end.h"
 
 #include "macos/text.h"
-#include "macos/ui/hover_controls.h"
-#include "macos/ui/redraw_scheduler.h"
-#include "macos/ui/status_image.h"
+#include "macos/ui/controls.h"
 #include "ui/panel.h"
 
 #include <optional>
@@ -43,9 +41,9 @@ NSView* makeDivider()
     return divider;
 }
 
-NSStackView* makeColumn()
+NSStackView* makeColumn(NSArray<NSView*>* views)
 {
-    NSStackView* const column = [NSStackView stackViewWithViews:@[]];
+    NSStackView* const column = [NSStackView stackViewWithViews:views];
     column.orientation = NSUserInterfaceLayoutOrientationVertical;
     column.alignment = NSLayoutAttributeLeading;
     column.spacing = panelGeometry::itemSpacing;
@@ -91,60 +89,47 @@ NSView* makeDeviceRow(const DeviceRow& device)
     return makeRow(@[ makeSymbol(device.symbol), name, makeSpacer(), level ]);
 }
 
-/// The rows and their controls. The order of their making is the order of the Tab key.
+/// The rows and their controls.
 class Rows {
 public:
     Rows(BatteryModel& model, std::function<void()> quit, std::function<void()> resized)
-        : stack(makeColumn())
-        , model(model)
+        : model(model)
         , resized(std::move(resized))
-        , content(panelContent(model))
         , redraws(redrawAfterChanges(model.objectWillChange, [this] { redraw(); }))
     {
+        using Content = PanelContent;
+        NSPopUpButton* const threshold = makePicker(&Content::threshold, model.threshold);
+        fixWidth(threshold, panelGeometry::thresholdWidth);
+        NSButton* const test = makeButton(&Content::testAlert, [&model] {
+            const AlertPayload payload = model.alertPayload();
+            model.showSnoozeAlert(payload.devices, payload.isLow);
+        });
+        stack = makeColumn(@[
+            makeHeader(), makeDivider(), makeDevices(), makeDivider(), makeRow(@[
+                makeText(&Content::warnBelow), threshold, makeText(&Content::warnSuffix),
+                makeToggle(&Content::instantAlert, model.instantEnabled), makeSpacer()
+            ]),
+            makeToggle(&Content::dailyCheck, model.enabled), makeRow(@[
+                makeText(&Content::checkTime), makeSpacer(),
+                makePicker(&Content::checkHour, model.checkHour), makeText(&Content::timeSeparator),
+                makePicker(&Content::checkMinute, model.checkMinute)
+            ]),
+            makeStatus(), test, makeToggle(&Content::launchAtLogin, model.launchAtLogin),
+            makeDivider(), makeRow(@[
+                makeButton(&Content::quit, std::move(quit)), makeSpacer(),
+                makeText(&Content::languageLabel), makePicker(&Content::language, model.language)
+            ])
+        ]);
         constexpr CGFloat padding = panelGeometry::padding;
         stack.edgeInsets = NSEdgeInsetsMake(padding, padding, padding, padding);
         fixWidth(stack, panelGeometry::width);
         stack.translatesAutoresizingMaskIntoConstraints = YES; // its window places it
-
-        using Content = PanelContent;
-        NSPopUpButton* const threshold = makePicker(&Content::threshold, model.threshold);
-        fixWidth(threshold, panelGeometry::thresholdWidth);
-        add(makeHeader());
-        add(makeDivider());
-        add(makeDevices());
-        add(makeDivider());
-        add(makeRow(@[
-            makeText(&Content::warnBelow), threshold, makeText(&Content::warnSuffix),
-            makeToggle(&Content::instantAlert, model.instantEnabled), makeSpacer()
-        ]));
-        add(makeToggle(&Content::dailyCheck, model.enabled));
-        add(makeRow(@[
-            makeText(&Content::checkTime), makeSpacer(),
-            makePicker(&Content::checkHour, model.checkHour), makeText(&Content::timeSeparator),
-            makePicker(&Content::checkMinute, model.checkMinute)
-        ]));
-        add(makeStatus());
-        add(makeButton(&Content::testAlert, [&model] {
-            const AlertPayload payload = model.alertPayload();
-            model.showSnoozeAlert(payload.devices, payload.isLow);
-        }));
-        add(makeToggle(&Content::launchAtLogin, model.launchAtLogin));
-        add(makeDivider());
-        add(makeRow(@[
-            makeButton(&Content::quit, std::move(quit)), makeSpacer(),
-            makeText(&Content::languageLabel), makePicker(&Content::language, model.language)
-        ]));
         redraw();
     }
 
-    Rows(const Rows&) = delete;
-    Rows& operator=(const Rows&) = delete;
-
-    NSStackView* const stack;
+    NSStackView* stack;
 
 private:
-    void add(NSView* row) { [stack addArrangedSubview:row]; }
-
     NSView* makeHeader()
     {
         NSTextField* const name = makeText(&PanelContent::applicationName);
@@ -161,11 +146,10 @@ private:
 
     NSView* makeDevices()
     {
-        NSStackView* const list = makeColumn();
-        updates.emplace_back([this, list, shown = std::optional<PanelContent>()]() mutable {
+        NSStackView* const list = makeColumn(@[]);
+        updates.emplace_back([this, list, shown = PanelContent()]() mutable {
             // An unchanged row stays: assistive technology may be reading it.
-            if (shown && shown->devices == content.devices &&
-                shown->emptyText == content.emptyText) {
+            if (shown.devices == content.devices && shown.emptyText == content.emptyText) {
                 return;
             }
             shown = content;
@@ -211,17 +195,16 @@ private:
 
     NSButton* makeButton(std::string PanelContent::*title, std::function<void()> action)
     {
-        NSButton* const button = [NSButton buttonWithTitle:@""
-                                                    target:targets.add(std::move(action))
-                                                    action:@selector(fire)];
+        NSButton* const button = [NSButton buttonWithTitle:@"" target:nil action:nil];
+        connect(button, rowTargets, std::move(action));
         updates.emplace_back([this, button, title] { button.title = cocoaText(content.*title); });
         return button;
     }
 
     NSButton* makeToggle(Toggle PanelContent::*toggle, Published<bool>& setting)
     {
-        NSButton* const box = [NSButton checkboxWithTitle:@"" target:nil action:@selector(fire)];
-        box.target = targets.add([box, &setting] { setting = box.state == NSControlStateValueOn; });
+        NSButton* const box = [NSButton checkboxWithTitle:@"" target:nil action:nil];
+        connect(box, rowTargets, [box, &setting] { setting = box.state == NSControlStateValueOn; });
         updates.emplace_back([this, box, toggle] {
             box.title = cocoaText((content.*toggle).title);
             box.state = (content.*toggle).isOn ? NSControlStateValueOn : NSControlStateValueOff;
@@ -233,13 +216,12 @@ private:
     NSPopUpButton* makePicker(PopUp<Value> PanelContent::*popUp, Published<Value>& setting)
     {
         NSPopUpButton* const picker = [[NSPopUpButton alloc] initWithFrame:NSZeroRect pullsDown:NO];
-        picker.target = targets.add([this, picker, popUp, &setting] {
-            if (const auto choice = selectedChoice(picker)) {
-                setting = (content.*popUp).values.at(*choice);
+        connect(picker, rowTargets, [this, picker, popUp, &setting] {
+            if (const auto choice = chosenValue(picker, content.*popUp)) {
+                setting = *choice;
             }
         });
-        picker.action = @selector(fire);
-        updates.emplace_back([this, picker, popUp] { presentPopUp(picker, content.*popUp); });
+        updates.emplace_back([this, picker, popUp] { showChoices(picker, content.*popUp); });
         return picker;
     }
 
@@ -255,7 +237,7 @@ private:
     BatteryModel& model;
     const std::function<void()> resized;
     PanelContent content; ///< as it is shown
-    RowTargets targets;
+    RowTargets rowTargets;
     std::vector<std::function<void()>> updates; ///< each brings a control in line with `content`
     Subscription redraws;
 };

@@ -33,11 +33,6 @@ public:
         return schedule(interval, interval, std::move(action));
     }
 
-    void postLater(Seconds delay, Action action) override
-    {
-        entries->push_back({nextNumber++, uptime + delay, Seconds::zero(), std::move(action)});
-    }
-
     void postToMain(Action action) override { posted.push_back(std::move(action)); }
 
     void runInBackground(Action work) override { background.push_back(std::move(work)); }

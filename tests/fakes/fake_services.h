@@ -11,13 +11,13 @@ namespace voltmere {
 /// A login-item service that does as the test says and counts what it is asked.
 class FakeLoginItems : public LoginItemService {
 public:
-    Status status() const override { return present; }
+    bool isEnabled() const override { return enabled; }
 
     std::optional<std::string> registerItem() override
     {
         ++registrations;
         if (!failure) {
-            present = afterRegistration;
+            enabled = enabledAfterRegistration;
         }
         return failure;
     }
@@ -26,13 +26,13 @@ public:
     {
         ++unregistrations;
         if (!failure) {
-            present = Status::notRegistered;
+            enabled = false;
         }
         return failure;
     }
 
-    Status present = Status::notRegistered;
-    Status afterRegistration = Status::enabled;
+    bool enabled = false;
+    bool enabledAfterRegistration = true;
     std::optional<std::string> failure; ///< what both operations fail with
     int registrations = 0;
     int unregistrations = 0;

@@ -20,11 +20,6 @@ public:
         return loop.scheduleRepeating(interval, std::move(action));
     }
 
-    void postLater(Seconds delay, Action action) override
-    {
-        loop.postLater(delay, std::move(action));
-    }
-
     void postToMain(Action action) override { loop.postToMain(std::move(action)); }
     void runInBackground(Action work) override { loop.runInBackground(std::move(work)); }
 

@@ -22,7 +22,7 @@ class LoginItemTest : public testing::Test {
 protected:
     LoginItem item() const { return {directory, program}; }
 
-    bool isOn() const { return item().status() == LoginItemService::Status::enabled; }
+    bool isOn() const { return item().isEnabled(); }
 
     /// What a failure says that concerns the entry.
     std::string atEntry(const std::string& reason) const { return entry.string() + ": " + reason; }
@@ -52,7 +52,7 @@ constexpr std::string_view written = "[Desktop Entry]\n"
 
 TEST_F(LoginItemTest, RegisteringWritesTheEntryAndUnregisteringRemovesIt)
 {
-    EXPECT_EQ(item().status(), LoginItemService::Status::notRegistered);
+    EXPECT_FALSE(isOn());
     EXPECT_EQ(item().unregisterItem(), std::nullopt);
     EXPECT_FALSE(fs::exists(directory.parent_path()));
 
@@ -63,7 +63,7 @@ TEST_F(LoginItemTest, RegisteringWritesTheEntryAndUnregisteringRemovesIt)
     EXPECT_EQ(fs::status(directory).permissions(), fs::perms{0700});
 
     EXPECT_EQ(item().unregisterItem(), std::nullopt);
-    EXPECT_EQ(item().status(), LoginItemService::Status::notRegistered);
+    EXPECT_FALSE(isOn());
     EXPECT_TRUE(fs::is_empty(directory));
 }
 

@@ -74,9 +74,8 @@ TEST_F(QtRunLoopTest, TimersCountTheTimeInWhichTheMachineSleeps)
     ASSERT_THAT(clocksOfTimers(), IsEmpty());
     const auto once = runLoop.scheduleOnce(farOff, count());
     const auto repeating = runLoop.scheduleRepeating(farOff, count());
-    runLoop.postLater(farOff, count());
 
-    EXPECT_THAT(clocksOfTimers(), ElementsAre(CLOCK_BOOTTIME, CLOCK_BOOTTIME, CLOCK_BOOTTIME));
+    EXPECT_THAT(clocksOfTimers(), ElementsAre(CLOCK_BOOTTIME, CLOCK_BOOTTIME));
 }
 
 TEST_F(QtRunLoopTest, WithoutFileDescriptorsATimerIsRefusedWithALine)
@@ -180,34 +179,6 @@ TEST_F(QtRunLoopTest, AnActionMayPutANewTimerInTheOldOnesPlace)
     EXPECT_TRUE(hasFired(3));
 }
 
-TEST_F(QtRunLoopTest, WhatIsPostedForLaterRunsOnceAndMayPostMore)
-{
-    runLoop.postLater(Seconds(0), count());
-    runLoop.postLater(soon, [this] {
-        ++fired;
-        runLoop.postLater(soon, count());
-    });
-    EXPECT_EQ(fired, 0);
-    EXPECT_TRUE(hasFired(3));
-
-    letShortTimersPass();
-    EXPECT_EQ(fired, 3);
-}
-
-TEST_F(QtRunLoopTest, WhatIsPostedForLaterGoesWithTheRunLoop)
-{
-    const auto kept = std::make_shared<int>();
-    {
-        QtRunLoop shortLived;
-        shortLived.postLater(farOff, [kept, this] { ++fired; });
-        shortLived.postLater(soon, [kept, this] { ++fired; });
-        EXPECT_EQ(kept.use_count(), 3);
-    }
-    EXPECT_EQ(kept.use_count(), 1);
-    letShortTimersPass();
-    EXPECT_EQ(fired, 0);
-}
-
 TEST_F(QtRunLoopTest, PostToMainRunsInTheNextTurnInOrder)
 {
     std::vector<int> order;
@@ -265,7 +236,6 @@ TEST_F(QtRunLoopTest, AFarOffTimerDoesNotFireNowAndKeepsNobodyBusy)
 {
     const auto hour = runLoop.scheduleOnce(farOff, count());
     const auto year = runLoop.scheduleOnce(Seconds(365.0 * 24 * 3600), count());
-    runLoop.postLater(farOff, count());
     letShortTimersPass();
 
     EXPECT_EQ(fired, 0);

@@ -33,20 +33,6 @@ static std::string drawnIn; ///< the appearance
 }
 @end
 
-void voltmere::setAppearance(NSString* name)
-{
-    mac.appearance = name;
-    const auto observers = mac.appearanceObservers;
-    for (const auto& [observer, path] : observers) {
-        if (path == "effectiveAppearance") {
-            [(__bridge id)observer observeValueForKeyPath:string(path)
-                                                 ofObject:NSApp
-                                                   change:nil
-                                                  context:nullptr];
-        }
-    }
-}
-
 // Drawing. Each step is written down.
 
 static std::string fillColour;
@@ -107,20 +93,6 @@ void NSRectFillUsingOperation(NSRect rect, NSCompositingOperation operation)
 
 NSAttributedStringKey const NSFontAttributeName = @"font";
 NSAttributedStringKey const NSForegroundColorAttributeName = @"colour";
-
-@implementation NSString (NSStringDrawing)
-/// In the system's font of 13 points a character takes 6 points, and a line 16.
-- (NSSize)sizeWithAttributes:(NSDictionary<NSAttributedStringKey, id>*)attributes
-{
-    const bool isUsual = summary([attributes objectForKey:NSFontAttributeName]) == "regular 13";
-    return NSMakeSize((isUsual ? 6.0 : 11.0) * static_cast<double>(text(self).size()), 16);
-}
-- (void)drawAtPoint:(NSPoint)point
-     withAttributes:(NSDictionary*)attributes
-    DOES(mac.drawn.push_back(text(self) + " at " + number(point.x) + " " + number(point.y) + " " +
-                             summary([attributes objectForKey:NSFontAttributeName]) + " " +
-                             summary([attributes objectForKey:NSForegroundColorAttributeName])));
-@end
 
 EMPTY(NSImageRep)
 @implementation NSBitmapImageRep
@@ -183,12 +155,6 @@ std::vector<std::string> voltmere::drawing(NSView* view)
 static NSView* root(NSView* view) RETURNS(view.superview == nil ? view : root(view.superview));
 
 @implementation NSLayoutConstraint
-+ (void)activateConstraints:(NSArray<NSLayoutConstraint*>*)constraints
-{
-    for (NSLayoutConstraint* const constraint in constraints) {
-        constraint.active = YES;
-    }
-}
 - (void)setActive:(BOOL)active
 {
     if (self.other != nil && root(self.view) != root(self.other)) {
@@ -228,9 +194,6 @@ EMPTY(NSLayoutYAxisAnchor)
     RETURNS(constraint(self, " = " + number(constant)));
 - (NSLayoutConstraint*)constraintLessThanOrEqualToConstant:(CGFloat)constant
     RETURNS(constraint(self, " <= " + number(constant)));
-- (NSLayoutConstraint*)constraintEqualToAnchor:(NSLayoutDimension*)other
-                                      constant:(CGFloat)constant
-    RETURNS(constraint(self, " = " + number(constant) + " + ", other));
 @end
 
 // Events
@@ -449,17 +412,22 @@ void voltmere::pressEscape()
     DOES(summary(bitmap) += text(rect) + "\n" + [self seen] + "\n");
 - (std::string)seen
 {
+    const bool isColumn = [self isKindOfClass:NSStackView.class] &&
+        ((NSStackView*)self).orientation == NSUserInterfaceLayoutOrientationVertical;
     std::string all = _priorities["hugging 0"] == 1 ? "~" : "";
     for (NSView* const child : _children) {
         std::string part = child.hidden ? "" : [child seen];
         for (const std::string& constraint : [child constraints]) {
             part += "{" + constraint + "}";
         }
-        all += (all.empty() || part.empty() ? "" : [self separator]) + part;
+        part += child.gapAfter == 0 ? "" : "{gap " + number(child.gapAfter) + "}";
+        part += [child class] != NSView.class || !child.translatesAutoresizingMaskIntoConstraints
+            ? ""
+            : "{autoresized}";
+        all += (all.empty() || part.empty() ? "" : isColumn ? "\n" : " ") + part;
     }
     return all;
 }
-- (std::string)separator RETURNS(" ");
 - (void)setContentHuggingPriority:(NSLayoutPriority)priority
                    forOrientation:(NSLayoutConstraintOrientation)orientation
     DOES(_priorities["hugging " + std::to_string(orientation)] = priority);
@@ -467,10 +435,8 @@ void voltmere::pressEscape()
                                  forOrientation:(NSLayoutConstraintOrientation)orientation
     DOES(_priorities["resistance " + std::to_string(orientation)] = priority);
 - (NSLayoutXAxisAnchor*)leadingAnchor RETURNS(anchor(NSLayoutXAxisAnchor.class, self, "leading"));
-- (NSLayoutXAxisAnchor*)trailingAnchor RETURNS(anchor(NSLayoutXAxisAnchor.class, self, "trailing"));
 - (NSLayoutXAxisAnchor*)centerXAnchor RETURNS(anchor(NSLayoutXAxisAnchor.class, self, "centreX"));
 - (NSLayoutYAxisAnchor*)topAnchor RETURNS(anchor(NSLayoutYAxisAnchor.class, self, "top"));
-- (NSLayoutYAxisAnchor*)bottomAnchor RETURNS(anchor(NSLayoutYAxisAnchor.class, self, "bottom"));
 - (NSLayoutYAxisAnchor*)centerYAnchor RETURNS(anchor(NSLayoutYAxisAnchor.class, self, "centreY"));
 - (NSLayoutDimension*)widthAnchor RETURNS(anchor(NSLayoutDimension.class, self, "width"));
 - (NSLayoutDimension*)heightAnchor RETURNS(anchor(NSLayoutDimension.class, self, "height"));
@@ -488,19 +454,31 @@ std::vector<id> voltmere::viewsIn(NSView* view, id itsClass)
     return all;
 }
 
-EMPTY(NSVisualEffectView)
 @implementation NSBox
 - (std::string)seen RETURNS(_boxType == NSBoxSeparator ? "---" : "box");
 @end
 
 /// Shows its subviews in their order.
 @implementation NSStackView
-- (std::string)separator RETURNS(_orientation == NSUserInterfaceLayoutOrientationVertical ? "\n"
-                                                                                          : " ");
+- (std::string)seen
+{
+    const bool isFilled = _distribution == NSStackViewDistributionFill;
+    const bool isRow = _orientation == NSUserInterfaceLayoutOrientationHorizontal;
+    const std::string insets =
+        text(NSMakeRect(_edgeInsets.top, _edgeInsets.left, _edgeInsets.bottom, _edgeInsets.right));
+    return [super seen] + (_spacing == 8 ? "" : "{spacing " + number(_spacing) + "}") +
+        (_alignment == NSLayoutAttributeLeading       ? "{leading}"
+             : _alignment == NSLayoutAttributeCenterX ? "{centreX}"
+             : _alignment == NSLayoutAttributeCenterY ? "{centreY}"
+                                                      : "") +
+        (isRow && !isFilled ? "{gravity}" : "") +
+        (insets == "0 0 0 0" ? "" : "{insets " + insets + "}");
+}
 + (instancetype)stackViewWithViews:(NSArray<NSView*>*)views
 {
     NSStackView* const stack = [[self alloc] init];
     stack.distribution = static_cast<NSStackViewDistribution>(-1); // gravity areas
+    stack.spacing = 8;
     stack.translatesAutoresizingMaskIntoConstraints = NO;
     for (NSView* const view in views) {
         [stack addArrangedSubview:view];
@@ -536,9 +514,14 @@ EMPTY(NSVisualEffectView)
 @implementation NSTextField
 - (std::string)seen
 {
-    return text(self.stringValue) + (self.font == nil ? "" : " " + summary(self.font)) +
+    const bool isCut =
+        self.lineBreakMode == NSLineBreakByTruncatingMiddle && self.allowsExpansionToolTips;
+    const std::string width = number(_preferredMaxLayoutWidth);
+    return (text(self.stringValue).empty() ? "nothing" : text(self.stringValue)) +
+        (self.font == nil ? "" : " " + summary(self.font)) +
         (_textColor == nil ? "" : " " + summary(_textColor)) +
-        (self.alignment == NSTextAlignmentCenter ? " centred" : "");
+        (self.alignment == NSTextAlignmentCenter ? " centred" : "") + (isCut ? " cut" : "") +
+        (_selectable ? " selectable" : "") + (width == "0" ? "" : " over " + width);
 }
 + (instancetype)labelWithString:(NSString*)text
 {
@@ -626,8 +609,10 @@ void voltmere::choose(NSPopUpButton* popUp, NSInteger index)
 }
 
 @implementation NSImageView
-- (std::string)seen RETURNS(
-    "(" + (summary(_image) == "drawn" ? drawing(_image).back() : summary(_image)) + ")");
+- (std::string)seen RETURNS("(" +
+                            (summary(_image) == "drawn" ? drawing(_image).back()
+                                                        : summary(_image)) +
+                            (self.isAccessibilityElement ? ", read out)" : ")"));
 + (instancetype)imageViewWithImage:(NSImage*)image
 {
     if (image == nil) {

@@ -74,7 +74,7 @@ id shared(id itsClass, const std::string& name)
 
 void note(id receiver, const std::string& call)
     DOES(mac.calls.push_back(class_getName([receiver class]) + (" " + call)));
-void raise(const std::string& reason) DOES(@throw made(NSException.class, reason));
+void raise(const std::string& reason) DOES(throw std::runtime_error(reason));
 
 /// Writes down the messages whose order tests look at.
 static void noteMessage(const std::string& className, const std::string& selector)
@@ -170,6 +170,20 @@ void dispatch_async(dispatch_queue_t queue, dispatch_block_t block) DOES(queue->
 - (BOOL)isEqualToString:(NSString*)other RETURNS(text(self) == text(other));
 - (BOOL)isEqual:(id)other RETURNS([self isEqualToString:other]);
 - (id)copyWithZone:(struct _NSZone*)zone RETURNS(self);
+/// In the system's font of 13 points a character takes 6 points, and a line 16.
+- (NSSize)sizeWithAttributes:(NSDictionary<NSAttributedStringKey, id>*)attributes
+{
+    const bool isUsual = summary([attributes objectForKey:NSFontAttributeName]) == "regular 13";
+    return NSMakeSize((isUsual ? 6.0 : 11.0) * static_cast<double>(text(self).size()), 16);
+}
+- (void)drawAtPoint:(NSPoint)point withAttributes:(NSDictionary*)attributes
+{
+    if (!text(self).empty()) {
+        mac.drawn.push_back(text(self) + " at " + number(point.x) + " " + number(point.y) + " " +
+                            summary([attributes objectForKey:NSFontAttributeName]) + " " +
+                            summary([attributes objectForKey:NSForegroundColorAttributeName]));
+    }
+}
 @end
 @implementation NSConstantString
 - (const char*)UTF8String RETURNS(_bytes);
@@ -259,7 +273,6 @@ static NSNumber* boxed(long double value)
 @end
 EMPTY(NSURL)
 ONE(NSDate, distantFuture)
-TEXT(NSException, reason)
 TEXT(NSError, localizedDescription)
 
 // The program and its user
@@ -326,8 +339,6 @@ CFDictionaryRef CGSessionCopyCurrentDictionary()
     return mac.isLoggedIn ? (__bridge_retained CFDictionaryRef) @{} : nullptr;
 }
 
-void CFRelease(CFTypeRef object) DOES((void)(__bridge_transfer id)object);
-
 /// A format other than "%@" would read a text as one, so it is written down as it is.
 void NSLog(NSString* format, ...)
 {
@@ -369,22 +380,6 @@ ONE(NSOperationQueue, mainQueue)
         post(self, name);
     }
 }
-@end
-
-@implementation NSObject (NSKeyValueObserving)
-- (void)observeValueForKeyPath:(NSString*)keyPath
-                      ofObject:(id)object
-                        change:(NSDictionary<NSKeyValueChangeKey, id>*)change
-                       context:(void*)context
-    DOES(raise("nobody handles the change of " + text(keyPath)));
-- (void)addObserver:(NSObject*)observer
-         forKeyPath:(NSString*)keyPath
-            options:(NSKeyValueObservingOptions)options
-            context:(void*)context
-    DOES(mac.appearanceObservers[(__bridge void*)observer] = text(keyPath));
-- (void)removeObserver:(NSObject*)observer
-            forKeyPath:(NSString*)keyPath
-               context:(void*)context DOES(mac.appearanceObservers.erase((__bridge void*)observer));
 @end
 
 // Time

@@ -65,7 +65,6 @@ struct Mac {
     std::set<id> activities; ///< that keep the program from napping
     std::vector<Registration> observers;
     std::vector<Registration> monitors;
-    std::map<void*, std::string> appearanceObservers; ///< each with its key path
 
     std::vector<__weak NSWindow*> windows;
     __weak NSAlert* alert; ///< the last one
@@ -117,7 +116,6 @@ void pressEscape();
 /// A mouse down in another program.
 void clickElsewhere();
 
-void setAppearance(NSString* name);
 /// What drawing puts on the screen.
 std::vector<std::string> drawing(NSImage* image);
 std::vector<std::string> drawing(NSView* view);
@@ -156,7 +154,6 @@ std::vector<id> viewsIn(NSView* view, id itsClass);
 - (std::vector<std::string>&)constraints; ///< the active ones, as texts
 /// What a person sees of it, from left to right; the rows of a column on lines of their own.
 - (std::string)seen;
-- (std::string)separator;
 @end
 @interface NSControl ()
 @property NSEventMask eventMask;

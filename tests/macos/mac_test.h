@@ -1,17 +1,18 @@
 #pragma once
 
 #include "mac.h"
-#include "macos/ui/panel_controller.h"
-#include "macos/ui/status_image.h"
+#include "macos/ui/front_end.h"
 #include "runtime.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
 
 namespace voltmere {
 
 using Lines = std::vector<std::string>;
+using testing::HasSubstr;
+using testing::StartsWith;
 
 /// A test with a Mac of its own. At its end nothing waits, and no object is left.
 class MacTest : public testing::Test {
@@ -36,7 +37,7 @@ protected:
         NSApp.appearance = nil;
         objc::drainPool();
         EXPECT_EQ(mac.timers.size() + mac.observers.size() + mac.monitors.size() +
-                      mac.activities.size() + mac.appearanceObservers.size(),
+                      mac.activities.size(),
                   0U);
         mac = Mac();
         objc::drainPool();
@@ -58,7 +59,7 @@ protected:
     static NSWindow* panel()
     {
         for (NSWindow* const window : mac.windows) {
-            if ([window isKindOfClass:VoltmerePanel.class]) {
+            if (window != nil && class_getName([window class]) == std::string("VoltmerePanel")) {
                 return window;
             }
         }

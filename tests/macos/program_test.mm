@@ -64,6 +64,14 @@ struct MacProgram : MacTest {
         return status;
     }
 
+    /// What a person does who only looks at the panel.
+    static void openPanelAndQuit()
+    {
+        settle();
+        pressIcon(); // an alert takes the keyboard from an open panel
+        press(button("Quit"));
+    }
+
     TemporaryDirectory directory;
     std::string output;
     std::string errors;
@@ -124,10 +132,10 @@ TEST_F(MacProgram, SpeaksWithTheNotificationCentre)
         EXPECT_EQ(respond("SNOOZE_60"), once);
         const Lines added = calls();
         ASSERT_EQ(added.size(), 1U);
-        EXPECT_EQ(added[0].rfind("UNUserNotificationCenter add snooze-", 0), 0U);
+        EXPECT_THAT(added[0], StartsWith("UNUserNotificationCenter add snooze-"));
         const std::string content = "|Magic Mouse battery alert|Snoozed reminder: please charge "
                                     "your mouse.|sound||in 3600";
-        EXPECT_NE(added[0].find(content), std::string::npos);
+        EXPECT_THAT(added[0], HasSubstr(content));
         EXPECT_EQ(respond("SNOOZE_CUSTOM"), once);
         EXPECT_EQ(calls(), (Lines{"NSApplication activateIgnoringOtherApps:"}));
         EXPECT_EQ(respond("unknown"), once);
@@ -144,9 +152,9 @@ TEST_F(MacProgram, SpeaksWithTheNotificationCentre)
         ASSERT_EQ(failed.size(), 3U);
         EXPECT_EQ(failed[0], "SMAppService registerAndReturnError:");
         EXPECT_EQ(failed[1], "NSLog Voltmere: 设置开机启动失败 Operation not permitted");
-        EXPECT_EQ(failed[2].rfind("UNUserNotificationCenter add launch-fail-", 0), 0U);
-        EXPECT_NE(failed[2].find("|Launch at login|Operation not permitted|silent||at once"),
-                  std::string::npos);
+        EXPECT_THAT(failed[2], StartsWith("UNUserNotificationCenter add launch-fail-"));
+        EXPECT_THAT(failed[2],
+                    HasSubstr("|Launch at login|Operation not permitted|silent||at once"));
         settle();
         press(button("Quit"));
     };
@@ -158,20 +166,18 @@ TEST_F(MacProgram, SpeaksWithTheNotificationCentre)
 TEST_F(MacProgram, SaysOnceThatItHasNoBundleAndGoesOn)
 {
     mac.hasBundle = false;
-    mac.whileRunning = [] {
-        settle();
-        pressIcon(); // the alert took the keyboard from the panel
-        press(button("Quit"));
-    };
+    mac.whileRunning = openPanelAndQuit;
     EXPECT_EQ(run({"--panel"}), 0);
     const Lines all = calls({"Button", "ImageView", "Panel", "Application", "Alert", "Bar"});
     ASSERT_EQ(all.size(), 1U);
-    EXPECT_EQ(all[0].rfind("NSLog Voltmere: notifications need the application bundle", 0), 0U);
+    EXPECT_THAT(all[0], StartsWith("NSLog Voltmere: notifications need the application bundle"));
 }
 
 TEST_F(MacProgram, OpensThePanelForASecondStartAndForFinder)
 {
-    mac.whileRunning = [this] {
+    int runs = 0;
+    mac.whileRunning = [&] {
+        ++runs;
         settle();
         const auto start = std::chrono::steady_clock::now();
         EXPECT_EQ(call({}), 0);
@@ -184,9 +190,23 @@ TEST_F(MacProgram, OpensThePanelForASecondStartAndForFinder)
         EXPECT_FALSE([NSApp.delegate applicationShouldHandleReopen:NSApp hasVisibleWindows:NO]);
         EXPECT_TRUE(panel().visible);
         settle();
+        const std::filesystem::path lock = directory / "org.voltmere.Voltmere/instance.lock";
+        EXPECT_EQ(std::filesystem::status(lock).permissions(), std::filesystem::perms(0600));
         press(button("Quit"));
     };
     EXPECT_EQ(run({}), 0);
+    EXPECT_EQ(run({}), 0);
+    EXPECT_EQ(runs, 2) << "the end frees the lock";
+}
+
+TEST_F(MacProgram, RunsWithALineInTheLogWhereItCannotKnowOfOthers)
+{
+    mac.supportDirectory = "/dev/null";
+    mac.whileRunning = openPanelAndQuit;
+    EXPECT_EQ(run({}), 0);
+    const std::string line = "NSLog Voltmere: /dev/null/org.voltmere.Voltmere/instance.lock cannot "
+                             "be locked (Not a directory), so a second start runs a second time";
+    EXPECT_EQ(calls().front(), line);
 }
 
 TEST_F(MacProgram, ADemoLeavesTheRunningInstanceAndTheOutsideAlone)
@@ -215,11 +235,11 @@ TEST_F(MacProgram, SaysWhatIsMissingInASessionWithoutAScreen)
     EXPECT_EQ(errors, "voltmere: this session has no screen; log in at the Mac, or use --list\n");
     NSApp = nil;
     EXPECT_EQ(run({"--list"}), 0);
-    EXPECT_NE(output.find("Magic Mouse"), std::string::npos) << output;
+    EXPECT_THAT(output, HasSubstr("Magic Mouse"));
     EXPECT_EQ(run({"--diagnose"}), 0);
-    EXPECT_NE(output.find("macOS Version 14.5"), std::string::npos) << output;
+    EXPECT_THAT(output, HasSubstr("macOS Version 14.5"));
     EXPECT_EQ(run({"--unknown"}), exitStatus::wrongUsage);
-    EXPECT_NE(errors.find("--unknown"), std::string::npos) << errors;
+    EXPECT_THAT(errors, HasSubstr("--unknown"));
     EXPECT_EQ(calls(), Lines());
     EXPECT_EQ(NSApp, nil);
 }
@@ -253,14 +273,14 @@ TEST_F(MacProgram, DrawsItsPicturesInBothLanguagesLightAndDark)
                             : isChinese                ? "续航哨兵"
                                                        : "Cellsentry"};
         for (const std::string& part : all) {
-            EXPECT_NE(picture.find(part), std::string::npos) << name << '\n' << picture;
+            EXPECT_THAT(picture, HasSubstr(part)) << name;
         }
     }
-    EXPECT_NE(pictures["panel-en-dark.png"].find("Magic Mouse headline ~ 12%"), std::string::npos);
-    EXPECT_NE(pictures["menu-bar-dark.png"].find("0 0 43 22"), std::string::npos);
-    EXPECT_NE(pictures["alert-one-low-en-dark.png"].find("<15>{width = 52} : <35>"),
-              std::string::npos);
-    EXPECT_NE(pictures["panel-zh-light.png"].find("0 0 320 400"), std::string::npos);
+    EXPECT_THAT(pictures["panel-en-dark.png"], HasSubstr("Magic Mouse headline cut ~ 12%"));
+    EXPECT_THAT(pictures["menu-bar-dark.png"], HasSubstr("0 0 43 22"));
+    EXPECT_THAT(pictures["alert-one-low-en-dark.png"],
+                HasSubstr("<15>{width = 52}{gap 3} :{gap 3} <35>"));
+    EXPECT_THAT(pictures["panel-zh-light.png"], HasSubstr("0 0 320 400"));
     EXPECT_EQ(mac.defaults.size(), 0U);
     EXPECT_FALSE(std::filesystem::exists(directory / "org.voltmere.Voltmere"));
     const Lines all = calls();
@@ -271,7 +291,7 @@ TEST_F(MacProgram, SaysWhichPictureItCannotWrite)
 {
     std::ofstream(directory / "file") << "x";
     EXPECT_EQ(run({"--screenshots", directory / "file" / "album"}), exitStatus::cannotRun);
-    EXPECT_EQ(errors.rfind("voltmere: cannot make the directory", 0), 0U) << errors;
+    EXPECT_THAT(errors, StartsWith("voltmere: cannot make the directory"));
     std::filesystem::create_directories(directory / "menu-bar-light.png");
     std::filesystem::create_directories(directory / "menu-bar-dark.png");
     EXPECT_EQ(run({"--screenshots", directory.path()}), exitStatus::cannotRun);

@@ -55,17 +55,11 @@ struct objc_class {
     void* unused[6];
     int** offsets; ///< where compiled code reads the offset of each instance variable
 };
-struct Category {
-    const char* name;
-    const char* className;
-    MethodList* methods;
-    MethodList* classMethods;
-};
 struct SymbolTable {
     void* selectors[2];
     unsigned short classCount;
-    unsigned short categoryCount;
-    void* definitions[1]; ///< classes, then categories
+    unsigned short categoryCount; ///< the compiler's own; the stand-ins have none
+    void* definitions[1];         ///< classes first
 };
 struct Module {
     void* description[3];
@@ -81,7 +75,6 @@ namespace {
 
 struct State {
     std::map<std::string, Class> classes;
-    std::vector<Category*> categories;
     bool prepared = false;
     std::map<std::pair<Class, const char*>, IMP> found;
     std::map<id, std::set<id*>> weakPlaces;
@@ -128,28 +121,15 @@ void prepareAll()
     for (const auto& [name, aClass] : state().classes) {
         prepare(aClass);
     }
-    const auto add = [](MethodList* list, Class aClass) {
-        if (list != nullptr) {
-            list->next = std::exchange(aClass->methods, list);
-        }
-    };
-    for (const Category* const category : state().categories) {
-        const auto owner = state().classes.find(category->className);
-        if (owner != state().classes.end()) { // the compiler adds one of no class, for protocols
-            add(category->methods, owner->second);
-            add(category->classMethods, owner->second->isa);
-        }
-    }
 }
 
 /// The method that the class itself has, or null.
 IMP ownMethod(Class aClass, const char* name)
 {
-    for (MethodList* list = aClass->methods; list != nullptr; list = list->next) {
-        for (unsigned i = 0; i < list->count; ++i) {
-            if (std::strcmp(list->methods[i].name, name) == 0) {
-                return list->methods[i].body;
-            }
+    const MethodList* const list = aClass->methods;
+    for (unsigned i = 0; list != nullptr && i < list->count; ++i) {
+        if (std::strcmp(list->methods[i].name, name) == 0) {
+            return list->methods[i].body;
         }
     }
     return nullptr;
@@ -193,103 +173,11 @@ bool isCounted(id object)
         std::strcmp(object->isa->name, "NSConstantString") != 0;
 }
 
-bool isKind(Class aClass, const char* name)
-{
-    return aClass != nullptr &&
-        (std::strcmp(aClass->name, name) == 0 || isKind(aClass->superclass, name));
-}
-
 /// The owners of a counted object, before the object in memory; 0 once it is destroyed.
 long& countOf(id object) RETURNS(reinterpret_cast<long*>(object)[-1]);
 
 /// What a message to nil does.
 id nothing(id /*receiver*/, SEL /*selector*/, ...) RETURNS(nullptr);
-
-// Exceptions. The tables of a function name the class that it catches as a text, so the
-// personality of C++ cannot read them.
-
-constexpr _Unwind_Exception_Class objectiveC = 0x564f4c544f424a43;
-
-struct Thrown {
-    _Unwind_Exception header;
-    id object;
-};
-
-/// Reads a number of variable length, and moves `place` behind it.
-long readNumber(const unsigned char*& place, bool isSigned = false)
-{
-    long value = 0;
-    int bits = 0;
-    do {
-        value |= static_cast<long>(*place & 0x7f) << bits;
-        bits += 7;
-    } while ((*place++ & 0x80) != 0);
-    return isSigned && (place[-1] & 0x40) != 0 ? value - (1L << bits) : value;
-}
-
-/// The name of the class that an entry of the table of types refers to; null for `catch (...)`.
-const char* caughtType(const unsigned char* types, unsigned char encoding, long filter)
-{
-    const long size = (encoding & 0xf) == 0xb ? 4 : 8; // DW_EH_PE_sdata4
-    const unsigned char* const entry = types - filter * size;
-    long relative = 0;
-    std::memcpy(&relative, entry, static_cast<std::size_t>(size));
-    relative = size == 4 ? static_cast<int>(relative) : relative;
-    const char* name = nullptr;
-    if (relative != 0) {
-        std::memcpy(&name, entry + relative, sizeof name);
-    }
-    return name;
-}
-
-struct LandingPad {
-    _Unwind_Ptr address = 0;
-    long filter = 0; ///< which of the types is caught; 0 to clean up only
-    bool takesObject = false;
-};
-
-/// Where `object` goes on in this frame of the stack, by the table that clang wrote.
-LandingPad findLandingPad(id object, _Unwind_Context* context)
-{
-    const auto* place = static_cast<const unsigned char*>(_Unwind_GetLanguageSpecificData(context));
-    if (place == nullptr) {
-        return {};
-    }
-    const unsigned char encoding = place[1];
-    place += 2;
-    const long typesAfter = encoding == 0xff ? 0 : readNumber(place); // DW_EH_PE_omit
-    const unsigned char* const types = place + typesAfter;
-    const long callSitesSize = readNumber(++place);
-    const unsigned char* const actions = place + callSitesSize;
-    const _Unwind_Ptr start = _Unwind_GetRegionStart(context);
-    const auto position = static_cast<long>(_Unwind_GetIP(context) - 1 - start);
-    long first = 0;
-    long pad = 0;
-    long action = 0;
-    for (long end = 0; place < actions && position >= end;) {
-        first = readNumber(place);
-        end = first + readNumber(place);
-        pad = readNumber(place);
-        action = readNumber(place);
-    }
-    if (pad == 0 || position < first) {
-        return {};
-    }
-    const _Unwind_Ptr address = start + static_cast<_Unwind_Ptr>(pad);
-    const unsigned char* record = actions + action - 1;
-    for (bool more = action != 0; more;) {
-        const long filter = readNumber(record, true);
-        const unsigned char* const next = record;
-        const long distance = readNumber(record, true);
-        more = distance != 0;
-        record = next + distance;
-        const char* const caught = filter > 0 ? caughtType(types, encoding, filter) : "";
-        if (caught == nullptr || isKind(object->isa, caught)) {
-            return {address, filter, caught != nullptr};
-        }
-    }
-    return {address, 0, false};
-}
 
 } // namespace
 
@@ -301,10 +189,6 @@ void __objc_exec_class(Module* module)
     for (int i = 0; i < symbols.classCount; ++i) {
         const auto aClass = static_cast<Class>(symbols.definitions[i]);
         state().classes[aClass->name] = aClass;
-    }
-    for (int i = 0; i < symbols.categoryCount; ++i) {
-        void* const category = symbols.definitions[symbols.classCount + i];
-        state().categories.push_back(static_cast<Category*>(category));
     }
 }
 
@@ -342,7 +226,14 @@ IMP objc_msg_lookup_super_stret(objc_super*, SEL) SAME_AS(objc_msg_lookup_super)
 
 // For the root class.
 
-bool voltmere_isKind(id object, Class wanted) RETURNS(isKind(object->isa, wanted->name));
+bool voltmere_isKind(id object, Class wanted)
+{
+    Class aClass = object->isa;
+    while (aClass != nullptr && aClass != wanted) {
+        aClass = aClass->superclass;
+    }
+    return aClass != nullptr;
+}
 
 id voltmere_allocate(Class aClass)
 {
@@ -457,38 +348,11 @@ void objc_setPropertyStruct(void*, const void*, long, bool, bool) SAME_AS(objc_g
 
 void objc_enumerationMutation(id object) DOES(die("changed while enumerated", object));
 
-[[noreturn]] void objc_exception_throw(id object)
-{
-    static Thrown thrown; // one at a time; the object belongs to a pool
-    thrown = {{}, object};
-    thrown.header.exception_class = objectiveC;
-    _Unwind_RaiseException(&thrown.header);
-    die("nobody catches this", object);
-}
-
+/// Nothing of Objective-C is thrown here, so each exception is one of C++.
 _Unwind_Reason_Code __gnu_objc_personality_v0(int version, _Unwind_Action actions,
                                               _Unwind_Exception_Class kind,
                                               _Unwind_Exception* header, _Unwind_Context* context)
-{
-    if (kind != objectiveC) {
-        return __gxx_personality_v0(version, actions, kind, header, context);
-    }
-    const id object = reinterpret_cast<Thrown*>(header)->object;
-    const LandingPad pad = findLandingPad(object, context);
-    const bool isSearch = (actions & _UA_SEARCH_PHASE) != 0;
-    if (pad.address == 0 || (isSearch && pad.filter == 0)) {
-        return _URC_CONTINUE_UNWIND;
-    }
-    if (isSearch) {
-        return _URC_HANDLER_FOUND;
-    }
-    const void* const passed = pad.takesObject ? static_cast<void*>(object) : header;
-    _Unwind_SetGR(context, __builtin_eh_return_data_regno(0),
-                  reinterpret_cast<_Unwind_Ptr>(passed));
-    _Unwind_SetGR(context, __builtin_eh_return_data_regno(1), static_cast<_Unwind_Ptr>(pad.filter));
-    _Unwind_SetIP(context, pad.address);
-    return _URC_INSTALL_CONTEXT;
-}
+    RETURNS(__gxx_personality_v0(version, actions, kind, header, context));
 
 } // extern "C"
 

@@ -111,10 +111,10 @@ public:
     {
     }
 
-    Status status() const override
+    bool isEnabled() const override
     {
         events.push_back("login item, language " + L10n::setting);
-        return FakeLoginItems::status();
+        return FakeLoginItems::isEnabled();
     }
 
 private:

@@ -9,13 +9,12 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::MatchesRegex;
 using testing::SizeIs;
-using Status = LoginItemService::Status;
 
 class LaunchAtLoginTest : public testing::Test {
 protected:
     BatteryModel& startRegistered()
     {
-        world.loginItems.present = Status::enabled;
+        world.loginItems.enabled = true;
         return world.start();
     }
 
@@ -31,12 +30,8 @@ TEST_F(LaunchAtLoginTest, StartUpWithTheItemRegisteredShowsOnWithoutRegistering)
     EXPECT_EQ(world.loginItems.unregistrations, 0);
 }
 
-class LaunchAtLoginOffTest : public LaunchAtLoginTest,
-                             public testing::WithParamInterface<Status> { };
-
-TEST_P(LaunchAtLoginOffTest, EveryOtherStatusShowsOffWithoutUnregistering)
+TEST_F(LaunchAtLoginTest, AnyOtherStateShowsOffWithoutUnregistering)
 {
-    world.loginItems.present = GetParam();
     const BatteryModel& model = world.start();
 
     EXPECT_FALSE(model.launchAtLogin);
@@ -44,9 +39,9 @@ TEST_P(LaunchAtLoginOffTest, EveryOtherStatusShowsOffWithoutUnregistering)
     EXPECT_EQ(world.loginItems.unregistrations, 0);
 }
 
-TEST_P(LaunchAtLoginOffTest, ASuccessThatEndsInAnotherStatusTurnsBackOffInSilence)
+TEST_F(LaunchAtLoginTest, ASuccessThatStillWantsApprovalTurnsBackOffInSilence)
 {
-    world.loginItems.afterRegistration = GetParam();
+    world.loginItems.enabledAfterRegistration = false;
     BatteryModel& model = world.start();
 
     model.launchAtLogin = true;
@@ -57,10 +52,6 @@ TEST_P(LaunchAtLoginOffTest, ASuccessThatEndsInAnotherStatusTurnsBackOffInSilenc
     EXPECT_THAT(world.log.lines, IsEmpty());
     EXPECT_THAT(world.notifications.requests, IsEmpty());
 }
-
-INSTANTIATE_TEST_SUITE_P(Statuses, LaunchAtLoginOffTest,
-                         testing::Values(Status::notRegistered, Status::requiresApproval,
-                                         Status::notFound));
 
 TEST_F(LaunchAtLoginTest, TurningItOnRegistersAndTurningItOffUnregistersAndNothingIsSaved)
 {
@@ -149,7 +140,7 @@ TEST_F(LaunchAtLoginTest, AFailureWhoseOutcomeIsEnabledAllTheSameLeavesTheSwitch
 {
     BatteryModel& model = world.start();
     world.loginItems.failure = "Already registered";
-    world.loginItems.present = Status::enabled;
+    world.loginItems.enabled = true;
 
     model.launchAtLogin = true;
 
@@ -175,11 +166,11 @@ TEST_F(LaunchAtLoginTest, RefreshFollowsTheServiceWithoutChangingIt)
 {
     BatteryModel& model = world.start();
 
-    world.loginItems.present = Status::enabled;
+    world.loginItems.enabled = true;
     model.refreshLaunchAtLogin();
     EXPECT_TRUE(model.launchAtLogin);
 
-    world.loginItems.present = Status::requiresApproval;
+    world.loginItems.enabled = false;
     model.refreshLaunchAtLogin();
     EXPECT_FALSE(model.launchAtLogin);
 
@@ -197,7 +188,7 @@ TEST_F(LaunchAtLoginTest, RefreshAnnouncesNothingWhenTheFlagAlreadyAgrees)
     model.refreshLaunchAtLogin();
     EXPECT_EQ(announcements, 0);
 
-    world.loginItems.present = Status::notFound;
+    world.loginItems.enabled = false;
     model.refreshLaunchAtLogin();
     EXPECT_EQ(announcements, 1);
 }
@@ -215,7 +206,7 @@ TEST_F(LaunchAtLoginTest, SettingItWhileTheModelSyncsChangesThePublishedValueOnl
         }
     });
 
-    world.loginItems.present = Status::enabled;
+    world.loginItems.enabled = true;
     model.refreshLaunchAtLogin();
 
     EXPECT_THAT(valuesAfter, ElementsAre(true));

@@ -88,7 +88,7 @@ public:
         languages.wanted = {beginning.prefersChinese ? "zh-Hant-TW" : "de-DE"};
         L10n::usePreferredLanguages(&languages);
         if (beginning.registeredAtLogin) {
-            world.loginItems.present = LoginItemService::Status::enabled;
+            world.loginItems.enabled = true;
         }
         world.names.whileReading = [this] { happened("names read"); };
         const auto reader = std::make_shared<DeviceReader>(
@@ -140,11 +140,9 @@ public:
 
     void setLoginService(LoginService behaviour) override
     {
-        using Status = LoginItemService::Status;
         world.loginItems.failure =
             behaviour == LoginService::fails ? std::optional<std::string>("Not now") : std::nullopt;
-        world.loginItems.afterRegistration =
-            behaviour == LoginService::wantsApproval ? Status::requiresApproval : Status::enabled;
+        world.loginItems.enabledAfterRegistration = behaviour != LoginService::wantsApproval;
     }
 
     void setLaunchAtLogin(bool value) override

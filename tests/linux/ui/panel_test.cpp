@@ -203,7 +203,7 @@ TEST_F(ContentViewTest, AppearingAsksForTheLoginItemAndThenForAReadingOnce)
 {
     startModel();
     ContentView panel(model(), appearance, [] {});
-    world.loginItems.present = LoginItemService::Status::enabled;
+    world.loginItems.enabled = true;
     std::vector<std::size_t> readingsBefore;
     const auto subscription = model().objectWillChange.subscribe(
         [&] { readingsBefore.push_back(world.runLoop.background.size()); });

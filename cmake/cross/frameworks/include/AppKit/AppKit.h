@@ -171,8 +171,6 @@ enum NSLayoutAttribute : NSInteger {
 };
 
 @interface NSLayoutConstraint : NSObject
-// + (void)activateConstraints:(NSArray<NSLayoutConstraint *> *)constraints; macOS 10.10
-+ (void)activateConstraints:(NSArray<NSLayoutConstraint*>*)constraints;
 // @property (getter=isActive) BOOL active; macOS 10.10
 @property (getter=isActive) BOOL active;
 @end
@@ -191,9 +189,6 @@ enum NSLayoutAttribute : NSInteger {
 - (NSLayoutConstraint*)constraintEqualToConstant:(CGFloat)constant;
 // - (NSLayoutConstraint *)constraintLessThanOrEqualToConstant:(CGFloat)c;
 - (NSLayoutConstraint*)constraintLessThanOrEqualToConstant:(CGFloat)constant;
-// - (NSLayoutConstraint *)constraintEqualToAnchor:(NSLayoutDimension *)anchor constant:(CGFloat)c;
-- (NSLayoutConstraint*)constraintEqualToAnchor:(NSLayoutDimension*)anchor
-                                      constant:(CGFloat)constant;
 @end
 
 // Events
@@ -427,10 +422,8 @@ enum : NSWindowCollectionBehavior {
                                  forOrientation:(NSLayoutConstraintOrientation)orientation;
 // @property (readonly, strong) NSLayoutXAxisAnchor *leadingAnchor, and its like; macOS 10.11
 @property (readonly, strong) NSLayoutXAxisAnchor* leadingAnchor;
-@property (readonly, strong) NSLayoutXAxisAnchor* trailingAnchor;
 @property (readonly, strong) NSLayoutXAxisAnchor* centerXAnchor;
 @property (readonly, strong) NSLayoutYAxisAnchor* topAnchor;
-@property (readonly, strong) NSLayoutYAxisAnchor* bottomAnchor;
 @property (readonly, strong) NSLayoutYAxisAnchor* centerYAnchor;
 @property (readonly, strong) NSLayoutDimension* widthAnchor;
 @property (readonly, strong) NSLayoutDimension* heightAnchor;
@@ -438,14 +431,6 @@ enum : NSWindowCollectionBehavior {
 - (void)setAccessibilityLabel:(nullable NSString*)label;
 // - (void)setAccessibilityElement:(BOOL)accessibilityElement, of NSAccessibility; macOS 10.10
 - (void)setAccessibilityElement:(BOOL)element;
-@end
-
-// NSVisualEffectView; macOS 10.10, NSVisualEffectMaterialPopover 10.11
-enum NSVisualEffectMaterial : NSInteger { NSVisualEffectMaterialPopover = 6 };
-enum NSVisualEffectState : NSInteger { NSVisualEffectStateActive = 1 };
-@interface NSVisualEffectView : NSView
-@property NSVisualEffectMaterial material;
-@property NSVisualEffectState state;
 @end
 
 // NSBoxSeparator = 2; macOS 10.0

@@ -22,11 +22,7 @@ typedef struct CGPoint CGPoint;
 typedef struct CGSize CGSize;
 typedef struct CGRect CGRect;
 
-typedef const void* CFTypeRef;
 typedef const struct __CFDictionary* CFDictionaryRef;
-
-// void CFRelease(CFTypeRef cf), of CoreFoundation; macOS 10.0
-extern "C" void CFRelease(CFTypeRef object);
 
 // CFDictionaryRef CGSessionCopyCurrentDictionary(void); null for a caller outside a session of the
 // window server; the caller releases the result; macOS 10.3

@@ -202,12 +202,6 @@ extern "C" void objc_enumerationMutation(id object);
 @property (class, readonly, copy) NSDate* distantFuture;
 @end
 
-// NSException; macOS 10.0
-@interface NSException : NSObject
-// @property (nullable, readonly, copy) NSString *reason;
-@property (nullable, readonly, copy) NSString* reason;
-@end
-
 @interface NSError : NSObject
 // @property (readonly, copy) NSString *localizedDescription; macOS 10.0
 @property (readonly, copy) NSString* localizedDescription;
@@ -337,31 +331,6 @@ extern "C" NSRunLoopMode const NSRunLoopCommonModes;
 // - (BOOL)runMode:(NSRunLoopMode)mode beforeDate:(NSDate *)limitDate; returns after one source
 // other than a timer was handled, the main queue included; NO without any source; macOS 10.0
 - (BOOL)runMode:(NSRunLoopMode)mode beforeDate:(NSDate*)limit;
-@end
-
-// Key-value observing; macOS 10.3
-typedef NSString* NSKeyValueChangeKey;
-typedef NSUInteger NSKeyValueObservingOptions;
-
-@interface NSObject (NSKeyValueObserving)
-// - (void)observeValueForKeyPath:(NSString *)keyPath ofObject:(id)object
-//                         change:(NSDictionary<NSKeyValueChangeKey, id> *)change
-//                        context:(void *)context;
-- (void)observeValueForKeyPath:(nullable NSString*)keyPath
-                      ofObject:(nullable id)object
-                        change:(nullable NSDictionary<NSKeyValueChangeKey, id>*)change
-                       context:(nullable void*)context;
-// - (void)addObserver:(NSObject *)observer forKeyPath:(NSString *)keyPath
-//             options:(NSKeyValueObservingOptions)options context:(void *)context;
-- (void)addObserver:(NSObject*)observer
-         forKeyPath:(NSString*)keyPath
-            options:(NSKeyValueObservingOptions)options
-            context:(nullable void*)context;
-// - (void)removeObserver:(NSObject *)observer forKeyPath:(NSString *)keyPath
-//                context:(void *)context; macOS 10.7
-- (void)removeObserver:(NSObject*)observer
-            forKeyPath:(NSString*)keyPath
-               context:(nullable void*)context;
 @end
 
 #pragma clang assume_nonnull end

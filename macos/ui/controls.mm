@@ -1,6 +1,8 @@
-#include "macos/ui/hover_controls.h"
+#include "macos/ui/controls.h"
 
-#include "macos/text.h"
+#include "app/platform.h"
+
+#include <dispatch/dispatch.h>
 
 #include <algorithm>
 #include <utility>
@@ -20,14 +22,6 @@
 {
     VoltmereActionTarget* const kept __attribute__((objc_precise_lifetime)) = self;
     kept->_action();
-}
-
-- (void)observeValueForKeyPath:(NSString*)__unused keyPath
-                      ofObject:(id)__unused object
-                        change:(NSDictionary<NSKeyValueChangeKey, id>*)__unused change
-                       context:(void*)__unused context
-{
-    [self fire];
 }
 
 @end
@@ -91,10 +85,11 @@
 
 namespace voltmere {
 
-VoltmereActionTarget* RowTargets::add(std::function<void()> action)
+void connect(NSControl* control, RowTargets& targets, std::function<void()> action)
 {
     targets.push_back([[VoltmereActionTarget alloc] initWithAction:std::move(action)]);
-    return targets.back();
+    control.target = targets.back();
+    control.action = @selector(fire);
 }
 
 void fixWidth(NSView* view, CGFloat width)
@@ -103,30 +98,26 @@ void fixWidth(NSView* view, CGFloat width)
     [view.widthAnchor constraintEqualToConstant:width].active = YES;
 }
 
-void presentChoices(NSPopUpButton* popUp, const std::string& name,
-                    const std::vector<std::string>& titles, std::optional<std::size_t> selected)
+Subscription redrawAfterChanges(ChangeAnnouncer& announcer, std::function<void()> redraw)
 {
-    NSMutableArray<NSString*>* const texts = [NSMutableArray array];
-    for (const std::string& title : titles) {
-        [texts addObject:cocoaText(title)];
-    }
-    if (![popUp.itemTitles isEqualToArray:texts]) {
-        [popUp removeAllItems];
-        [popUp addItemsWithTitles:texts];
-    }
-    [popUp setAccessibilityLabel:cocoaText(name)];
-    [popUp selectItemAtIndex:selected ? static_cast<NSInteger>(*selected) : -1];
+    auto pending = std::make_shared<bool>(false);
+    return announcer.subscribe([pending, redraw = std::move(redraw)] {
+        if (std::exchange(*pending, true)) {
+            return;
+        }
+        const std::weak_ptr<bool> later = pending;
+        dispatch_async(dispatch_get_main_queue(), ^{
+            if (const auto existing = later.lock()) {
+                *existing = false;
+                redraw();
+            }
+        });
+    });
 }
 
-std::optional<std::size_t> selectedChoice(NSPopUpButton* popUp)
-{
-    const NSInteger index = popUp.indexOfSelectedItem;
-    return index < 0 ? std::nullopt : std::optional(static_cast<std::size_t>(index));
-}
-
-HoverPoller::HoverPoller(NSWindow* window, std::vector<Item> givenItems, RunLoop& runLoop)
+HoverPoller::HoverPoller(NSWindow* window, std::vector<Item> givenItems)
     : items(std::move(givenItems))
-    , timer(runLoop.scheduleRepeating(interval, [this] { refresh(); }))
+    , timer(makeMainLoop()->scheduleRepeating(Seconds(0.12), [this] { refresh(); }))
     , window(window)
 {
     refresh();
