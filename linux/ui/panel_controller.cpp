@@ -131,13 +131,27 @@ void PanelController::closeWithoutKeyboard()
 
 void PanelController::place(const QRect& icon)
 {
-    const QRect anchor = icon.isEmpty() ? QRect(QCursor::pos(), QCursor::pos()) : icon;
+    anchor = icon.isEmpty() ? QRect(QCursor::pos(), QCursor::pos()) : icon;
     panel->adjustSize();
     if (standInLayer(*panel, trayCorner(qEnvironmentVariable("XDG_CURRENT_DESKTOP")))) {
         closeOnClickElsewhere(*panel);
         return;
     }
+    panel->installEventFilter(this);
+    moveToAnchor();
+}
+
+void PanelController::moveToAnchor()
+{
     panel->move(placePanel(anchor, panel->size(), screenAt(anchor.center())->availableGeometry()));
+}
+
+bool PanelController::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Resize) { // the reading that follows may find more devices
+        moveToAnchor();
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 } // namespace voltmere

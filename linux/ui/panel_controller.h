@@ -58,9 +58,12 @@ public:
 private:
     void closeWithoutKeyboard();
     void place(const QRect& icon);
+    void moveToAnchor();
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
     std::function<std::unique_ptr<QWidget>()> makePanel;
     QPointer<QWidget> panel;
+    QRect anchor; ///< the icon, or the pointer, at which the panel has opened
     bool ordinaryWindow = false;
     std::function<Uptime()> uptime;
     std::optional<Uptime> menuAskedFor;

@@ -117,6 +117,18 @@ TEST_F(PanelControllerTest, ThePanelOpensBelowItsIconElseBelowThePointerAndAlway
     }
 }
 
+TEST_F(PanelControllerTest, APanelThatGrowsAboveItsIconKeepsClearOfTheIcon)
+{
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    const QRect icon(screen.center().x(), screen.bottom() - 40, 22, 22);
+    controller->open(icon);
+    EXPECT_EQ(panel()->geometry().bottom(), icon.top() - 1);
+
+    panel()->resize(panelSize + QSize(0, 60));
+    EXPECT_EQ(panel()->size(), panelSize + QSize(0, 60));
+    EXPECT_EQ(panel()->geometry().bottom(), icon.top() - 1);
+}
+
 TEST_F(PanelControllerTest, ThePanelStaysInFrontWithoutAFrameAndWithTheProgramsIcon)
 {
     controller->open(iconAtTop);
