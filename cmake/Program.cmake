@@ -31,7 +31,6 @@ add_library(voltmere_ui STATIC
   linux/ui/images.cpp
   linux/ui/panel.cpp
   linux/ui/panel_controller.cpp
-  linux/ui/screenshots.cpp
   linux/ui/theme.cpp
   linux/ui/views.cpp)
 set_target_properties(voltmere_ui PROPERTIES AUTOMOC ON)

@@ -1,9 +1,7 @@
 #include "texts/plain_text.h"
 
 #include <array>
-#include <cstdint>
 #include <cstdio>
-#include <cstring>
 
 namespace voltmere {
 
@@ -28,23 +26,6 @@ constexpr bool readLead(unsigned char byte, Lead& lead)
         return false;
     }
     return true;
-}
-
-/// The number of bytes at the start of `text` that are ASCII, counted eight at a time.
-std::size_t asciiPrefix(std::string_view text)
-{
-    constexpr std::uint64_t highBits = 0x8080808080808080U;
-    std::size_t count = 0;
-    for (std::uint64_t word = 0; count + sizeof word <= text.size(); count += sizeof word) {
-        std::memcpy(&word, text.data() + count, sizeof word);
-        if ((word & highBits) != 0) {
-            break;
-        }
-    }
-    while (count < text.size() && static_cast<unsigned char>(text[count]) < 0x80) {
-        ++count;
-    }
-    return count;
 }
 
 } // namespace
@@ -79,17 +60,14 @@ Utf8Scalar firstScalar(std::string_view text)
 
 bool isValidUtf8(std::string_view text)
 {
-    for (;;) {
-        text.remove_prefix(asciiPrefix(text));
-        if (text.empty()) {
-            return true;
-        }
+    while (!text.empty()) {
         const Utf8Scalar scalar = firstScalar(text);
         if (scalar.length == 0) {
             return false;
         }
         text.remove_prefix(scalar.length);
     }
+    return true;
 }
 
 std::string toValidUtf8(std::string_view text)

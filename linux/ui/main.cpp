@@ -2,17 +2,23 @@
 // each command that needs windows.
 
 #include "app/command_line.h"
+#include "app/studio.h"
 #include "app/terminal.h"
 #include "app/voltmere_app.h"
 #include "linux/environment.h"
 #include "linux/run_loop.h"
 #include "linux/single_instance.h"
+#include "linux/ui/alert.h"
 #include "linux/ui/front_end.h"
-#include "linux/ui/screenshots.h"
+#include "linux/ui/icon.h"
+#include "linux/ui/panel.h"
+#include "linux/ui/theme.h"
 #include "texts/plain_text.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QLoggingCategory>
+#include <QPainter>
 #include <QString>
 
 #include <malloc.h>
@@ -110,13 +116,66 @@ int runInMenuBar(const CommandLine& commandLine, int argc, char** argv)
     return program.run();
 }
 
-int drawOffscreen(const CommandLine& commandLine, int argc, char** argv)
+/// An appearance that the pictures choose.
+class ChosenAppearance : public Appearance {
+public:
+    std::optional<ColourScheme> bestMatch() const override { return scheme; }
+    void onChange(std::function<void()> /*action*/) override { }
+
+    ColourScheme scheme = ColourScheme::light;
+};
+
+/// A drawing on a strip of the colour that a menu bar or tray panel of that scheme has.
+QImage onBar(const QImage& picture, ColourScheme scheme)
+{
+    constexpr int margin = 6;
+    const qreal ratio = picture.devicePixelRatio();
+    const QSizeF size = picture.deviceIndependentSize() + QSizeF(2 * margin, 2 * margin);
+    QImage bar((size * ratio).toSize(), QImage::Format_RGB32);
+    bar.setDevicePixelRatio(ratio);
+    bar.fill(scheme == ColourScheme::dark ? QColor(0x2B, 0x2B, 0x2E) : QColor(0xEE, 0xEE, 0xF0));
+    QPainter(&bar).drawImage(QPointF(margin, margin), picture);
+    return bar;
+}
+
+bool save(const QImage& picture, const std::string& path)
+{
+    return picture.save(QFile::decodeName(path.c_str()));
+}
+
+int drawScreenshots(const CommandLine& commandLine, int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     // Qt warns where there is no session, which pictures do not need.
     QLoggingCategory::setFilterRules("default.warning=false");
     const auto application = startQt(argc, argv);
-    return drawScreenshots(commandLine);
+    QtRunLoop mainLoop;
+    ChosenAppearance appearance;
+    Drawings drawings;
+    drawings.choose = [&](ColourScheme scheme) {
+        appearance.scheme = scheme;
+        applyPalette(scheme);
+    };
+    drawings.icons["menu-bar"] = [&](const BatteryModel& model, const std::string& path) {
+        const ColourScheme scheme = appearance.scheme;
+        const DrawnImage wide = StatusImage::make(model.devices, model.threshold, scheme);
+        return save(onBar(wide.rendered(qApp->devicePixelRatio()), scheme), path);
+    };
+    drawings.icons["tray"] = [&](const BatteryModel& model, const std::string& path) {
+        constexpr QSize largestTray(64, 64);
+        const QIcon icon = makeTrayIcon(iconLevel(model.devices, model.threshold));
+        return save(onBar(icon.pixmap(largestTray, 1.0).toImage(), appearance.scheme), path);
+    };
+    drawings.panel = [&](BatteryModel& model, const std::string& path) {
+        ContentView panel(model, appearance, [] {});
+        return save(panel.grab().toImage(), path);
+    };
+    drawings.alert = [&](const AlertContent& content, const std::string& path) {
+        SnoozeAlertWindow alert(content, {}, appearance);
+        alert.adjustSize();
+        return save(alert.grab().toImage(), path);
+    };
+    return drawPictures(commandLine, mainLoop, drawings);
 }
 
 } // namespace
@@ -133,6 +192,6 @@ int main(int argc, char* argv[])
     const auto parsed = parseCommandLine(std::vector<std::string>(argv, argv + argc));
     const auto& commandLine = std::get<CommandLine>(parsed);
     return commandLine.action == CommandLine::Action::screenshots
-        ? drawOffscreen(commandLine, argc, argv)
+        ? drawScreenshots(commandLine, argc, argv)
         : runInMenuBar(commandLine, argc, argv);
 }
