@@ -1,5 +1,4 @@
 #include "app/command_line.h"
-#include "app/diagnosis.h"
 #include "app/platform.h"
 #include "app/services.h"
 #include "app/terminal.h"

@@ -45,8 +45,6 @@ voltmere_target(voltmere_core)
 configure_file(app/version.h.in generated/app/version.h @ONLY)
 add_library(voltmere_app STATIC
   app/command_line.cpp
-  app/diagnosis.cpp
-  app/report.cpp
   app/services.cpp
   app/studio.cpp
   app/terminal.cpp

@@ -8,7 +8,6 @@ pkg_check_modules(XCB REQUIRED IMPORTED_TARGET xcb)
 add_library(voltmere_linux STATIC
   linux/bluez_name_source.cpp
   linux/bus_call.cpp
-  linux/desktop_services.cpp
   linux/notifications.cpp
   linux/platform.cpp
   linux/run_loop.cpp

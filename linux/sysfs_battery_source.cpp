@@ -41,37 +41,6 @@ void takeHidId(std::string_view text, HidUevent& device)
     }
 }
 
-} // namespace
-
-HidUevent parseHidUevent(std::string_view text)
-{
-    std::map<std::string, std::string> values;
-    std::istringstream lines{std::string(text)};
-    for (std::string line; std::getline(lines, line);) {
-        if (const std::size_t end = line.find('='); end != std::string::npos) {
-            values.emplace(line.substr(0, end), line.substr(end + 1));
-        }
-    }
-    const auto nonEmpty = [&values](const char* key) {
-        return values[key].empty() ? std::nullopt : std::optional(values[key]);
-    };
-    HidUevent device;
-    takeHidId(values["HID_ID"], device);
-    device.name = nonEmpty("HID_NAME");
-    device.address = nonEmpty("HID_UNIQ");
-    return device;
-}
-
-std::optional<std::int64_t> parseCapacity(std::string_view text)
-{
-    while (text.ends_with('\n')) {
-        text.remove_suffix(1);
-    }
-    return wholeNumber(text, 10);
-}
-
-namespace {
-
 namespace fs = std::filesystem;
 
 constexpr std::string_view entryPrefix = "hid-";
@@ -133,6 +102,33 @@ std::vector<fs::path> hidBatteries(const fs::path& directory)
 }
 
 } // namespace
+
+HidUevent parseHidUevent(std::string_view text)
+{
+    std::map<std::string, std::string> values;
+    std::istringstream lines{std::string(text)};
+    for (std::string line; std::getline(lines, line);) {
+        if (const std::size_t end = line.find('='); end != std::string::npos) {
+            values.emplace(line.substr(0, end), line.substr(end + 1));
+        }
+    }
+    const auto nonEmpty = [&values](const char* key) {
+        return values[key].empty() ? std::nullopt : std::optional(values[key]);
+    };
+    HidUevent device;
+    takeHidId(values["HID_ID"], device);
+    device.name = nonEmpty("HID_NAME");
+    device.address = nonEmpty("HID_UNIQ");
+    return device;
+}
+
+std::optional<std::int64_t> parseCapacity(std::string_view text)
+{
+    while (text.ends_with('\n')) {
+        text.remove_suffix(1);
+    }
+    return wholeNumber(text, 10);
+}
 
 SysfsBatterySource::SysfsBatterySource(fs::path root)
     : root(std::move(root))

@@ -28,6 +28,33 @@ constexpr bool readLead(unsigned char byte, Lead& lead)
     return true;
 }
 
+bool endsLineOrControls(char32_t c)
+{
+    return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029;
+}
+
+/// Whether the character is invisible or turns the reading direction. U+200C, U+200D and U+FE0F
+/// do not count: scripts and emoji need them.
+bool isUnseen(char32_t c)
+{
+    const auto within = [c](char32_t first, char32_t last) { return c >= first && c <= last; };
+    return c == 0xAD || c == 0x61C || c == 0x200B || c == 0x200E || c == 0x200F || c == 0x2060 ||
+        c == 0xFEFF || within(0x202A, 0x202E) || within(0x2066, 0x2069) || within(0xE0000, 0xE007F);
+}
+
+std::string escape(char32_t c)
+{
+    std::array<char, 16> text{};
+    if (c < 0x10000) {
+        std::snprintf(text.data(), text.size(), "\\u%04x", static_cast<unsigned>(c));
+    } else {
+        const auto offset = static_cast<unsigned>(c - 0x10000);
+        std::snprintf(text.data(), text.size(), "\\u%04x\\u%04x", 0xD800U + (offset >> 10U),
+                      0xDC00U + (offset & 0x3FFU));
+    }
+    return text.data();
+}
+
 } // namespace
 
 Utf8Scalar firstScalar(std::string_view text)
@@ -85,37 +112,6 @@ std::string toValidUtf8(std::string_view text)
     }
     return valid;
 }
-
-namespace {
-
-bool endsLineOrControls(char32_t c)
-{
-    return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == 0x2028 || c == 0x2029;
-}
-
-/// Whether the character is invisible or turns the reading direction. U+200C, U+200D and U+FE0F
-/// do not count: scripts and emoji need them.
-bool isUnseen(char32_t c)
-{
-    const auto within = [c](char32_t first, char32_t last) { return c >= first && c <= last; };
-    return c == 0xAD || c == 0x61C || c == 0x200B || c == 0x200E || c == 0x200F || c == 0x2060 ||
-        c == 0xFEFF || within(0x202A, 0x202E) || within(0x2066, 0x2069) || within(0xE0000, 0xE007F);
-}
-
-std::string escape(char32_t c)
-{
-    std::array<char, 16> text{};
-    if (c < 0x10000) {
-        std::snprintf(text.data(), text.size(), "\\u%04x", static_cast<unsigned>(c));
-    } else {
-        const auto offset = static_cast<unsigned>(c - 0x10000);
-        std::snprintf(text.data(), text.size(), "\\u%04x\\u%04x", 0xD800U + (offset >> 10U),
-                      0xDC00U + (offset & 0x3FFU));
-    }
-    return text.data();
-}
-
-} // namespace
 
 std::string plainText(std::string_view text)
 {

@@ -44,15 +44,10 @@ xcb_atom_t internAtom(xcb_connection_t* connection, const QByteArray& name)
     return reply ? reply->atom : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
 }
 
-xcb_window_t rootWindow(xcb_connection_t* connection)
-{
-    return xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
-}
-
 /// Subscribes to a tray's messages to the root window, beside Qt's own subscriptions.
 void listenToRoot(xcb_connection_t* connection)
 {
-    const xcb_window_t root = rootWindow(connection);
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
     const auto cookie = xcb_get_window_attributes(connection, root);
     const auto attributes = owned(xcb_get_window_attributes_reply(connection, cookie, nullptr));
     if (!attributes) {

@@ -1,4 +1,4 @@
-#include "app/report.h"
+#include "app/terminal.h"
 
 #include "tests/fakes/fake_preferred_languages.h"
 
