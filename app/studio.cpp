@@ -10,7 +10,6 @@
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
-#include <utility>
 #include <vector>
 
 namespace voltmere {
@@ -51,16 +50,7 @@ void waitForReading(BatteryModel& model, MainLoop& mainLoop)
 }
 
 /// Writes pictures into one directory until one cannot be written.
-class Album {
-public:
-    Album(std::filesystem::path directory, const Drawings& drawings)
-        : directory(std::move(directory))
-        , drawings(drawings)
-    {
-    }
-
-    bool isComplete() const { return complete; }
-
+struct Album {
     void addAll(BatteryModel& model, ColourScheme scheme)
     {
         const std::string ending = scheme == ColourScheme::dark ? "-dark" : "-light";
@@ -81,28 +71,27 @@ public:
         }
     }
 
-private:
     void add(const std::string& name, auto& shown, const auto& draw)
     {
         const std::string path = directory / (name + ".png");
-        if (complete && !draw(shown, path)) {
+        if (isComplete && !draw(shown, path)) {
             std::fprintf(stderr,
                          "voltmere: cannot write %s; check that the directory is writable\n",
                          path.c_str());
-            complete = false;
+            isComplete = false;
         }
     }
 
-    const std::filesystem::path directory;
+    std::filesystem::path directory;
     const Drawings& drawings;
-    bool complete = true;
+    bool isComplete = true;
 };
 
 } // namespace
 
 int drawPictures(const CommandLine& commandLine, MainLoop& mainLoop, const Drawings& drawings)
 {
-    Album album(commandLine.screenshotsDirectory, drawings);
+    Album album{commandLine.screenshotsDirectory, drawings};
     std::error_code error;
     std::filesystem::create_directories(commandLine.screenshotsDirectory, error);
     if (error) {
@@ -116,7 +105,7 @@ int drawPictures(const CommandLine& commandLine, MainLoop& mainLoop, const Drawi
     waitForReading(model, mainLoop);
     album.addAll(model, ColourScheme::light);
     album.addAll(model, ColourScheme::dark);
-    return album.isComplete() ? 0 : exitStatus::cannotRun;
+    return album.isComplete ? 0 : exitStatus::cannotRun;
 }
 
 } // namespace voltmere
