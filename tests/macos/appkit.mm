@@ -70,19 +70,15 @@ NSFontTextStyle const NSFontTextStyleHeadline = @"headline";
 - (void)fill DOES(mac.drawn.push_back("fill " + summary(self) + " " + fillColour));
 @end
 
+/// The context of a bitmap is the bitmap itself.
 @implementation NSGraphicsContext
-static NSBitmapImageRep* currentBitmap;
-static NSBitmapImageRep* savedBitmap;
-+ (NSGraphicsContext*)currentContext RETURNS(nil);
-+ (void)setCurrentContext:(NSGraphicsContext*)context DOES(currentBitmap = context.bitmap);
+static id currentBitmap;
+static id savedBitmap;
++ (NSGraphicsContext*)currentContext RETURNS(currentBitmap);
++ (void)setCurrentContext:(NSGraphicsContext*)context DOES(currentBitmap = context);
 + (void)saveGraphicsState DOES(savedBitmap = currentBitmap);
 + (void)restoreGraphicsState DOES(currentBitmap = savedBitmap);
-+ (NSGraphicsContext*)graphicsContextWithBitmapImageRep:(NSBitmapImageRep*)bitmap
-{
-    NSGraphicsContext* const context = [[self alloc] init];
-    context.bitmap = bitmap;
-    return context;
-}
++ (NSGraphicsContext*)graphicsContextWithBitmapImageRep:(id)bitmap RETURNS(bitmap);
 @end
 
 void NSRectFillUsingOperation(NSRect rect, NSCompositingOperation operation)
@@ -136,17 +132,14 @@ EMPTY(NSImageRep)
 }
 @end
 
-std::vector<std::string> voltmere::drawing(NSImage* image)
+std::vector<std::string> voltmere::drawing(id shown)
 {
     mac.drawn.clear();
-    [image drawInRect:{{0, 0}, image.size}];
-    return mac.drawn;
-}
-
-std::vector<std::string> voltmere::drawing(NSView* view)
-{
-    mac.drawn.clear();
-    [view drawRect:view.bounds];
+    if ([shown isKindOfClass:NSImage.class]) {
+        [(NSImage*)shown drawInRect:{{0, 0}, [(NSImage*)shown size]}];
+    } else {
+        [(NSView*)shown drawRect:[(NSView*)shown bounds]];
+    }
     return mac.drawn;
 }
 
@@ -154,34 +147,40 @@ std::vector<std::string> voltmere::drawing(NSView* view)
 
 static NSView* root(NSView* view) RETURNS(view.superview == nil ? view : root(view.superview));
 
-@implementation NSLayoutConstraint
+@implementation NSLayoutConstraint {
+@public
+    __weak NSView* _view;
+    __weak NSView* _other;
+}
 - (void)setActive:(BOOL)active
 {
-    if (self.other != nil && root(self.view) != root(self.other)) {
+    if (_other != nil && root(_view) != root(_other)) {
         raise("the views of a constraint have no common ancestor");
     }
     if (active) {
-        [self.view constraints].push_back(summary(self));
+        [_view constraints].push_back(summary(self));
     }
 }
 @end
 
-@implementation NSLayoutAnchor
+@implementation NSLayoutAnchor {
+    __weak NSView* _view;
+}
 static id anchor(id itsClass, NSView* view, const char* name)
 {
     NSLayoutAnchor* const anchor = made(itsClass, name);
-    anchor.view = view;
+    anchor->_view = view;
     return anchor;
 }
 static id constraint(NSLayoutAnchor* anchor, std::string relation, NSLayoutAnchor* other = nil)
 {
     if (other != nil) {
-        relation += other.view == anchor.view.superview ? "superview " : "another's ";
+        relation += other->_view == anchor->_view.superview ? "superview " : "another's ";
         relation += summary(other);
     }
     NSLayoutConstraint* const one = made(NSLayoutConstraint.class, summary(anchor) + relation);
-    one.view = anchor.view;
-    one.other = other.view;
+    one->_view = anchor->_view;
+    one->_other = other == nil ? nil : other->_view;
     return one;
 }
 - (NSLayoutConstraint*)constraintEqualToAnchor:(NSLayoutAnchor*)other
@@ -361,7 +360,9 @@ void voltmere::pressEscape()
 @implementation NSView {
     std::vector<id> _children;
     std::vector<std::string> _constraints;
-    std::map<std::string, float> _priorities;
+    BOOL _isSpacer;
+@protected
+    BOOL _givesWay;
 }
 - (instancetype)init RETURNS([self initWithFrame:NSZeroRect]);
 - (instancetype)initWithFrame:(NSRect)frame
@@ -414,7 +415,7 @@ void voltmere::pressEscape()
 {
     const bool isColumn = [self isKindOfClass:NSStackView.class] &&
         ((NSStackView*)self).orientation == NSUserInterfaceLayoutOrientationVertical;
-    std::string all = _priorities["hugging 0"] == 1 ? "~" : "";
+    std::string all = _isSpacer ? "~" : "";
     for (NSView* const child : _children) {
         std::string part = child.hidden ? "" : [child seen];
         for (const std::string& constraint : [child constraints]) {
@@ -430,10 +431,10 @@ void voltmere::pressEscape()
 }
 - (void)setContentHuggingPriority:(NSLayoutPriority)priority
                    forOrientation:(NSLayoutConstraintOrientation)orientation
-    DOES(_priorities["hugging " + std::to_string(orientation)] = priority);
+    DOES(_isSpacer = priority == 1 && orientation == NSLayoutConstraintOrientationHorizontal);
 - (void)setContentCompressionResistancePriority:(NSLayoutPriority)priority
                                  forOrientation:(NSLayoutConstraintOrientation)orientation
-    DOES(_priorities["resistance " + std::to_string(orientation)] = priority);
+    DOES(_givesWay = priority == 250 && orientation == NSLayoutConstraintOrientationHorizontal);
 - (NSLayoutXAxisAnchor*)leadingAnchor RETURNS(anchor(NSLayoutXAxisAnchor.class, self, "leading"));
 - (NSLayoutXAxisAnchor*)centerXAnchor RETURNS(anchor(NSLayoutXAxisAnchor.class, self, "centreX"));
 - (NSLayoutYAxisAnchor*)topAnchor RETURNS(anchor(NSLayoutYAxisAnchor.class, self, "top"));
@@ -521,7 +522,8 @@ std::vector<id> voltmere::viewsIn(NSView* view, id itsClass)
         (self.font == nil ? "" : " " + summary(self.font)) +
         (_textColor == nil ? "" : " " + summary(_textColor)) +
         (self.alignment == NSTextAlignmentCenter ? " centred" : "") + (isCut ? " cut" : "") +
-        (_selectable ? " selectable" : "") + (width == "0" ? "" : " over " + width);
+        (_givesWay ? " yielding" : "") + (_selectable ? " selectable" : "") +
+        (width == "0" ? "" : " over " + width);
 }
 + (instancetype)labelWithString:(NSString*)text
 {

@@ -352,7 +352,6 @@ void NSLog(NSString* format, ...)
 // Notifications within the program and between programs
 
 EMPTY(NSNotification)
-ONE(NSOperationQueue, mainQueue)
 @implementation NSNotificationCenter
 + (NSNotificationCenter*)defaultCenter RETURNS(shared(self));
 - (id<NSObject>)addObserverForName:(NSNotificationName)name
@@ -388,8 +387,8 @@ NSRunLoopMode const NSDefaultRunLoopMode = @"default";
 NSRunLoopMode const NSRunLoopCommonModes = @"common";
 
 @interface NSTimer ()
-@property double due, interval;
-@property BOOL repeats, isCommon;
+@property double due;
+@property BOOL isCommon;
 @property (copy) void (^block)(NSTimer*);
 @end
 @implementation NSTimer
@@ -398,9 +397,8 @@ NSRunLoopMode const NSRunLoopCommonModes = @"common";
                             block:(void (^)(NSTimer*))block
 {
     NSTimer* const timer = [[NSTimer alloc] init];
-    timer.interval = std::max(interval, 0.0001);
-    timer.repeats = repeats;
-    timer.block = block;
+    timer.due = mac.awake + std::max(interval, 0.0001);
+    timer.block = repeats ? ^(NSTimer*) { raise("a timer repeats"); } : block;
     return timer;
 }
 - (void)invalidate DOES(self.block = nil; std::erase(mac.timers, self));
@@ -411,7 +409,6 @@ NSRunLoopMode const NSRunLoopCommonModes = @"common";
 - (void)addTimer:(NSTimer*)timer forMode:(NSRunLoopMode)mode
 {
     timer.isCommon = mode == NSRunLoopCommonModes;
-    timer.due = mac.awake + timer.interval;
     mac.timers.push_back(timer);
 }
 /// A timer alone does not make it return.
@@ -447,11 +444,8 @@ void voltmere::advance(double seconds)
     settle();
     for (NSTimer* timer = nextTimer(); timer != nil && timer.due <= end; timer = nextTimer()) {
         mac.awake = timer.due;
-        timer.due += timer.interval;
         void (^const block)(NSTimer*) = timer.block;
-        if (!timer.repeats) {
-            [timer invalidate];
-        }
+        [timer invalidate];
         @autoreleasepool {
             block(timer);
         }

@@ -116,9 +116,8 @@ void pressEscape();
 /// A mouse down in another program.
 void clickElsewhere();
 
-/// What drawing puts on the screen.
-std::vector<std::string> drawing(NSImage* image);
-std::vector<std::string> drawing(NSView* view);
+/// What drawing puts on the screen, of an image or a view.
+std::vector<std::string> drawing(id shown);
 /// Every view of a class below `view`, in order.
 std::vector<id> viewsIn(NSView* view, id itsClass);
 
@@ -134,16 +133,6 @@ std::vector<id> viewsIn(NSView* view, id itsClass);
 @end
 @interface NSDictionary (Test)
 - (id)objectForKey:(NSString*)key;
-@end
-@interface NSGraphicsContext ()
-@property (strong) NSBitmapImageRep* bitmap;
-@end
-@interface NSLayoutConstraint ()
-@property (weak) NSView* view;
-@property (weak) NSView* other;
-@end
-@interface NSLayoutAnchor ()
-@property (weak) NSView* view;
 @end
 @interface NSView ()
 @property (readwrite, assign) NSView* superview;

@@ -75,7 +75,6 @@ namespace {
 
 struct State {
     std::map<std::string, Class> classes;
-    bool prepared = false;
     std::map<std::pair<Class, const char*>, IMP> found;
     std::map<id, std::set<id*>> weakPlaces;
     std::vector<id> pool;
@@ -94,6 +93,7 @@ State& state()
     std::abort();
 }
 
+/// Before the first message to the class or to an object of it.
 void prepare(Class aClass)
 {
     Class meta = aClass->isa;
@@ -115,14 +115,6 @@ void prepare(Class aClass)
     }
 }
 
-void prepareAll()
-{
-    state().prepared = true;
-    for (const auto& [name, aClass] : state().classes) {
-        prepare(aClass);
-    }
-}
-
 /// The method that the class itself has, or null.
 IMP ownMethod(Class aClass, const char* name)
 {
@@ -138,9 +130,7 @@ IMP ownMethod(Class aClass, const char* name)
 /// The method that the class has itself or from a superclass, or null.
 IMP find(Class aClass, const char* name)
 {
-    if (!state().prepared) {
-        prepareAll();
-    }
+    prepare(state().classes.at(aClass->name)); // a metaclass has the name of its class
     IMP& body = state().found[{aClass, name}];
     for (; aClass != nullptr && body == nullptr; aClass = aClass->superclass) {
         body = ownMethod(aClass, name);
@@ -309,27 +299,16 @@ void objc_storeStrong(id* place, id object)
     DOES(objc_release(std::exchange(*place, objc_retain(object))));
 
 id objc_initWeak(id* place, id object)
-{
-    state().weakPlaces[object].insert(place);
-    return *place = object;
-}
+    DOES(state().weakPlaces[object].insert(place); return * place = object);
 
 void objc_destroyWeak(id* place) DOES(state().weakPlaces[*place].erase(place));
 
 id objc_storeWeak(id* place, id object)
-{
-    objc_destroyWeak(place);
-    return objc_initWeak(place, object);
-}
+    DOES(objc_destroyWeak(place); return objc_initWeak(place, object));
 
 id objc_loadWeakRetained(id* place) RETURNS(objc_retain(*place));
 void objc_copyWeak(id* to, id* from) DOES(objc_initWeak(to, *from));
-
-void objc_moveWeak(id* to, id* from)
-{
-    objc_initWeak(to, *from);
-    objc_destroyWeak(from);
-}
+void objc_moveWeak(id* to, id* from) DOES(objc_copyWeak(to, from); objc_destroyWeak(from));
 
 // Declared properties without methods of their own.
 
@@ -360,11 +339,7 @@ namespace voltmere::objc {
 
 void (*onMessage)(const std::string& className, const std::string& selector) = nullptr;
 
-std::map<std::string, long>& liveObjects()
-{
-    return state().live;
-}
-
+std::map<std::string, long>& liveObjects() RETURNS(state().live);
 void drainPool() DOES(objc_autoreleasePoolPop(nullptr));
 
 } // namespace voltmere::objc

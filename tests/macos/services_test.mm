@@ -98,6 +98,8 @@ TEST_F(MacServices, AnIntervalThatTheSystemRefusesMeansAtOnce)
 {
     const auto loop = makeMainLoop();
     const auto notifications = makeNotificationCentre(*loop, SystemClock(), log);
+    notifications->add({"x", {"T", "", false, ""}, {}});
+    EXPECT_EQ(calls(), (Lines{"UNUserNotificationCenter add x|T||silent||at once"}));
     for (const double refused : {0.0, -1.0, std::nan("")}) {
         notifications->add({"x", {"T", "电", true, "C"}, Seconds(refused)});
         EXPECT_EQ(calls(), (Lines{"UNUserNotificationCenter add x|T|电|sound|C|at once"}));
@@ -195,23 +197,13 @@ TEST_F(MacTime, TheLoopRunsUntilItIsStopped)
 
 // The terminal
 
-std::string finding(const std::string& subject, bool verbose = false)
-{
-    for (const Finding& one : describeSystem(verbose)) {
-        if (one.subject == subject) {
-            return one.text;
-        }
-    }
-    return "none";
-}
-
 TEST_F(MacServices, ADiagnosisTellsWhatTheSystemSays)
 {
-    EXPECT_EQ(finding("system"), "macOS Version 14.5 (Build 23F79)");
-    EXPECT_EQ(finding("bundle"), "Voltmere.app");
-    EXPECT_EQ(finding("bundle", true), "/Applications/Voltmere.app");
+    EXPECT_EQ(describeSystem(false)[0].text, "macOS Version 14.5 (Build 23F79)");
+    EXPECT_EQ(describeSystem(false)[1].text, "Voltmere.app");
+    EXPECT_EQ(describeSystem(true)[1].text, "/Applications/Voltmere.app");
     mac.hasBundle = false;
-    EXPECT_THAT(finding("bundle"), StartsWith("none"));
+    EXPECT_THAT(describeSystem(false)[1].text, StartsWith("none"));
     EXPECT_EQ(demoToolsDirectory(), "/Applications/Voltmere.app/Contents/Resources/demo");
     EXPECT_EQ(makeSystemSources("/sys").label, "");
 }
