@@ -73,11 +73,10 @@ NSFontTextStyle const NSFontTextStyleHeadline = @"headline";
 /// The context of a bitmap is the bitmap itself.
 @implementation NSGraphicsContext
 static id currentBitmap;
-static id savedBitmap;
 + (NSGraphicsContext*)currentContext RETURNS(currentBitmap);
 + (void)setCurrentContext:(NSGraphicsContext*)context DOES(currentBitmap = context);
-+ (void)saveGraphicsState DOES(savedBitmap = currentBitmap);
-+ (void)restoreGraphicsState DOES(currentBitmap = savedBitmap);
++ (void)saveGraphicsState DOES();
++ (void)restoreGraphicsState DOES(currentBitmap = nil);
 + (NSGraphicsContext*)graphicsContextWithBitmapImageRep:(id)bitmap RETURNS(bitmap);
 @end
 
@@ -145,6 +144,10 @@ std::vector<std::string> voltmere::drawing(id shown)
 
 // Layout
 
+static NSRect moved(NSRect rect, NSPoint by)
+{
+    return {{rect.origin.x + by.x, rect.origin.y + by.y}, rect.size};
+}
 static NSView* root(NSView* view) RETURNS(view.superview == nil ? view : root(view.superview));
 
 @implementation NSLayoutConstraint {
@@ -298,7 +301,6 @@ static NSScreen* screen(NSRect frame, NSRect visible)
     _frame = rect;
     _styleMask = style;
     _hidesOnDeactivate = [self isKindOfClass:NSPanel.class];
-    _releasedWhenClosed = !_hidesOnDeactivate;
     _movable = YES;
     _standardButtons = {[[NSButton alloc] init], [[NSButton alloc] init], [[NSButton alloc] init]};
     mac.windows.push_back(self);
@@ -316,7 +318,7 @@ static NSScreen* screen(NSRect frame, NSRect visible)
 - (void)setContentSize:(NSSize)size
 {
     _frame.size = size;
-    _contentView.bounds = {{0, 0}, size};
+    _contentView.frame = {{0, 0}, size};
 }
 - (void)setFrameTopLeftPoint:(NSPoint)point
     DOES(_frame.origin = NSMakePoint(point.x, point.y - _frame.size.height));
@@ -381,7 +383,6 @@ void voltmere::pressEscape()
 - (std::vector<std::string>&)constraints RETURNS(_constraints);
 - (NSWindow*)window RETURNS(_superview != nil ? _superview.window : _ownWindow);
 - (NSRect)bounds RETURNS(NSMakeRect(0, 0, _frame.size.width, _frame.size.height));
-- (void)setBounds:(NSRect)bounds DOES(_frame.size = bounds.size);
 - (NSArray*)subviews RETURNS(array(_children));
 - (void)addSubview:(NSView*)view
 {
@@ -422,9 +423,10 @@ void voltmere::pressEscape()
             part += "{" + constraint + "}";
         }
         part += child.gapAfter == 0 ? "" : "{gap " + number(child.gapAfter) + "}";
-        part += [child class] != NSView.class || !child.translatesAutoresizingMaskIntoConstraints
-            ? ""
-            : "{autoresized}";
+        // A label takes what its stack gives.
+        const bool isFree = [child isKindOfClass:NSTextField.class] ||
+            ([child class] != NSView.class && [child constraints].empty());
+        part += isFree || !child.translatesAutoresizingMaskIntoConstraints ? "" : "{autoresized}";
         all += (all.empty() || part.empty() ? "" : isColumn ? "\n" : " ") + part;
     }
     return all;

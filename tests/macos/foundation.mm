@@ -16,13 +16,6 @@ namespace voltmere {
 
 Mac mac;
 
-NSString* string(const std::string& text)
-{
-    return [[NSString alloc] initWithBytes:text.data()
-                                    length:text.size()
-                                  encoding:NSUTF8StringEncoding];
-}
-
 std::string text(NSString* text) RETURNS(text == nil ? "nil" : text.UTF8String);
 
 std::string text(NSRect rect)
@@ -41,11 +34,6 @@ std::string number(double value)
 NSArray* array(const std::vector<id>& items)
 {
     return [NSArray arrayWithObjects:items.data() count:items.size()];
-}
-
-NSRect moved(NSRect rect, NSPoint by)
-{
-    return {{rect.origin.x + by.x, rect.origin.y + by.y}, rect.size};
 }
 
 std::string& summary(id object)
@@ -156,7 +144,7 @@ void dispatch_async(dispatch_queue_t queue, dispatch_block_t block) DOES(queue->
     +(id)accessor RETURNS(shared(self)) @end
 #define TEXT(Class, accessor)                                                                      \
     @implementation Class                                                                          \
-    -(NSString*)accessor RETURNS(string(summary(self))) @end
+    -(NSString*)accessor RETURNS(cocoaText(summary(self))) @end
 
 @implementation NSString // a literal is no longer than NSConstantString declares
 - (instancetype)initWithBytes:(const void*)bytes
@@ -280,8 +268,8 @@ TEXT(NSError, localizedDescription)
 @implementation NSBundle
 + (NSBundle*)mainBundle RETURNS(shared(self));
 - (NSString*)bundleIdentifier RETURNS(mac.hasBundle ? @"org.voltmere.Voltmere" : nil);
-- (NSString*)bundlePath RETURNS(string(mac.bundlePath));
-- (NSString*)resourcePath RETURNS(string(mac.bundlePath + "/Contents/Resources"));
+- (NSString*)bundlePath RETURNS(cocoaText(mac.bundlePath));
+- (NSString*)resourcePath RETURNS(cocoaText(mac.bundlePath + "/Contents/Resources"));
 - (NSURL*)URLForResource:(NSString*)name withExtension:(NSString*)extension
 {
     const std::string file = text(name) + "." + text(extension);
@@ -309,16 +297,11 @@ NSArray<NSString*>* NSSearchPathForDirectoriesInDomains(NSSearchPathDirectory di
                                                         NSSearchPathDomainMask domains, BOOL)
 {
     const bool isUsers = directory == NSApplicationSupportDirectory && domains == NSUserDomainMask;
-    return isUsers ? @[ string(mac.supportDirectory) ] : @[];
+    return isUsers ? @[ cocoaText(mac.supportDirectory) ] : @[];
 }
 
 @implementation NSLocale
-+ (NSArray<NSString*>*)preferredLanguages
-{
-    std::vector<id> all;
-    std::ranges::transform(mac.languages, std::back_inserter(all), &string);
-    return array(all);
-}
++ (NSArray<NSString*>*)preferredLanguages RETURNS(array(mac.languages));
 @end
 
 @implementation NSProcessInfo

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "macos/text.h"
+
 #import <AppKit/AppKit.h>
 #import <ServiceManagement/ServiceManagement.h>
 #import <UserNotifications/UserNotifications.h>
@@ -36,7 +38,7 @@ struct Mac {
     std::set<std::string> damagedResources;
     std::string supportDirectory = "/nonexistent";
     std::map<std::string, id> defaults;
-    std::vector<std::string> languages{"en-GB"};
+    std::vector<id> languages{@"en-GB"};
     bool isLoggedIn = true; ///< a session with windows
 
     SMAppServiceStatus loginItem = SMAppServiceStatusNotRegistered;
@@ -79,12 +81,10 @@ struct Mac {
 
 extern Mac mac;
 
-NSString* string(const std::string& text);
 std::string text(NSString* text);
 std::string text(NSRect rect);
 std::string number(double value);
 NSArray* array(const std::vector<id>& items);
-NSRect moved(NSRect rect, NSPoint by);
 
 /// What an object is, in one line, where the program cannot ask: a colour's name, a font's name and
 /// size, an image's file.

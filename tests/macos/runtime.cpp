@@ -203,13 +203,7 @@ IMP objc_msg_lookup(id receiver, SEL selector)
 }
 
 IMP objc_msg_lookup_super(objc_super* super, SEL selector)
-{
-    const IMP body = find(super->superclass, selector->name);
-    if (body == nullptr) {
-        die("unknown method of the superclass", super->receiver, selector->name);
-    }
-    return body;
-}
+    RETURNS(find(super->superclass, selector->name));
 
 IMP objc_msg_lookup_stret(id, SEL) SAME_AS(objc_msg_lookup);
 IMP objc_msg_lookup_super_stret(objc_super*, SEL) SAME_AS(objc_msg_lookup_super);

@@ -42,8 +42,8 @@ TEST_F(MacServices, ATextKeepsItsBytesAndIsEmptyOtherwise)
     EXPECT_EQ(utf8Text(cocoaText(std::string_view("鼠标 12 %!").substr(0, 11))), "鼠标 12 %");
     EXPECT_EQ(text(cocoaText("\xff")), "");
     EXPECT_EQ(utf8Text(nil), "");
-    mac.languages = {"fr-FR", "zh-Hans-CN"};
-    EXPECT_EQ(makePreferredLanguages()->tags(), mac.languages);
+    mac.languages = {@"fr-FR", @"zh-Hans-CN"};
+    EXPECT_EQ(makePreferredLanguages()->tags(), (Lines{"fr-FR", "zh-Hans-CN"}));
     makeSystemLog()->write("Voltmere: 100 %@ %n\nfailed");
     EXPECT_EQ(calls(), (Lines{"NSLog Voltmere: 100 %@ %n failed"})) << "a text is no format";
 }
