@@ -368,6 +368,7 @@ TEST_F(MacWindows, TheAlertHasTheRowsOfItsDefinition)
     EXPECT_EQ(text(button("Cancel").keyEquivalent), "\x1b");
     EXPECT_EQ(button("Cancel").keyEquivalentModifierMask, 0U);
     EXPECT_EQ(summary(popUp(alert(), 0)), "pop-up");
+    EXPECT_FALSE(button("OK").translatesAutoresizingMaskIntoConstraints);
 }
 
 TEST_F(MacWindows, TheAlertIsShownInTheDefinedOrderAndBroughtToTheFrontAgain)
