@@ -104,7 +104,7 @@ EMPTY(NSImageRep)
 - (instancetype)initWithContentsOfURL:(NSURL*)url
 {
     summary(self) = summary(url);
-    return mac.damagedResources.count(summary(url)) == 0 ? self : nil;
+    return mac.noImages.count(summary(url)) == 0 ? self : nil;
 }
 + (NSImage*)imageWithSize:(NSSize)size
                   flipped:(BOOL)flipped
@@ -118,7 +118,7 @@ EMPTY(NSImageRep)
 }
 + (instancetype)imageWithSystemSymbolName:(NSString*)name
                  accessibilityDescription:(NSString*)description
-    RETURNS(mac.unknownSymbols.count(text(name)) == 0 ? made(self, text(name)) : nil);
+    RETURNS(mac.noImages.count(text(name)) == 0 ? made(self, text(name)) : nil);
 - (BOOL)isTemplate RETURNS(_isTemplate);
 - (void)setTemplate:(BOOL)isTemplate DOES(_isTemplate = isTemplate);
 - (void)drawInRect:(NSRect)rect
@@ -200,18 +200,18 @@ EMPTY(NSLayoutYAxisAnchor)
 
 // Events
 
+/// Where the monitors of other programs' events wait, by the mask of these events.
+static NSNotificationCenter* events() RETURNS(shared(NSNotificationCenter.class, "events"));
+
 @implementation NSEvent
 + (NSPoint)mouseLocation RETURNS(mac.pointer);
 + (NSUInteger)pressedMouseButtons RETURNS(mac.pressedButtons);
 + (id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask handler:(void (^)(NSEvent*))handler
-{
-    mac.monitors.push_back({made(self, ""), self, std::to_string(mask), (id)handler});
-    return mac.monitors.back().token;
-}
-+ (void)removeMonitor:(id)monitor
-{
-    std::erase_if(mac.monitors, [&](const Registration& one) { return one.token == monitor; });
-}
+    RETURNS([events() addObserverForName:cocoaText(std::to_string(mask))
+                                  object:nil
+                                   queue:nil
+                              usingBlock:(id)handler]);
++ (void)removeMonitor:(id)monitor DOES([events()removeObserver:monitor]);
 + (NSEvent*)otherEventWithType:(NSEventType)type
                       location:(NSPoint)location
                  modifierFlags:(NSEventModifierFlags)flags
@@ -224,12 +224,8 @@ EMPTY(NSLayoutYAxisAnchor)
 @end
 
 void voltmere::clickElsewhere()
-{
-    const auto monitors = mac.monitors;
-    for (const Registration& one : monitors) {
-        one.block(made(NSEvent.class, "click"));
-    }
-}
+    DOES(post(events(),
+              cocoaText(std::to_string(NSEventMaskLeftMouseDown | NSEventMaskRightMouseDown))));
 
 @implementation NSResponder
 - (void)mouseUp:(NSEvent*)event DOES();
@@ -304,6 +300,7 @@ static NSScreen* screen(NSRect frame, NSRect visible)
     _movable = YES;
     _standardButtons = {[[NSButton alloc] init], [[NSButton alloc] init], [[NSButton alloc] init]};
     mac.windows.push_back(self);
+    mac.panel = (style & NSWindowStyleMaskNonactivatingPanel) != 0 ? self : mac.panel;
     self.contentView = [[NSView alloc] initWithFrame:{{0, 0}, rect.size}];
     return self;
 }
@@ -360,6 +357,7 @@ void voltmere::pressEscape()
 // Views
 
 @implementation NSView {
+    __weak NSView* _parent;
     std::vector<id> _children;
     std::vector<std::string> _constraints;
     BOOL _isSpacer;
@@ -374,33 +372,29 @@ void voltmere::pressEscape()
     _accessibilityElement = YES;
     return self;
 }
-- (void)dealloc
-{
-    for (NSView* const child : _children) {
-        child.superview = nil;
-    }
-}
+- (NSView*)superview RETURNS(_parent);
 - (std::vector<std::string>&)constraints RETURNS(_constraints);
-- (NSWindow*)window RETURNS(_superview != nil ? _superview.window : _ownWindow);
+- (NSWindow*)window RETURNS(_parent != nil ? _parent.window : _ownWindow);
 - (NSRect)bounds RETURNS(NSMakeRect(0, 0, _frame.size.width, _frame.size.height));
 - (NSArray*)subviews RETURNS(array(_children));
 - (void)addSubview:(NSView*)view
 {
     [view removeFromSuperview];
     _children.push_back(view);
-    view.superview = self;
+    view->_parent = self;
 }
 - (void)removeFromSuperview
 {
-    if (_superview != nil) {
-        std::erase(std::exchange(_superview, nil)->_children, self);
+    if (NSView* const parent = _parent) {
+        _parent = nil;
+        std::erase(parent->_children, self);
     }
 }
 - (void)drawRect:(NSRect)dirty DOES(mac.drawn.push_back("the view itself"));
 - (void)layoutSubtreeIfNeeded DOES();
 - (NSSize)fittingSize RETURNS(mac.fittingSize);
 - (NSPoint)placeInWindow
-    RETURNS(_superview == nil ? _frame.origin : moved(_frame, [_superview placeInWindow]).origin);
+    RETURNS(_parent == nil ? _frame.origin : moved(_frame, [_parent placeInWindow]).origin);
 - (NSRect)convertRect:(NSRect)rect toView:(NSView*)view RETURNS(moved(rect, [self placeInWindow]));
 - (NSPoint)convertPoint:(NSPoint)point fromView:(NSView*)view
 {

@@ -19,11 +19,11 @@
 
 namespace voltmere {
 
-/// A block in a notification centre, or one that sees the events of other programs.
+/// A block in a notification centre.
 struct Registration {
     id token;
     id centre;
-    std::string name; ///< of the notification, or the mask of the events
+    std::string name; ///< of the notification
     void (^block)(id);
 };
 
@@ -35,7 +35,6 @@ struct Mac {
     bool hasBundle = true;
     std::string bundlePath = "/Applications/Voltmere.app";
     std::set<std::string> resources{"StatusIcon.png", "StatusIcon.icns", "AppIcon.icns"};
-    std::set<std::string> damagedResources;
     std::string supportDirectory = "/nonexistent";
     std::map<std::string, id> defaults;
     std::vector<id> languages{@"en-GB"};
@@ -46,7 +45,7 @@ struct Mac {
     std::string loginItemFailure;
 
     NSString* appearance = NSAppearanceNameAqua; ///< of the system
-    std::set<std::string> unknownSymbols;
+    std::set<std::string> noImages;              ///< damaged resources and unknown symbols
     NSRect screen{{0, 0}, {1440, 900}};
     NSRect visibleScreen{{0, 40}, {1440, 836}};
     std::vector<NSRect> otherScreens;
@@ -66,10 +65,10 @@ struct Mac {
     int idleTurns = 0;       ///< of the run loop, where only timers were left
     std::set<id> activities; ///< that keep the program from napping
     std::vector<Registration> observers;
-    std::vector<Registration> monitors;
 
     std::vector<__weak NSWindow*> windows;
-    __weak NSAlert* alert; ///< the last one
+    __weak NSWindow* panel; ///< the last one that takes the keyboard without activation
+    __weak NSAlert* alert;  ///< the last one
     __weak NSWindow* keyWindow;
     __weak NSStatusItem* statusItem;
     bool isAgent = false;
@@ -135,7 +134,6 @@ std::vector<id> viewsIn(NSView* view, id itsClass);
 - (id)objectForKey:(NSString*)key;
 @end
 @interface NSView ()
-@property (readwrite, assign) NSView* superview;
 @property (copy) NSString* accessibilityLabel;
 @property (getter=isAccessibilityElement) BOOL accessibilityElement;
 @property (weak) NSWindow* ownWindow;

@@ -11,11 +11,9 @@
 #include <cmath>
 #include <limits>
 
-@interface Base : NSObject
+@interface NSObject (Test)
 - (int)unknown;
 @end
-#pragma clang diagnostic ignored "-Wincomplete-implementation"
-EMPTY(Base)
 
 namespace voltmere {
 namespace {
@@ -24,13 +22,13 @@ using ObjectiveC = MacTest;
 
 TEST_F(ObjectiveC, EndsTheProcessForADeadObjectOrAnUnknownMethod)
 {
-    __unsafe_unretained Base* dead = nil;
+    __unsafe_unretained NSObject* dead = nil;
     @autoreleasepool {
-        Base* const shortLived = [Base new];
+        NSObject* const shortLived = [NSObject new];
         dead = shortLived;
     }
-    EXPECT_DEATH((void)[dead unknown], "destroyed object: \\[Base unknown\\]");
-    EXPECT_DEATH((void)[[Base new] unknown], "unknown method: \\[Base unknown\\]");
+    EXPECT_DEATH((void)[dead unknown], "destroyed object: \\[NSObject unknown\\]");
+    EXPECT_DEATH((void)[[NSObject new] unknown], "unknown method: \\[NSObject unknown\\]");
 }
 
 struct MacServices : MacTest {
