@@ -145,9 +145,7 @@ std::vector<std::string> voltmere::drawing(id shown)
 // Layout
 
 static NSRect moved(NSRect rect, NSPoint by)
-{
-    return {{rect.origin.x + by.x, rect.origin.y + by.y}, rect.size};
-}
+    RETURNS({{rect.origin.x + by.x, rect.origin.y + by.y}, rect.size});
 static NSView* root(NSView* view) RETURNS(view.superview == nil ? view : root(view.superview));
 
 @implementation NSLayoutConstraint {

@@ -18,11 +18,8 @@ Mac mac;
 
 std::string text(NSString* text) RETURNS(text == nil ? "nil" : text.UTF8String);
 
-std::string text(NSRect rect)
-{
-    return number(rect.origin.x) + " " + number(rect.origin.y) + " " + number(rect.size.width) +
-        " " + number(rect.size.height);
-}
+std::string text(NSRect rect) RETURNS(number(rect.origin.x) + " " + number(rect.origin.y) + " " +
+                                      number(rect.size.width) + " " + number(rect.size.height));
 
 std::string number(double value)
 {
@@ -31,10 +28,8 @@ std::string number(double value)
     return line;
 }
 
-NSArray* array(const std::vector<id>& items)
-{
-    return [NSArray arrayWithObjects:items.data() count:items.size()];
-}
+NSArray* array(const std::vector<id>& items) RETURNS([NSArray arrayWithObjects:items.data()
+                                                                         count:items.size()]);
 
 std::string& summary(id object)
 {
@@ -281,16 +276,15 @@ TEXT(NSError, localizedDescription)
 + (NSUserDefaults*)standardUserDefaults RETURNS(shared(self));
 - (id)objectForKey:(NSString*)key
     RETURNS(mac.defaults.count(text(key)) == 0 ? nil : mac.defaults[text(key)]);
-- (void)setInteger:(NSInteger)value forKey:(NSString*)key
+static void set(NSString* key, NSNumber* value, const std::string& shown)
 {
-    note(self, text(key) + " = " + std::to_string(value));
-    mac.defaults[text(key)] = boxed(value);
+    note(NSUserDefaults.standardUserDefaults, text(key) + " = " + shown);
+    mac.defaults[text(key)] = value;
 }
-- (void)setBool:(BOOL)value forKey:(NSString*)key
-{
-    note(self, text(key) + " = " + (value ? "YES" : "NO"));
-    mac.defaults[text(key)] = boxed(value);
-}
+- (void)setInteger:(NSInteger)value
+            forKey:(NSString*)key DOES(set(key, boxed(value), std::to_string(value)));
+- (void)setBool:(BOOL)value
+         forKey:(NSString*)key DOES(set(key, boxed(value), value ? "YES" : "NO"));
 @end
 
 NSArray<NSString*>* NSSearchPathForDirectoriesInDomains(NSSearchPathDirectory directory,

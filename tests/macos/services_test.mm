@@ -24,11 +24,11 @@ TEST_F(ObjectiveC, EndsTheProcessForADeadObjectOrAnUnknownMethod)
 {
     __unsafe_unretained NSObject* dead = nil;
     @autoreleasepool {
-        NSObject* const shortLived = [NSObject new];
+        NSObject* const shortLived = [[NSObject alloc] init];
         dead = shortLived;
     }
     EXPECT_DEATH((void)[dead unknown], "destroyed object: \\[NSObject unknown\\]");
-    EXPECT_DEATH((void)[[NSObject new] unknown], "unknown method: \\[NSObject unknown\\]");
+    EXPECT_DEATH((void)[[[NSObject alloc] init] unknown], "unknown method: \\[NSObject unknown\\]");
 }
 
 struct MacServices : MacTest {

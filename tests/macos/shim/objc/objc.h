@@ -16,7 +16,6 @@ typedef unsigned long NSUInteger;
 #define YES true
 #define NO false
 #define nil nullptr
-#define Nil nullptr
 
 extern "C" IMP objc_msg_lookup(id receiver, SEL selector);
 extern "C" const char* class_getName(Class aClass);
