@@ -4,7 +4,6 @@
 #include "macos/ui/controls.h"
 #include "ui/panel.h"
 
-#include <optional>
 #include <utility>
 #include <vector>
 

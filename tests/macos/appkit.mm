@@ -3,7 +3,6 @@
 #include "mac.h"
 
 #include <algorithm>
-#include <stdexcept>
 #include <utility>
 
 using namespace voltmere;
@@ -516,7 +515,7 @@ std::vector<id> voltmere::viewsIn(NSView* view, id itsClass)
         (self.font == nil ? "" : " " + summary(self.font)) +
         (_textColor == nil ? "" : " " + summary(_textColor)) +
         (self.alignment == NSTextAlignmentCenter ? " centred" : "") + (isCut ? " cut" : "") +
-        (_givesWay ? " yielding" : "") + (_selectable ? " selectable" : "") +
+        (_givesWay ? " first" : "") + (_selectable ? " selectable" : "") +
         (width == "0" ? "" : " over " + width);
 }
 + (instancetype)labelWithString:(NSString*)text

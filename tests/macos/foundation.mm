@@ -10,7 +10,6 @@
 #include <ctime>
 #include <fstream>
 #include <stdexcept>
-#include <utility>
 
 namespace voltmere {
 
@@ -60,20 +59,17 @@ void note(id receiver, const std::string& call)
 void raise(const std::string& reason) DOES(throw std::runtime_error(reason));
 
 /// Writes down the messages whose order tests look at.
-static void noteMessage(const std::string& className, const std::string& selector)
+void objc::noteMessage(const std::string& className, const std::string& selector)
 {
     static const std::string noted =
         " activateIgnoringOtherApps: center hide: layout layoutSubtreeIfNeeded makeFirstResponder: "
-        "makeKeyAndOrderFront: "
-        "orderFrontRegardless orderOut: registerAndReturnError: removeAllItems removeStatusItem: "
-        "run setImage: "
-        "setLevel: setToolTip: statusItemWithLength: unhideWithoutActivation ";
+        "makeKeyAndOrderFront: orderFrontRegardless orderOut: registerAndReturnError: "
+        "removeAllItems removeStatusItem: run setImage: setLevel: setToolTip: "
+        "statusItemWithLength: unhideWithoutActivation ";
     if (noted.find(" " + selector + " ") != noted.npos) {
         mac.calls.push_back(className + " " + selector);
     }
 }
-
-static const bool isNoting = (objc::onMessage = &noteMessage) != nullptr;
 
 static void runFirst(std::deque<dispatch_block_t>& queue)
 {

@@ -226,7 +226,7 @@ TEST_F(MacProgram, DrawsItsPicturesInBothLanguagesLightAndDark)
     const std::string icon = "PNG 0 0 43 22\n(12% at 25 3 regular 13 red, read out)\non ";
     EXPECT_EQ(picture("menu-bar-dark"), icon + "dark background\n");
     EXPECT_EQ(picture("menu-bar-light"), icon + "light background\n");
-    EXPECT_THAT(picture("panel-en-dark"), HasSubstr("Magic Mouse headline cut yielding ~ 12%"));
+    EXPECT_THAT(picture("panel-en-dark"), HasSubstr("Magic Mouse headline cut first ~ 12%"));
     EXPECT_THAT(picture("panel-zh-light"), StartsWith("PNG 0 0 320 400\n~"));
     EXPECT_THAT(picture("panel-zh-light"), HasSubstr("续航哨兵"));
     EXPECT_THAT(picture("alert-one-low-en-dark"), HasSubstr("<15>{width = 52}{gap 3} :{gap 3} <"));
@@ -267,7 +267,6 @@ TEST(MacStatusIcon, IsTheFirstOfItsSourcesThatIsThere)
     EXPECT_EXIT(drawStatusIcon(all, "StatusIcon.png"), testing::ExitedWithCode(0),
                 "AppIcon.icns in");
     EXPECT_EXIT(drawStatusIcon({}, ""), testing::ExitedWithCode(0), "own icon in");
-    GTEST_FLAG_SET(death_test_style, "fast");
 }
 
 } // namespace

@@ -189,9 +189,7 @@ IMP objc_msg_lookup(id receiver, SEL selector)
     if (receiver == nullptr) {
         return &nothing;
     }
-    if (voltmere::objc::onMessage != nullptr) {
-        voltmere::objc::onMessage(receiver->isa->name, selector->name);
-    }
+    voltmere::objc::noteMessage(receiver->isa->name, selector->name);
     if (isCounted(receiver) && countOf(receiver) == 0) {
         die("a message to a destroyed object", receiver, selector->name);
     }
@@ -330,8 +328,6 @@ _Unwind_Reason_Code __gnu_objc_personality_v0(int version, _Unwind_Action action
 } // extern "C"
 
 namespace voltmere::objc {
-
-void (*onMessage)(const std::string& className, const std::string& selector) = nullptr;
 
 std::map<std::string, long>& liveObjects() RETURNS(state().live);
 void drainPool() DOES(objc_autoreleasePoolPop(nullptr));

@@ -102,9 +102,8 @@ TEST_F(MacWindows, ThePanelHasTheRowsOfItsDefinition)
         shown(),
         "~{width = another's width} (AppIcon.icns in 0 0 22 22) Cellsentry headline ~{width = 288}"
         "\n---{width = 288}"
-        "\n(magicmouse){width = 20} Magic Mouse headline cut yielding ~ 20% bold 15 red{width = "
-        "288}"
-        "\n(keyboard){width = 20} Magic Keyboard headline cut yielding ~ 21% bold 15 label{width = "
+        "\n(magicmouse){width = 20} Magic Mouse headline cut first ~ 20% bold 15 red{width = 288}"
+        "\n(keyboard){width = 20} Magic Keyboard headline cut first ~ 21% bold 15 label{width = "
         "288}"
         "{spacing 12}{leading}"
         "\n---{width = 288}"
