@@ -108,12 +108,11 @@ public:
         content.body = cocoaText(request.content.body);
         content.sound = request.content.defaultSound ? UNNotificationSound.defaultSound : nil;
         content.categoryIdentifier = cocoaText(request.content.category);
-        UNNotificationTrigger* trigger = nil;  // at once
-        if (request.delay > Seconds::zero()) { // the system raises an exception for any other
-            trigger =
-                [UNTimeIntervalNotificationTrigger triggerWithTimeInterval:request.delay->count()
-                                                                   repeats:NO];
-        }
+        // Without a trigger the system posts at once; a trigger without a delay is an exception.
+        UNNotificationTrigger* const trigger = request.delay > Seconds::zero()
+            ? [UNTimeIntervalNotificationTrigger triggerWithTimeInterval:request.delay->count()
+                                                                 repeats:NO]
+            : nil;
         NSString* const identifier = cocoaText(request.identifier);
         [centre addNotificationRequest:[UNNotificationRequest requestWithIdentifier:identifier
                                                                             content:content

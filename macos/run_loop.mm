@@ -4,9 +4,7 @@
 
 #include <dispatch/dispatch.h>
 
-#include <algorithm>
 #include <atomic>
-#include <cmath>
 #include <ctime>
 #include <utility>
 
@@ -61,8 +59,7 @@ private:
     void arm()
     {
         [timer invalidate];
-        const Seconds rest = std::max(due - uptime(), Seconds::zero());
-        timer = [NSTimer timerWithTimeInterval:rest.count()
+        timer = [NSTimer timerWithTimeInterval:(due - uptime()).count() // at once where it is past
                                        repeats:NO
                                          block:^(NSTimer*) { fire(); }];
         [NSRunLoop.mainRunLoop addTimer:timer forMode:NSRunLoopCommonModes];
@@ -72,8 +69,10 @@ private:
     {
         timer = nil;
         if (interval > Seconds::zero()) {
-            const double missed = std::floor((uptime() - due) / interval);
-            due += interval * (std::max(missed, 0.0) + 1);
+            const Seconds now = uptime();
+            do {
+                due += interval;
+            } while (due <= now);
             arm();
         }
         const RunLoop::Action current = action; // the action may destroy this timer

@@ -227,8 +227,7 @@ int runFrontEnd(const CommandLine& commandLine, char** /*words*/)
             return 0;
         }
         // None in a session without a screen, such as one over a remote shell.
-        const bool hasScreen = (__bridge_transfer id)CGSessionCopyCurrentDictionary() != nil;
-        if (!hasScreen) {
+        if ((__bridge_transfer id)CGSessionCopyCurrentDictionary() == nil) {
             std::fputs("voltmere: this session has no screen; log in at the Mac, or use --list\n",
                        stderr);
             return exitStatus::cannotRun;

@@ -4,7 +4,6 @@
 #include "macos/ui/controls.h"
 #include "ui/panel.h"
 
-#include <optional>
 #include <utility>
 #include <vector>
 
@@ -58,8 +57,8 @@ NSFont* headlineFont()
 /// Empty without an image. The text beside it says the same.
 NSView* makePicture(NSImage* image)
 {
-    NSImage* const shown = image != nil ? image : [[NSImage alloc] init];
-    NSImageView* const view = [NSImageView imageViewWithImage:shown];
+    NSImageView* const view = [[NSImageView alloc] initWithFrame:NSZeroRect];
+    view.image = image;
     [view setAccessibilityElement:NO];
     return view;
 }

@@ -3,7 +3,6 @@
 #include "mac.h"
 
 #include <algorithm>
-#include <stdexcept>
 #include <utility>
 
 using namespace voltmere;
@@ -70,19 +69,14 @@ NSFontTextStyle const NSFontTextStyleHeadline = @"headline";
 - (void)fill DOES(mac.drawn.push_back("fill " + summary(self) + " " + fillColour));
 @end
 
+/// The context of a bitmap is the bitmap itself.
 @implementation NSGraphicsContext
-static NSBitmapImageRep* currentBitmap;
-static NSBitmapImageRep* savedBitmap;
-+ (NSGraphicsContext*)currentContext RETURNS(nil);
-+ (void)setCurrentContext:(NSGraphicsContext*)context DOES(currentBitmap = context.bitmap);
-+ (void)saveGraphicsState DOES(savedBitmap = currentBitmap);
-+ (void)restoreGraphicsState DOES(currentBitmap = savedBitmap);
-+ (NSGraphicsContext*)graphicsContextWithBitmapImageRep:(NSBitmapImageRep*)bitmap
-{
-    NSGraphicsContext* const context = [[self alloc] init];
-    context.bitmap = bitmap;
-    return context;
-}
+static id currentBitmap;
++ (NSGraphicsContext*)currentContext RETURNS(currentBitmap);
++ (void)setCurrentContext:(NSGraphicsContext*)context DOES(currentBitmap = context);
++ (void)saveGraphicsState DOES();
++ (void)restoreGraphicsState DOES(currentBitmap = nil);
++ (NSGraphicsContext*)graphicsContextWithBitmapImageRep:(id)bitmap RETURNS(bitmap);
 @end
 
 void NSRectFillUsingOperation(NSRect rect, NSCompositingOperation operation)
@@ -109,7 +103,7 @@ EMPTY(NSImageRep)
 - (instancetype)initWithContentsOfURL:(NSURL*)url
 {
     summary(self) = summary(url);
-    return mac.damagedResources.count(summary(url)) == 0 ? self : nil;
+    return mac.noImages.count(summary(url)) == 0 ? self : nil;
 }
 + (NSImage*)imageWithSize:(NSSize)size
                   flipped:(BOOL)flipped
@@ -123,7 +117,7 @@ EMPTY(NSImageRep)
 }
 + (instancetype)imageWithSystemSymbolName:(NSString*)name
                  accessibilityDescription:(NSString*)description
-    RETURNS(mac.unknownSymbols.count(text(name)) == 0 ? made(self, text(name)) : nil);
+    RETURNS(mac.noImages.count(text(name)) == 0 ? made(self, text(name)) : nil);
 - (BOOL)isTemplate RETURNS(_isTemplate);
 - (void)setTemplate:(BOOL)isTemplate DOES(_isTemplate = isTemplate);
 - (void)drawInRect:(NSRect)rect
@@ -136,52 +130,57 @@ EMPTY(NSImageRep)
 }
 @end
 
-std::vector<std::string> voltmere::drawing(NSImage* image)
+std::vector<std::string> voltmere::drawing(id shown)
 {
     mac.drawn.clear();
-    [image drawInRect:{{0, 0}, image.size}];
-    return mac.drawn;
-}
-
-std::vector<std::string> voltmere::drawing(NSView* view)
-{
-    mac.drawn.clear();
-    [view drawRect:view.bounds];
+    if ([shown isKindOfClass:NSImage.class]) {
+        [(NSImage*)shown drawInRect:{{0, 0}, [(NSImage*)shown size]}];
+    } else {
+        [(NSView*)shown drawRect:[(NSView*)shown bounds]];
+    }
     return mac.drawn;
 }
 
 // Layout
 
+static NSRect moved(NSRect rect, NSPoint by)
+    RETURNS({{rect.origin.x + by.x, rect.origin.y + by.y}, rect.size});
 static NSView* root(NSView* view) RETURNS(view.superview == nil ? view : root(view.superview));
 
-@implementation NSLayoutConstraint
+@implementation NSLayoutConstraint {
+@public
+    __weak NSView* _view;
+    __weak NSView* _other;
+}
 - (void)setActive:(BOOL)active
 {
-    if (self.other != nil && root(self.view) != root(self.other)) {
+    if (_other != nil && root(_view) != root(_other)) {
         raise("the views of a constraint have no common ancestor");
     }
     if (active) {
-        [self.view constraints].push_back(summary(self));
+        [_view constraints].push_back(summary(self));
     }
 }
 @end
 
-@implementation NSLayoutAnchor
+@implementation NSLayoutAnchor {
+    __weak NSView* _view;
+}
 static id anchor(id itsClass, NSView* view, const char* name)
 {
     NSLayoutAnchor* const anchor = made(itsClass, name);
-    anchor.view = view;
+    anchor->_view = view;
     return anchor;
 }
 static id constraint(NSLayoutAnchor* anchor, std::string relation, NSLayoutAnchor* other = nil)
 {
     if (other != nil) {
-        relation += other.view == anchor.view.superview ? "superview " : "another's ";
+        relation += other->_view == anchor->_view.superview ? "superview " : "another's ";
         relation += summary(other);
     }
     NSLayoutConstraint* const one = made(NSLayoutConstraint.class, summary(anchor) + relation);
-    one.view = anchor.view;
-    one.other = other.view;
+    one->_view = anchor->_view;
+    one->_other = other == nil ? nil : other->_view;
     return one;
 }
 - (NSLayoutConstraint*)constraintEqualToAnchor:(NSLayoutAnchor*)other
@@ -198,18 +197,18 @@ EMPTY(NSLayoutYAxisAnchor)
 
 // Events
 
+/// Where the monitors of other programs' events wait, by the mask of these events.
+static NSNotificationCenter* events() RETURNS(shared(NSNotificationCenter.class, "events"));
+
 @implementation NSEvent
 + (NSPoint)mouseLocation RETURNS(mac.pointer);
 + (NSUInteger)pressedMouseButtons RETURNS(mac.pressedButtons);
 + (id)addGlobalMonitorForEventsMatchingMask:(NSEventMask)mask handler:(void (^)(NSEvent*))handler
-{
-    mac.monitors.push_back({made(self, ""), self, std::to_string(mask), (id)handler});
-    return mac.monitors.back().token;
-}
-+ (void)removeMonitor:(id)monitor
-{
-    std::erase_if(mac.monitors, [&](const Registration& one) { return one.token == monitor; });
-}
+    RETURNS([events() addObserverForName:cocoaText(std::to_string(mask))
+                                  object:nil
+                                   queue:nil
+                              usingBlock:(id)handler]);
++ (void)removeMonitor:(id)monitor DOES([events()removeObserver:monitor]);
 + (NSEvent*)otherEventWithType:(NSEventType)type
                       location:(NSPoint)location
                  modifierFlags:(NSEventModifierFlags)flags
@@ -222,12 +221,8 @@ EMPTY(NSLayoutYAxisAnchor)
 @end
 
 void voltmere::clickElsewhere()
-{
-    const auto monitors = mac.monitors;
-    for (const Registration& one : monitors) {
-        one.block(made(NSEvent.class, "click"));
-    }
-}
+    DOES(post(events(),
+              cocoaText(std::to_string(NSEventMaskLeftMouseDown | NSEventMaskRightMouseDown))));
 
 @implementation NSResponder
 - (void)mouseUp:(NSEvent*)event DOES();
@@ -299,10 +294,10 @@ static NSScreen* screen(NSRect frame, NSRect visible)
     _frame = rect;
     _styleMask = style;
     _hidesOnDeactivate = [self isKindOfClass:NSPanel.class];
-    _releasedWhenClosed = !_hidesOnDeactivate;
     _movable = YES;
     _standardButtons = {[[NSButton alloc] init], [[NSButton alloc] init], [[NSButton alloc] init]};
     mac.windows.push_back(self);
+    mac.panel = (style & NSWindowStyleMaskNonactivatingPanel) != 0 ? self : mac.panel;
     self.contentView = [[NSView alloc] initWithFrame:{{0, 0}, rect.size}];
     return self;
 }
@@ -317,7 +312,7 @@ static NSScreen* screen(NSRect frame, NSRect visible)
 - (void)setContentSize:(NSSize)size
 {
     _frame.size = size;
-    _contentView.bounds = {{0, 0}, size};
+    _contentView.frame = {{0, 0}, size};
 }
 - (void)setFrameTopLeftPoint:(NSPoint)point
     DOES(_frame.origin = NSMakePoint(point.x, point.y - _frame.size.height));
@@ -359,9 +354,12 @@ void voltmere::pressEscape()
 // Views
 
 @implementation NSView {
+    __weak NSView* _parent;
     std::vector<id> _children;
     std::vector<std::string> _constraints;
-    std::map<std::string, float> _priorities;
+    BOOL _isSpacer;
+@protected
+    BOOL _givesWay;
 }
 - (instancetype)init RETURNS([self initWithFrame:NSZeroRect]);
 - (instancetype)initWithFrame:(NSRect)frame
@@ -371,34 +369,29 @@ void voltmere::pressEscape()
     _accessibilityElement = YES;
     return self;
 }
-- (void)dealloc
-{
-    for (NSView* const child : _children) {
-        child.superview = nil;
-    }
-}
+- (NSView*)superview RETURNS(_parent);
 - (std::vector<std::string>&)constraints RETURNS(_constraints);
-- (NSWindow*)window RETURNS(_superview != nil ? _superview.window : _ownWindow);
+- (NSWindow*)window RETURNS(_parent != nil ? _parent.window : _ownWindow);
 - (NSRect)bounds RETURNS(NSMakeRect(0, 0, _frame.size.width, _frame.size.height));
-- (void)setBounds:(NSRect)bounds DOES(_frame.size = bounds.size);
 - (NSArray*)subviews RETURNS(array(_children));
 - (void)addSubview:(NSView*)view
 {
     [view removeFromSuperview];
     _children.push_back(view);
-    view.superview = self;
+    view->_parent = self;
 }
 - (void)removeFromSuperview
 {
-    if (_superview != nil) {
-        std::erase(std::exchange(_superview, nil)->_children, self);
+    if (NSView* const parent = _parent) {
+        _parent = nil;
+        std::erase(parent->_children, self);
     }
 }
 - (void)drawRect:(NSRect)dirty DOES(mac.drawn.push_back("the view itself"));
 - (void)layoutSubtreeIfNeeded DOES();
 - (NSSize)fittingSize RETURNS(mac.fittingSize);
 - (NSPoint)placeInWindow
-    RETURNS(_superview == nil ? _frame.origin : moved(_frame, [_superview placeInWindow]).origin);
+    RETURNS(_parent == nil ? _frame.origin : moved(_frame, [_parent placeInWindow]).origin);
 - (NSRect)convertRect:(NSRect)rect toView:(NSView*)view RETURNS(moved(rect, [self placeInWindow]));
 - (NSPoint)convertPoint:(NSPoint)point fromView:(NSView*)view
 {
@@ -414,26 +407,27 @@ void voltmere::pressEscape()
 {
     const bool isColumn = [self isKindOfClass:NSStackView.class] &&
         ((NSStackView*)self).orientation == NSUserInterfaceLayoutOrientationVertical;
-    std::string all = _priorities["hugging 0"] == 1 ? "~" : "";
+    std::string all = _isSpacer ? "~" : "";
     for (NSView* const child : _children) {
         std::string part = child.hidden ? "" : [child seen];
         for (const std::string& constraint : [child constraints]) {
             part += "{" + constraint + "}";
         }
         part += child.gapAfter == 0 ? "" : "{gap " + number(child.gapAfter) + "}";
-        part += [child class] != NSView.class || !child.translatesAutoresizingMaskIntoConstraints
-            ? ""
-            : "{autoresized}";
+        // A label takes what its stack gives.
+        const bool isFree = [child isKindOfClass:NSTextField.class] ||
+            ([child class] != NSView.class && [child constraints].empty());
+        part += isFree || !child.translatesAutoresizingMaskIntoConstraints ? "" : "{autoresized}";
         all += (all.empty() || part.empty() ? "" : isColumn ? "\n" : " ") + part;
     }
     return all;
 }
 - (void)setContentHuggingPriority:(NSLayoutPriority)priority
                    forOrientation:(NSLayoutConstraintOrientation)orientation
-    DOES(_priorities["hugging " + std::to_string(orientation)] = priority);
+    DOES(_isSpacer = priority == 1 && orientation == NSLayoutConstraintOrientationHorizontal);
 - (void)setContentCompressionResistancePriority:(NSLayoutPriority)priority
                                  forOrientation:(NSLayoutConstraintOrientation)orientation
-    DOES(_priorities["resistance " + std::to_string(orientation)] = priority);
+    DOES(_givesWay = priority == 250 && orientation == NSLayoutConstraintOrientationHorizontal);
 - (NSLayoutXAxisAnchor*)leadingAnchor RETURNS(anchor(NSLayoutXAxisAnchor.class, self, "leading"));
 - (NSLayoutXAxisAnchor*)centerXAnchor RETURNS(anchor(NSLayoutXAxisAnchor.class, self, "centreX"));
 - (NSLayoutYAxisAnchor*)topAnchor RETURNS(anchor(NSLayoutYAxisAnchor.class, self, "top"));
@@ -521,7 +515,8 @@ std::vector<id> voltmere::viewsIn(NSView* view, id itsClass)
         (self.font == nil ? "" : " " + summary(self.font)) +
         (_textColor == nil ? "" : " " + summary(_textColor)) +
         (self.alignment == NSTextAlignmentCenter ? " centred" : "") + (isCut ? " cut" : "") +
-        (_selectable ? " selectable" : "") + (width == "0" ? "" : " over " + width);
+        (_givesWay ? " first" : "") + (_selectable ? " selectable" : "") +
+        (width == "0" ? "" : " over " + width);
 }
 + (instancetype)labelWithString:(NSString*)text
 {

@@ -10,26 +10,15 @@
 #include <ctime>
 #include <fstream>
 #include <stdexcept>
-#include <utility>
 
 namespace voltmere {
 
 Mac mac;
 
-NSString* string(const std::string& text)
-{
-    return [[NSString alloc] initWithBytes:text.data()
-                                    length:text.size()
-                                  encoding:NSUTF8StringEncoding];
-}
-
 std::string text(NSString* text) RETURNS(text == nil ? "nil" : text.UTF8String);
 
-std::string text(NSRect rect)
-{
-    return number(rect.origin.x) + " " + number(rect.origin.y) + " " + number(rect.size.width) +
-        " " + number(rect.size.height);
-}
+std::string text(NSRect rect) RETURNS(number(rect.origin.x) + " " + number(rect.origin.y) + " " +
+                                      number(rect.size.width) + " " + number(rect.size.height));
 
 std::string number(double value)
 {
@@ -38,15 +27,8 @@ std::string number(double value)
     return line;
 }
 
-NSArray* array(const std::vector<id>& items)
-{
-    return [NSArray arrayWithObjects:items.data() count:items.size()];
-}
-
-NSRect moved(NSRect rect, NSPoint by)
-{
-    return {{rect.origin.x + by.x, rect.origin.y + by.y}, rect.size};
-}
+NSArray* array(const std::vector<id>& items) RETURNS([NSArray arrayWithObjects:items.data()
+                                                                         count:items.size()]);
 
 std::string& summary(id object)
 {
@@ -77,20 +59,17 @@ void note(id receiver, const std::string& call)
 void raise(const std::string& reason) DOES(throw std::runtime_error(reason));
 
 /// Writes down the messages whose order tests look at.
-static void noteMessage(const std::string& className, const std::string& selector)
+void objc::noteMessage(const std::string& className, const std::string& selector)
 {
     static const std::string noted =
         " activateIgnoringOtherApps: center hide: layout layoutSubtreeIfNeeded makeFirstResponder: "
-        "makeKeyAndOrderFront: "
-        "orderFrontRegardless orderOut: registerAndReturnError: removeAllItems removeStatusItem: "
-        "run setImage: "
-        "setLevel: setToolTip: statusItemWithLength: unhideWithoutActivation ";
+        "makeKeyAndOrderFront: orderFrontRegardless orderOut: registerAndReturnError: "
+        "removeAllItems removeStatusItem: run setImage: setLevel: setToolTip: "
+        "statusItemWithLength: unhideWithoutActivation ";
     if (noted.find(" " + selector + " ") != noted.npos) {
         mac.calls.push_back(className + " " + selector);
     }
 }
-
-static const bool isNoting = (objc::onMessage = &noteMessage) != nullptr;
 
 static void runFirst(std::deque<dispatch_block_t>& queue)
 {
@@ -156,7 +135,7 @@ void dispatch_async(dispatch_queue_t queue, dispatch_block_t block) DOES(queue->
     +(id)accessor RETURNS(shared(self)) @end
 #define TEXT(Class, accessor)                                                                      \
     @implementation Class                                                                          \
-    -(NSString*)accessor RETURNS(string(summary(self))) @end
+    -(NSString*)accessor RETURNS(cocoaText(summary(self))) @end
 
 @implementation NSString // a literal is no longer than NSConstantString declares
 - (instancetype)initWithBytes:(const void*)bytes
@@ -280,8 +259,8 @@ TEXT(NSError, localizedDescription)
 @implementation NSBundle
 + (NSBundle*)mainBundle RETURNS(shared(self));
 - (NSString*)bundleIdentifier RETURNS(mac.hasBundle ? @"org.voltmere.Voltmere" : nil);
-- (NSString*)bundlePath RETURNS(string(mac.bundlePath));
-- (NSString*)resourcePath RETURNS(string(mac.bundlePath + "/Contents/Resources"));
+- (NSString*)bundlePath RETURNS(cocoaText(mac.bundlePath));
+- (NSString*)resourcePath RETURNS(cocoaText(mac.bundlePath + "/Contents/Resources"));
 - (NSURL*)URLForResource:(NSString*)name withExtension:(NSString*)extension
 {
     const std::string file = text(name) + "." + text(extension);
@@ -293,32 +272,26 @@ TEXT(NSError, localizedDescription)
 + (NSUserDefaults*)standardUserDefaults RETURNS(shared(self));
 - (id)objectForKey:(NSString*)key
     RETURNS(mac.defaults.count(text(key)) == 0 ? nil : mac.defaults[text(key)]);
-- (void)setInteger:(NSInteger)value forKey:(NSString*)key
+static void set(NSString* key, NSNumber* value, const std::string& shown)
 {
-    note(self, text(key) + " = " + std::to_string(value));
-    mac.defaults[text(key)] = boxed(value);
+    note(NSUserDefaults.standardUserDefaults, text(key) + " = " + shown);
+    mac.defaults[text(key)] = value;
 }
-- (void)setBool:(BOOL)value forKey:(NSString*)key
-{
-    note(self, text(key) + " = " + (value ? "YES" : "NO"));
-    mac.defaults[text(key)] = boxed(value);
-}
+- (void)setInteger:(NSInteger)value
+            forKey:(NSString*)key DOES(set(key, boxed(value), std::to_string(value)));
+- (void)setBool:(BOOL)value
+         forKey:(NSString*)key DOES(set(key, boxed(value), value ? "YES" : "NO"));
 @end
 
 NSArray<NSString*>* NSSearchPathForDirectoriesInDomains(NSSearchPathDirectory directory,
                                                         NSSearchPathDomainMask domains, BOOL)
 {
     const bool isUsers = directory == NSApplicationSupportDirectory && domains == NSUserDomainMask;
-    return isUsers ? @[ string(mac.supportDirectory) ] : @[];
+    return isUsers ? @[ cocoaText(mac.supportDirectory) ] : @[];
 }
 
 @implementation NSLocale
-+ (NSArray<NSString*>*)preferredLanguages
-{
-    std::vector<id> all;
-    std::ranges::transform(mac.languages, std::back_inserter(all), &string);
-    return array(all);
-}
++ (NSArray<NSString*>*)preferredLanguages RETURNS(array(mac.languages));
 @end
 
 @implementation NSProcessInfo
@@ -352,9 +325,7 @@ void NSLog(NSString* format, ...)
 // Notifications within the program and between programs
 
 EMPTY(NSNotification)
-ONE(NSOperationQueue, mainQueue)
 @implementation NSNotificationCenter
-+ (NSNotificationCenter*)defaultCenter RETURNS(shared(self));
 - (id<NSObject>)addObserverForName:(NSNotificationName)name
                             object:(id)object
                              queue:(NSOperationQueue*)queue
@@ -388,8 +359,8 @@ NSRunLoopMode const NSDefaultRunLoopMode = @"default";
 NSRunLoopMode const NSRunLoopCommonModes = @"common";
 
 @interface NSTimer ()
-@property double due, interval;
-@property BOOL repeats, isCommon;
+@property double due;
+@property BOOL isCommon;
 @property (copy) void (^block)(NSTimer*);
 @end
 @implementation NSTimer
@@ -398,9 +369,8 @@ NSRunLoopMode const NSRunLoopCommonModes = @"common";
                             block:(void (^)(NSTimer*))block
 {
     NSTimer* const timer = [[NSTimer alloc] init];
-    timer.interval = std::max(interval, 0.0001);
-    timer.repeats = repeats;
-    timer.block = block;
+    timer.due = mac.awake + std::max(interval, 0.0001);
+    timer.block = repeats ? ^(NSTimer*) { raise("a timer repeats"); } : block;
     return timer;
 }
 - (void)invalidate DOES(self.block = nil; std::erase(mac.timers, self));
@@ -411,7 +381,6 @@ NSRunLoopMode const NSRunLoopCommonModes = @"common";
 - (void)addTimer:(NSTimer*)timer forMode:(NSRunLoopMode)mode
 {
     timer.isCommon = mode == NSRunLoopCommonModes;
-    timer.due = mac.awake + timer.interval;
     mac.timers.push_back(timer);
 }
 /// A timer alone does not make it return.
@@ -447,11 +416,8 @@ void voltmere::advance(double seconds)
     settle();
     for (NSTimer* timer = nextTimer(); timer != nil && timer.due <= end; timer = nextTimer()) {
         mac.awake = timer.due;
-        timer.due += timer.interval;
         void (^const block)(NSTimer*) = timer.block;
-        if (!timer.repeats) {
-            [timer invalidate];
-        }
+        [timer invalidate];
         @autoreleasepool {
             block(timer);
         }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "macos/text.h"
+
 #import <AppKit/AppKit.h>
 #import <ServiceManagement/ServiceManagement.h>
 #import <UserNotifications/UserNotifications.h>
@@ -17,11 +19,11 @@
 
 namespace voltmere {
 
-/// A block in a notification centre, or one that sees the events of other programs.
+/// A block in a notification centre.
 struct Registration {
     id token;
     id centre;
-    std::string name; ///< of the notification, or the mask of the events
+    std::string name; ///< of the notification
     void (^block)(id);
 };
 
@@ -33,10 +35,9 @@ struct Mac {
     bool hasBundle = true;
     std::string bundlePath = "/Applications/Voltmere.app";
     std::set<std::string> resources{"StatusIcon.png", "StatusIcon.icns", "AppIcon.icns"};
-    std::set<std::string> damagedResources;
     std::string supportDirectory = "/nonexistent";
     std::map<std::string, id> defaults;
-    std::vector<std::string> languages{"en-GB"};
+    std::vector<id> languages{@"en-GB"};
     bool isLoggedIn = true; ///< a session with windows
 
     SMAppServiceStatus loginItem = SMAppServiceStatusNotRegistered;
@@ -44,7 +45,7 @@ struct Mac {
     std::string loginItemFailure;
 
     NSString* appearance = NSAppearanceNameAqua; ///< of the system
-    std::set<std::string> unknownSymbols;
+    std::set<std::string> noImages;              ///< damaged resources and unknown symbols
     NSRect screen{{0, 0}, {1440, 900}};
     NSRect visibleScreen{{0, 40}, {1440, 836}};
     std::vector<NSRect> otherScreens;
@@ -64,10 +65,10 @@ struct Mac {
     int idleTurns = 0;       ///< of the run loop, where only timers were left
     std::set<id> activities; ///< that keep the program from napping
     std::vector<Registration> observers;
-    std::vector<Registration> monitors;
 
     std::vector<__weak NSWindow*> windows;
-    __weak NSAlert* alert; ///< the last one
+    __weak NSWindow* panel; ///< the last one that takes the keyboard without activation
+    __weak NSAlert* alert;  ///< the last one
     __weak NSWindow* keyWindow;
     __weak NSStatusItem* statusItem;
     bool isAgent = false;
@@ -79,12 +80,10 @@ struct Mac {
 
 extern Mac mac;
 
-NSString* string(const std::string& text);
 std::string text(NSString* text);
 std::string text(NSRect rect);
 std::string number(double value);
 NSArray* array(const std::vector<id>& items);
-NSRect moved(NSRect rect, NSPoint by);
 
 /// What an object is, in one line, where the program cannot ask: a colour's name, a font's name and
 /// size, an image's file.
@@ -116,9 +115,8 @@ void pressEscape();
 /// A mouse down in another program.
 void clickElsewhere();
 
-/// What drawing puts on the screen.
-std::vector<std::string> drawing(NSImage* image);
-std::vector<std::string> drawing(NSView* view);
+/// What drawing puts on the screen, of an image or a view.
+std::vector<std::string> drawing(id shown);
 /// Every view of a class below `view`, in order.
 std::vector<id> viewsIn(NSView* view, id itsClass);
 
@@ -135,18 +133,7 @@ std::vector<id> viewsIn(NSView* view, id itsClass);
 @interface NSDictionary (Test)
 - (id)objectForKey:(NSString*)key;
 @end
-@interface NSGraphicsContext ()
-@property (strong) NSBitmapImageRep* bitmap;
-@end
-@interface NSLayoutConstraint ()
-@property (weak) NSView* view;
-@property (weak) NSView* other;
-@end
-@interface NSLayoutAnchor ()
-@property (weak) NSView* view;
-@end
 @interface NSView ()
-@property (readwrite, assign) NSView* superview;
 @property (copy) NSString* accessibilityLabel;
 @property (getter=isAccessibilityElement) BOOL accessibilityElement;
 @property (weak) NSWindow* ownWindow;

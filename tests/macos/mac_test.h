@@ -36,9 +36,7 @@ protected:
         settle();
         NSApp.appearance = nil;
         objc::drainPool();
-        EXPECT_EQ(mac.timers.size() + mac.observers.size() + mac.monitors.size() +
-                      mac.activities.size(),
-                  0U);
+        EXPECT_EQ(mac.timers.size() + mac.observers.size() + mac.activities.size(), 0U);
         mac = Mac();
         objc::drainPool();
         for (const auto& [name, count] : objc::liveObjects()) {
@@ -56,16 +54,7 @@ protected:
         return all;
     }
 
-    static NSWindow* panel()
-    {
-        for (NSWindow* const window : mac.windows) {
-            if (window != nil && class_getName([window class]) == std::string("VoltmerePanel")) {
-                return window;
-            }
-        }
-        return nil;
-    }
-
+    static NSWindow* panel() { return mac.panel; }
     static NSWindow* alert() { return mac.alert.window; }
 
     /// The newest button with that title that a person can see.

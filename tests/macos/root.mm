@@ -8,7 +8,6 @@ extern "C" void voltmere_destroy(id object);
 
 @implementation NSObject
 + (instancetype)alloc RETURNS(voltmere_allocate(static_cast<Class>(self)));
-+ (instancetype)new RETURNS([[self alloc] init]);
 + (Class)class RETURNS(static_cast<Class>(self));
 - (instancetype)init RETURNS(self);
 - (void)dealloc DOES(voltmere_destroy(self));

@@ -75,7 +75,6 @@ namespace {
 
 struct State {
     std::map<std::string, Class> classes;
-    bool prepared = false;
     std::map<std::pair<Class, const char*>, IMP> found;
     std::map<id, std::set<id*>> weakPlaces;
     std::vector<id> pool;
@@ -94,6 +93,7 @@ State& state()
     std::abort();
 }
 
+/// Before the first message to the class or to an object of it.
 void prepare(Class aClass)
 {
     Class meta = aClass->isa;
@@ -115,14 +115,6 @@ void prepare(Class aClass)
     }
 }
 
-void prepareAll()
-{
-    state().prepared = true;
-    for (const auto& [name, aClass] : state().classes) {
-        prepare(aClass);
-    }
-}
-
 /// The method that the class itself has, or null.
 IMP ownMethod(Class aClass, const char* name)
 {
@@ -138,9 +130,7 @@ IMP ownMethod(Class aClass, const char* name)
 /// The method that the class has itself or from a superclass, or null.
 IMP find(Class aClass, const char* name)
 {
-    if (!state().prepared) {
-        prepareAll();
-    }
+    prepare(state().classes.at(aClass->name)); // a metaclass has the name of its class
     IMP& body = state().found[{aClass, name}];
     for (; aClass != nullptr && body == nullptr; aClass = aClass->superclass) {
         body = ownMethod(aClass, name);
@@ -199,9 +189,7 @@ IMP objc_msg_lookup(id receiver, SEL selector)
     if (receiver == nullptr) {
         return &nothing;
     }
-    if (voltmere::objc::onMessage != nullptr) {
-        voltmere::objc::onMessage(receiver->isa->name, selector->name);
-    }
+    voltmere::objc::noteMessage(receiver->isa->name, selector->name);
     if (isCounted(receiver) && countOf(receiver) == 0) {
         die("a message to a destroyed object", receiver, selector->name);
     }
@@ -213,13 +201,7 @@ IMP objc_msg_lookup(id receiver, SEL selector)
 }
 
 IMP objc_msg_lookup_super(objc_super* super, SEL selector)
-{
-    const IMP body = find(super->superclass, selector->name);
-    if (body == nullptr) {
-        die("unknown method of the superclass", super->receiver, selector->name);
-    }
-    return body;
-}
+    RETURNS(find(super->superclass, selector->name));
 
 IMP objc_msg_lookup_stret(id, SEL) SAME_AS(objc_msg_lookup);
 IMP objc_msg_lookup_super_stret(objc_super*, SEL) SAME_AS(objc_msg_lookup_super);
@@ -309,27 +291,16 @@ void objc_storeStrong(id* place, id object)
     DOES(objc_release(std::exchange(*place, objc_retain(object))));
 
 id objc_initWeak(id* place, id object)
-{
-    state().weakPlaces[object].insert(place);
-    return *place = object;
-}
+    DOES(state().weakPlaces[object].insert(place); return * place = object);
 
 void objc_destroyWeak(id* place) DOES(state().weakPlaces[*place].erase(place));
 
 id objc_storeWeak(id* place, id object)
-{
-    objc_destroyWeak(place);
-    return objc_initWeak(place, object);
-}
+    DOES(objc_destroyWeak(place); return objc_initWeak(place, object));
 
 id objc_loadWeakRetained(id* place) RETURNS(objc_retain(*place));
 void objc_copyWeak(id* to, id* from) DOES(objc_initWeak(to, *from));
-
-void objc_moveWeak(id* to, id* from)
-{
-    objc_initWeak(to, *from);
-    objc_destroyWeak(from);
-}
+void objc_moveWeak(id* to, id* from) DOES(objc_copyWeak(to, from); objc_destroyWeak(from));
 
 // Declared properties without methods of their own.
 
@@ -358,13 +329,7 @@ _Unwind_Reason_Code __gnu_objc_personality_v0(int version, _Unwind_Action action
 
 namespace voltmere::objc {
 
-void (*onMessage)(const std::string& className, const std::string& selector) = nullptr;
-
-std::map<std::string, long>& liveObjects()
-{
-    return state().live;
-}
-
+std::map<std::string, long>& liveObjects() RETURNS(state().live);
 void drainPool() DOES(objc_autoreleasePoolPop(nullptr));
 
 } // namespace voltmere::objc

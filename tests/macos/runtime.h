@@ -12,8 +12,8 @@ namespace voltmere::objc {
 /// The objects that were made and not destroyed yet, by the name of their class.
 std::map<std::string, long>& liveObjects();
 
-/// What is called for each message, with the names of the receiver's class and of the method.
-extern void (*onMessage)(const std::string& className, const std::string& selector);
+/// Is called for each message, with the names of the receiver's class and of the method.
+void noteMessage(const std::string& className, const std::string& selector);
 
 /// Releases what was autoreleased outside of every pool.
 void drainPool();

@@ -16,16 +16,12 @@ typedef unsigned long NSUInteger;
 #define YES true
 #define NO false
 #define nil nullptr
-#define Nil nullptr
 
 extern "C" IMP objc_msg_lookup(id receiver, SEL selector);
 extern "C" const char* class_getName(Class aClass);
 
 // The body of a function of one statement, and a class without methods of its own.
-#define RETURNS(...)                                                                               \
-    {                                                                                              \
-        return __VA_ARGS__;                                                                        \
-    }
+#define RETURNS(...) DOES(return __VA_ARGS__)
 #define DOES(...)                                                                                  \
     {                                                                                              \
         __VA_ARGS__;                                                                               \

@@ -354,7 +354,6 @@ enum : NSWindowCollectionBehavior {
 @property NSWindowTitleVisibility titleVisibility; // 10.10
 @property BOOL titlebarAppearsTransparent;         // 10.10
 @property (getter=isMovable) BOOL movable;         // 10.6
-@property (getter=isReleasedWhenClosed) BOOL releasedWhenClosed;
 @property BOOL hidesOnDeactivate;
 @property NSWindowLevel level;
 @property NSWindowCollectionBehavior collectionBehavior; // 10.5
@@ -362,7 +361,6 @@ enum : NSWindowCollectionBehavior {
 @property (nullable, strong) NSView* contentView;
 @property (nullable, readonly, strong) NSScreen* screen;
 @property (readonly, getter=isVisible) BOOL visible;
-@property (readonly, getter=isKeyWindow) BOOL keyWindow;
 @property (readonly) BOOL canBecomeKeyWindow;
 // @property (readonly) NSRect frame; in screen coordinates, the origin at the bottom left
 @property (readonly) NSRect frame;

@@ -193,8 +193,6 @@ extern "C" void objc_enumerationMutation(id object);
 @end
 
 @interface NSURL : NSObject
-// @property (nullable, readonly, copy) NSString *path; macOS 10.0
-@property (nullable, readonly, copy) NSString* path;
 @end
 
 @interface NSDate : NSObject
@@ -301,9 +299,6 @@ typedef NSString* NSNotificationName;
           deliverImmediately:(BOOL)deliverImmediately;
 @end
 
-@interface NSOperationQueue : NSObject
-@end
-
 typedef NSString* NSRunLoopMode;
 
 // NSRunLoopMode const NSDefaultRunLoopMode; macOS 10.0. ...NSRunLoopCommonModes; macOS 10.5
@@ -319,8 +314,6 @@ extern "C" NSRunLoopMode const NSRunLoopCommonModes;
                             block:(void (^)(NSTimer* timer))block VOLTMERE_SINCE(10.12);
 // - (void)invalidate; macOS 10.0
 - (void)invalidate;
-// @property NSTimeInterval tolerance; macOS 10.9
-@property NSTimeInterval tolerance;
 @end
 
 @interface NSRunLoop : NSObject
