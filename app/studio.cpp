@@ -101,7 +101,6 @@ int drawPictures(const CommandLine& commandLine, MainLoop& mainLoop, const Drawi
     }
     Services services(commandLine, Services::Reach::nothing, mainLoop);
     BatteryModel model(services.forModel());
-    BatteryModel::launchSettled = true;
     waitForReading(model, mainLoop);
     album.addAll(model, ColourScheme::light);
     album.addAll(model, ColourScheme::dark);

@@ -148,9 +148,8 @@ void SnoozeAlertWindow::centre()
 }
 
 /// The window system puts its frame around the window only after the window is on screen.
-void SnoozeAlertWindow::moveEvent(QMoveEvent* event)
+void SnoozeAlertWindow::moveEvent(QMoveEvent* /*event*/)
 {
-    QDialog::moveEvent(event);
     if (!isCentredWithFrame && isVisible() && frameGeometry() != geometry()) {
         isCentredWithFrame = true;
         centre();
@@ -196,7 +195,6 @@ QWidget* SnoozeAlertWindow::makeAccessory(const AlertContent& content)
                           [this, option] { actions.chooseOption(option); }));
     }
     addRow(customTimeRow(content));
-    container->setMinimumWidth(scaledTo(font(), alertGeometry::width));
     return container;
 }
 

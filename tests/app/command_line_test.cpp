@@ -150,6 +150,7 @@ TEST(CommandLineTest, TheUsageTextNamesEveryOption)
                                      "--tools <dir>", "--sysfs <dir>", "--help", "--version"}) {
         EXPECT_THAT(usage, testing::HasSubstr(option));
     }
+    EXPECT_THAT(usage, testing::Not(testing::ContainsRegex("[^ -~\n]")));
 }
 
 } // namespace

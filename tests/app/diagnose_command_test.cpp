@@ -55,10 +55,11 @@ TEST_F(DiagnoseCommandTest, SaysWhatWasFound)
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
     for (const char* const line :
-         {"voltmere +[0-9]+\\.[0-9]+\\.[0-9]+\n", "Qt +6\\.", "source +tools\n",
-          "Bluetooth names +1\n", "entries +4\n", "settings +settings.json: not there",
-          "session bus +missing", "system bus +missing", "tray +no StatusNotifier host",
-          "entry 1 +product 804, level 45: shown\n", "entry 3 +product 803, level 14: shown\n",
+         {"voltmere +[0-9]+\\.[0-9]+\\.[0-9]+\n", "XDG_CURRENT_DESKTOP [^ ]", "Qt +6\\.",
+          "source +tools\n", "Bluetooth names +1\n", "entries +4\n",
+          "settings +settings.json: not there", "session bus +missing", "system bus +missing",
+          "tray +no StatusNotifier host", "entry 1 +product 804, level 45: shown\n",
+          "entry 3 +product 803, level 14: shown\n",
           "entry 4 +product 612, level 50: skipped: product is not in the catalogue\n"}) {
         EXPECT_THAT(outcome.output, ContainsRegex(line));
     }

@@ -211,8 +211,21 @@ TEST_F(MacProgram, SaysWhatIsMissingInASessionWithoutAScreen)
     EXPECT_THAT(output, HasSubstr("Magic Mouse"));
     EXPECT_EQ(run({"--diagnose"}), 0);
     EXPECT_THAT(output, HasSubstr("macOS Version 14.5"));
+    EXPECT_EQ(run({"--unknown"}), exitStatus::wrongUsage);
+    EXPECT_THAT(errors, HasSubstr("--unknown"));
     EXPECT_EQ(calls(), Lines());
     EXPECT_EQ(NSApp, nil);
+}
+
+TEST_F(MacProgram, EndsAtOnceWhileAToolHangs)
+{
+    writeTool("ioreg", "sleep 60");
+    mac.whileRunning = [] {
+        drainMainQueue(); // the reading has only begun
+        press(mac.statusItem.button);
+        press(button("Quit"));
+    };
+    EXPECT_EXIT(call({}), testing::ExitedWithCode(0), "");
 }
 
 TEST_F(MacProgram, DrawsItsPicturesInBothLanguagesLightAndDark)

@@ -271,6 +271,8 @@ TEST(StatusImage, WritesTheWeakestLevelInRedAtTheThresholdElseInTheColourOfTheSc
 
 TEST(StatusImage, WritesTheLabelFivePointsFromTheIconCentredByTheHeightOfItsFont)
 {
+    const QFont usual = QApplication::font();
+    QApplication::setFont(QFont(usual.family(), 30)); // the painter's own, at first
     const DrawnImage image = StatusImage::make({mouse(57)}, 20, ColourScheme::light);
     const auto draw = [](QPainter& painter, const QRectF& /*destination*/) {
         QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
@@ -281,6 +283,7 @@ TEST(StatusImage, WritesTheLabelFivePointsFromTheIconCentredByTheHeightOfItsFont
         painter.drawText(QPointF(25, (22 - metrics.height()) / 2 + metrics.ascent()), "57%");
     };
     EXPECT_EQ(textPart(image), textPart({.size = image.size, .draw = draw}));
+    QApplication::setFont(usual);
 }
 
 TEST(StatusImage, HasRoomForItsWholeText)

@@ -68,6 +68,7 @@ protected:
 
 TEST_F(PanelControllerTest, EachOpeningBuildsAPanelThatIsDestroyedWhenItCloses)
 {
+    loseFocus();
     EXPECT_FALSE(controller->isOpen());
     EXPECT_THAT(built, SizeIs(0));
     for (int i = 0; i < 3; ++i) {
