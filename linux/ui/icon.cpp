@@ -107,7 +107,6 @@ QPainterPath characterOutline(QChar character, const Cell& cell)
     pen.setWidth(cell.stem);
     pen.setCapStyle(Qt::SquareCap);
     pen.setJoinStyle(Qt::MiterJoin);
-    pen.setMiterLimit(cell.bounds.height()); // spikes reach out of the cell and are cut off there
     QPainterPath bounds;
     bounds.addRect(cell.bounds);
     return pen.createStroke(centreLine(character, cell)).simplified() & bounds;
