@@ -55,8 +55,8 @@ TEST_F(DiagnoseCommandTest, SaysWhatWasFound)
     EXPECT_EQ(outcome.status, 0);
     EXPECT_EQ(outcome.errors, "");
     for (const char* const line :
-         {"voltmere +[0-9]+\\.[0-9]+\\.[0-9]+\n", "XDG_CURRENT_DESKTOP [^ ]", "Qt +6\\.",
-          "source +tools\n", "Bluetooth names +1\n", "entries +4\n",
+         {"voltmere +[0-9]+\\.[0-9]+\\.[0-9]+\n", "XDG_CURRENT_DESKTOP [^ ]", "\nLANG +[^ ]",
+          "Qt +6\\.", "source +tools\n", "Bluetooth names +1\n", "entries +4\n",
           "settings +settings.json: not there", "session bus +missing", "system bus +missing",
           "tray +no StatusNotifier host", "entry 1 +product 804, level 45: shown\n",
           "entry 3 +product 803, level 14: shown\n",
@@ -182,6 +182,7 @@ TEST_F(DiagnoseCommandTest, TheDesktopsServicesAreNamed)
     bool hasHost = true;
     FakeBusService tray(bus.connect(), "/StatusNotifierWatcher",
                         [&hasHost](const QDBusMessage& call) {
+                            EXPECT_EQ(call.member(), "Get");
                             return call.createReply(QVariant::fromValue(QDBusVariant(hasHost)));
                         });
     tray.appear("org.kde.StatusNotifierWatcher");

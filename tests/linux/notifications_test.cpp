@@ -565,6 +565,7 @@ TEST_F(DelayedNotificationsTest, ThatNoDaemonTookIsTriedAgainEachMinute)
     runLoop.advance(1200s);
     ASSERT_TRUE(waitForLog(1));
     runLoop.advance(1min);
+    EXPECT_EQ(delegate.presentations, 2);
     settleCalls();
     EXPECT_THAT(saved(), HasSubstr("id-Later"));
     daemon.appear();

@@ -107,6 +107,10 @@ TEST(InstalledOptionsTest, FishOffersEveryOptionAndNoOther)
         offered.insert("-" + name.toStdString());
     }
     EXPECT_EQ(offered, explained());
+    for (const QString& text :
+         captures(QString::fromStdString(usageText()), R"(^  -.*?  +(.*)\.$)")) {
+        EXPECT_TRUE(script.contains(" -d \"" + text + "\"\n")) << text.toStdString();
+    }
 }
 
 } // namespace

@@ -62,9 +62,11 @@ TEST_P(ThemeTest, DisabledTextStandsBackButCanBeRecognised)
     }
 }
 
-TEST_P(ThemeTest, ADividerIsSeenButFainterThanText)
+TEST_P(ThemeTest, ADividerIsSeenButFainterThanSecondaryTextWhichIsFainterThanText)
 {
     const QColor window = palette.color(QPalette::Window);
+    EXPECT_LT(contrast(secondaryTextColour(palette), window),
+              contrast(palette.color(QPalette::WindowText), window));
     EXPECT_GT(contrast(dividerColour(palette), window), 1.2);
     EXPECT_LT(contrast(dividerColour(palette), window),
               contrast(secondaryTextColour(palette), window));
