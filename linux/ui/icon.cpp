@@ -72,7 +72,7 @@ QPainterPath drawnLine(QChar character)
 /// The place of a character and the thickness of its stems, in pixels.
 struct Cell {
     QRect bounds;
-    int stem;
+    int stem{};
 };
 
 /// The middle of the character's stems in `cell`. Moves the drawing's two outer stems and three
