@@ -149,6 +149,7 @@ TEST_F(MacWindows, EachChoiceReachesTheModelAndTheSettings)
     mac.calls.clear();
     [popUp(panel(), 2) sendAction];
     EXPECT_EQ(calls(), Lines()) << "a stored value that is no choice stays";
+    EXPECT_EQ(text(popUp(panel(), 0).accessibilityLabel), "Threshold");
     choose(popUp(panel(), 0), 49);
     EXPECT_EQ(calls().front(), "NSUserDefaults threshold = 50");
     choose(popUp(panel(), 1), 7);
